@@ -1,0 +1,48 @@
+#include "document/pathlookup.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+qsizetype afterLastSeparator(const QString &path)
+{
+    return std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1;
+}
+
+QString resolveThemePath(const QString &path)
+{
+    QString normal = path;
+#ifndef Q_OS_WIN
+    normal.replace(u'\\', u'/');
+#endif
+    if (normal.isEmpty() || QFileInfo::exists(normal))
+        return normal;
+
+    const bool absolute = normal.startsWith(u'/');
+    const QStringList parts = normal.split(u'/', Qt::KeepEmptyParts);
+    QString found = absolute ? QStringLiteral("/") : QString();
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        const QString &part = parts.at(i);
+        if (part.isEmpty() || part == u"." || part == u"..") {
+            if (!part.isEmpty())
+                found += part + u'/';
+            continue;
+        }
+        const QString candidate = found + part;
+        if (QFileInfo::exists(candidate)) {
+            found = candidate;
+        } else {
+            const QDir dir(found.isEmpty() ? QStringLiteral(".") : found);
+            const QStringList entries = dir.entryList(QDir::AllEntries | QDir::Hidden | QDir::System
+                                                      | QDir::NoDotAndDotDot);
+            const auto match = std::find_if(entries.begin(), entries.end(), [&](const QString &e) {
+                return e.compare(part, Qt::CaseInsensitive) == 0;
+            });
+            if (match == entries.end())
+                return normal;
+            found += *match;
+        }
+        if (i + 1 < parts.size())
+            found += u'/';
+    }
+    return found;
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+/**
+ * The file a theme names, found on this system. Themes are authored on Windows: "\" counts as
+ * a separator, and a name that does not exist in that exact case is looked up without regard
+ * to case, one path component at a time. Returns the path as given (separators normalised)
+ * when nothing matches, so callers still report the name the author wrote.
+ */
+QString resolveThemePath(const QString &path);
+
+/** Index just after the last "/" or "\" in \a path, or 0 when there is none. */
+qsizetype afterLastSeparator(const QString &path);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class ThemeDocument;
+
+/**
+ * The theme file's bytes for \a doc: Windows-1252, CRLF, the Type 0 or Type 1 layout.
+ * Returns false and fills \a error (naming the field and the character) when a text cannot
+ * be held in Windows-1252; \a bytes is then incomplete.
+ */
+bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error = nullptr);
+
+/**
+ * Writes the document as a theme file at \a path, replacing it atomically.
+ * Returns false and fills \a error when nothing could be written; the old file is then untouched
+ * and no partial file is left behind. Changes neither the document nor its editor state.
+ */
+bool writeThemeFile(const ThemeDocument &doc, const QString &path, QString *error = nullptr);

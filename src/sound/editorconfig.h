@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+/** The sound mixer settings kept in skm.ini. All zero until read. */
+struct EditorConfig {
+    qint32 frequency = 0;
+    qint32 numchannels = 0;
+    qint32 output = 0; // 0 no sound, 1 default driver, 2 and 3 the platform's alternatives
+};
+
+/** Fills \a config from the file at \a path with defaults 44100, 8 and 1 for what is missing. */
+void readEditorConfig(EditorConfig &config, const QString &path);
+
+/** Writes the seven lines of skm.ini; returns false and fills \a error when it could not. */
+bool writeEditorConfig(const EditorConfig &config, const QString &path, QString *error = nullptr);
+
+/**
+ * Where skm.ini lives: beside the program when that folder is writable (a portable install),
+ * else in the per-user configuration folder. Reading prefers whichever exists.
+ */
+QString editorConfigReadPath();
+QString editorConfigWritePath();
