@@ -10,10 +10,11 @@ ThemeDocument::ThemeDocument(QObject *parent)
     m_numbers.resize(qsizetype(fields.size()));
 }
 
-int ThemeDocument::requireIndex(QStringView key)
+int ThemeDocument::requireIndex(QAnyStringView key)
 {
     const int index = fieldIndex(key);
-    Q_ASSERT_X(index >= 0, "ThemeDocument", qPrintable(key.toString()));
+    if (index < 0) // only a misspelt key in our own code gets here
+        qFatal("ThemeDocument: unknown field key %s", qPrintable(key.toString()));
     return index;
 }
 
@@ -29,12 +30,12 @@ int ThemeDocument::number(int index) const
     return m_numbers.at(index);
 }
 
-bool ThemeDocument::setText(QStringView key, const QString &text)
+bool ThemeDocument::setText(QAnyStringView key, const QString &text)
 {
     return setValue(requireIndex(key), text);
 }
 
-bool ThemeDocument::setNumber(QStringView key, int value)
+bool ThemeDocument::setNumber(QAnyStringView key, int value)
 {
     return setNumberAt(requireIndex(key), value);
 }

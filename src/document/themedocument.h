@@ -27,20 +27,20 @@ public:
 
     /** The field's value as text; switches and the type index as their decimal number. */
     QString value(int index) const;
-    QString value(QStringView key) const { return value(requireIndex(key)); }
+    QString value(QAnyStringView key) const { return value(requireIndex(key)); }
     /** The numeric value of a switch or the type index; 0 for text fields. */
     int number(int index) const;
-    int number(QStringView key) const { return number(requireIndex(key)); }
+    int number(QAnyStringView key) const { return number(requireIndex(key)); }
 
     /** Writes a text field; returns true when the value changed. */
-    bool setText(QStringView key, const QString &text);
+    bool setText(QAnyStringView key, const QString &text);
     /** Writes a switch (0, 1, 2) or the type index (0, 1); returns true when it changed. */
-    bool setNumber(QStringView key, int value);
+    bool setNumber(QAnyStringView key, int value);
     bool setValue(int index, const QString &text);
     bool setNumberAt(int index, int value);
 
     /** True when the switch is exactly 1, the only value that counts as on. */
-    bool isOn(QStringView key) const { return number(key) == 1; }
+    bool isOn(QAnyStringView key) const { return number(key) == 1; }
 
     /** Puts the document and editor state into the New-theme state. */
     void resetTheme();
@@ -60,7 +60,7 @@ public:
     std::optional<quint32> swatch(int i) const { return m_swatches.at(size_t(i)); }
     void setSwatch(int i, quint32 colorValue);
 
-    static int requireIndex(QStringView key);
+    static int requireIndex(QAnyStringView key);
 
 signals:
     void fieldChanged(int index);

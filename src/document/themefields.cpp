@@ -155,19 +155,19 @@ std::span<const FieldSpec> themeFields()
     return fields;
 }
 
-int fieldIndex(QStringView key)
+int fieldIndex(QAnyStringView key)
 {
     for (int i = 0; i < int(std::size(fields)); ++i) {
-        if (key == QLatin1StringView(fields[i].key))
+        if (QAnyStringView::equal(key, QLatin1StringView(fields[i].key)))
             return i;
     }
     return -1;
 }
 
-int fieldIndexOfControl(QStringView objectName)
+int fieldIndexOfControl(QAnyStringView objectName)
 {
     for (int i = 0; i < int(std::size(fields)); ++i) {
-        if (objectName == QLatin1StringView(fields[i].control))
+        if (QAnyStringView::equal(objectName, QLatin1StringView(fields[i].control)))
             return i;
     }
     return -1;

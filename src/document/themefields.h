@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
+#include <QAnyStringView>
 
 #include <span>
 
@@ -28,10 +28,10 @@ struct FieldSpec {
 std::span<const FieldSpec> themeFields();
 
 /** Index of \a key in themeFields() (exact spelling), or -1. */
-int fieldIndex(QStringView key);
+int fieldIndex(QAnyStringView key);
 
 /** Index of the field edited by control \a objectName, or -1. */
-int fieldIndexOfControl(QStringView objectName);
+int fieldIndexOfControl(QAnyStringView objectName);
 
 /** The twelve colour keys, by swatch index. */
 inline constexpr const char *colorKeys[12] = {
