@@ -1,1 +1,287 @@
-int main() { return 0; }
+// stakko-theme: the theme core on the command line, for scripts, tests and batch work.
+
+#include "consoledialogs.h"
+
+#include "document/ansitext.h"
+#include "document/description.h"
+#include "document/themedocument.h"
+#include "document/themefilewriter.h"
+#include "document/themeloader.h"
+#include "package/resourcepackage.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int ExitOk = 0;
+constexpr int ExitError = 1;
+constexpr int ExitUsage = 2;
+
+const char *const usageText =
+    "Usage: stakko-theme COMMAND [OPTIONS]\n"
+    "\n"
+    "Commands:\n"
+    "  new [-s KEY=VALUE]... [--set-file KEY=FILE]... -o OUT\n"
+    "        Write a new theme with the editor's defaults and the given fields.\n"
+    "  set THEME [-s KEY=VALUE]... [--set-file KEY=FILE]... [-o OUT]\n"
+    "        Load THEME as the editor does, set fields, write it (back to THEME by default).\n"
+    "  dump THEME\n"
+    "        Load THEME as the editor does and print every field as one JSON object.\n"
+    "  describe [THEME]\n"
+    "        Print the generated description (Windows-1252, CRLF) of THEME or of a new theme.\n"
+    "  unpack PACKAGE\n"
+    "        Unpack a resource package and print the folder it went to.\n"
+    "  pack -o PACKAGE.zip [--root DIR] FILE...\n"
+    "        Write a resource package; names are stored relative to DIR (default: here).\n"
+    "\n"
+    "Options:\n"
+    "  -s KEY=VALUE          set a field (KEY as in the theme file: name, bgimage, Bombfilename,\n"
+    "                        includebackground, themetype, ...); fields are set in order\n"
+    "  --set-file KEY=FILE   set a field to the text of FILE (UTF-8), e.g. the description\n"
+    "  -o FILE               where to write\n"
+    "  --password PW         answer a package's password question with PW\n"
+    "  --help, --version\n"
+    "\n"
+    "Messages the editor would show in a box are printed to stderr as \"TITLE: TEXT\".\n"
+    "Exit status: 0 done, 1 an error message was shown or writing failed, 2 usage error.\n";
+
+struct UsageError {
+    QString message;
+};
+
+struct Options {
+    QString command;
+    QStringList positional;
+    QList<QPair<QString, QString>> sets; // key, value, in command-line order
+    QString output;
+    QString root;
+};
+
+QString takeValue(const QStringList &args, qsizetype &i)
+{
+    if (i + 1 >= args.size())
+        throw UsageError{QStringLiteral("%1 needs a value").arg(args.at(i))};
+    return args.at(++i);
+}
+
+QPair<QString, QString> splitAssignment(const QString &text)
+{
+    const qsizetype eq = text.indexOf(u'=');
+    if (eq <= 0)
+        throw UsageError{QStringLiteral("expected KEY=VALUE, got \"%1\"").arg(text)};
+    return {text.left(eq), text.mid(eq + 1)};
+}
+
+QString readTextFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw UsageError{QStringLiteral("cannot read %1: %2").arg(path, file.errorString())};
+    return QString::fromUtf8(file.readAll());
+}
+
+Options parse(const QStringList &args, ConsoleDialogs &dialogs)
+{
+    Options o;
+    for (qsizetype i = 1; i < args.size(); ++i) {
+        const QString &a = args.at(i);
+        if (a == u"-s") {
+            o.sets.append(splitAssignment(takeValue(args, i)));
+        } else if (a == u"--set-file") {
+            const auto [key, file] = splitAssignment(takeValue(args, i));
+            o.sets.append({key, readTextFile(file)});
+        } else if (a == u"-o") {
+            o.output = takeValue(args, i);
+        } else if (a == u"--root") {
+            o.root = takeValue(args, i);
+        } else if (a == u"--password") {
+            dialogs.password = takeValue(args, i);
+        } else if (a.startsWith(u'-') && a.size() > 1) {
+            throw UsageError{QStringLiteral("unknown option %1").arg(a)};
+        } else if (o.command.isEmpty()) {
+            o.command = a;
+        } else {
+            o.positional.append(a);
+        }
+    }
+    return o;
+}
+
+void applySets(ThemeDocument &doc, const Options &o)
+{
+    for (const auto &[key, value] : o.sets) {
+        const int index = fieldIndex(key);
+        if (index < 0)
+            throw UsageError{QStringLiteral("unknown field \"%1\"").arg(key)};
+        const FieldKind kind = themeFields()[size_t(index)].kind;
+        if (kind == FieldKind::Text) {
+            doc.setValue(index, value);
+            continue;
+        }
+        bool ok = false;
+        const int n = value.trimmed().toInt(&ok);
+        const int highest = kind == FieldKind::Switch ? 2 : 1;
+        if (!ok || n < 0 || n > highest)
+            throw UsageError{QStringLiteral("%1 takes 0 to %2, not \"%3\"").arg(key).arg(highest).arg(value)};
+        doc.setNumberAt(index, n);
+    }
+}
+
+void requireArguments(const Options &o, qsizetype least, qsizetype most)
+{
+    if (o.positional.size() < least || o.positional.size() > most)
+        throw UsageError{QStringLiteral("wrong number of arguments for %1").arg(o.command)};
+}
+
+/** The editor's start-up state followed by its Load command. */
+void startAndLoad(ThemeDocument &doc, const QString &path, Dialogs &dialogs)
+{
+    doc.resetTheme();
+    doc.setDirty(false);
+    loadThemeFile(doc, path, dialogs);
+    doc.setCurrentThemeFile(path);
+}
+
+int write(const ThemeDocument &doc, const QString &path)
+{
+    QString error;
+    if (!writeThemeFile(doc, path, &error)) {
+        std::fprintf(stderr, "Error: %s\n", qUtf8Printable(error));
+        return ExitError;
+    }
+    return ExitOk;
+}
+
+QByteArray jsonText(const QJsonValue &value)
+{
+    const QByteArray array = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return array.mid(1, array.size() - 2);
+}
+
+/** Every field in the document's order, then the editor state; QJsonObject would sort the keys. */
+QByteArray dumpJson(const ThemeDocument &doc)
+{
+    QList<QPair<QString, QJsonValue>> entries;
+    const auto fields = themeFields();
+    for (int i = 0; i < int(fields.size()); ++i) {
+        const QString key = QLatin1StringView(fields[size_t(i)].key);
+        if (fields[size_t(i)].kind == FieldKind::Text)
+            entries.append({key, doc.value(i)});
+        else
+            entries.append({key, doc.number(i)});
+    }
+    QJsonArray swatches;
+    for (int i = 0; i < 12; ++i) {
+        const auto value = doc.swatch(i);
+        swatches.append(value ? QJsonValue(qint64(*value)) : QJsonValue());
+    }
+    entries.append({QStringLiteral("CurrentThemeFile"), doc.currentThemeFile()});
+    entries.append({QStringLiteral("PackageFolder"), doc.packageFolder()});
+    entries.append({QStringLiteral("PackageFolderTail"), doc.packageFolderTail()});
+    entries.append({QStringLiteral("MusicFolder"), doc.musicFolder()});
+    entries.append({QStringLiteral("DirtyFlag"), doc.isDirty()});
+    entries.append({QStringLiteral("colorValues"), swatches});
+
+    QByteArray out("{\n");
+    for (qsizetype i = 0; i < entries.size(); ++i) {
+        out += "  " + jsonText(entries.at(i).first) + ": " + jsonText(entries.at(i).second)
+            + (i + 1 < entries.size() ? ",\n" : "\n");
+    }
+    return out + "}\n";
+}
+
+int run(const Options &o, ConsoleDialogs &dialogs)
+{
+    ThemeDocument doc;
+    const auto status = [&] { return dialogs.errorShown() ? ExitError : ExitOk; };
+
+    if (o.command == u"new") {
+        requireArguments(o, 0, 0);
+        if (o.output.isEmpty())
+            throw UsageError{QStringLiteral("new needs -o OUT")};
+        doc.resetTheme();
+        doc.setDirty(false);
+        applySets(doc, o);
+        return write(doc, o.output);
+    }
+    if (o.command == u"set") {
+        requireArguments(o, 1, 1);
+        startAndLoad(doc, o.positional.at(0), dialogs);
+        applySets(doc, o);
+        const int written = write(doc, o.output.isEmpty() ? o.positional.at(0) : o.output);
+        return written != ExitOk ? written : status();
+    }
+    if (o.command == u"dump") {
+        requireArguments(o, 1, 1);
+        startAndLoad(doc, o.positional.at(0), dialogs);
+        const QByteArray json = dumpJson(doc);
+        std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+        return status();
+    }
+    if (o.command == u"describe") {
+        requireArguments(o, 0, 1);
+        doc.resetTheme();
+        doc.setDirty(false);
+        if (!o.positional.isEmpty())
+            startAndLoad(doc, o.positional.at(0), dialogs);
+        QByteArray bytes;
+        if (!AnsiText::encode(generateDescription(doc), &bytes)) {
+            std::fprintf(stderr, "Error: the description holds characters a theme file cannot store\n");
+            return ExitError;
+        }
+        std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+        return status();
+    }
+    if (o.command == u"unpack") {
+        requireArguments(o, 1, 1);
+        const PackageLocation location = extractResourcePackage(o.positional.at(0), dialogs);
+        std::printf("%s\n", qUtf8Printable(location.folder));
+        return status();
+    }
+    if (o.command == u"pack") {
+        if (o.output.isEmpty() || o.positional.isEmpty())
+            throw UsageError{QStringLiteral("pack needs -o PACKAGE.zip and at least one file")};
+        QString error;
+        if (!writeResourcePackage(o.output, o.positional, o.root.isEmpty() ? QDir::currentPath() : o.root,
+                                  &error)) {
+            std::fprintf(stderr, "Error: %s\n", qUtf8Printable(error));
+            return ExitError;
+        }
+        return ExitOk;
+    }
+    throw UsageError{o.command.isEmpty() ? QStringLiteral("no command given")
+                                         : QStringLiteral("unknown command %1").arg(o.command)};
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("stakko-theme"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(STAKKO_VERSION_STRING));
+    const QStringList args = QCoreApplication::arguments();
+
+    if (args.contains(u"--help") || args.contains(u"-h")) {
+        std::fputs(usageText, stdout);
+        return ExitOk;
+    }
+    if (args.contains(u"--version")) {
+        std::printf("stakko-theme %s\n", STAKKO_VERSION_STRING);
+        return ExitOk;
+    }
+
+    ConsoleDialogs dialogs;
+    try {
+        return run(parse(args, dialogs), dialogs);
+    } catch (const UsageError &e) {
+        std::fprintf(stderr, "stakko-theme: %s\nTry 'stakko-theme --help'.\n", qUtf8Printable(e.message));
+        return ExitUsage;
+    }
+}

@@ -149,7 +149,10 @@ bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error)
 
     Writer w(doc);
     w.line(QStringLiteral("//Stakko Theme File - Created by Stakko Theme Maker\u2122"));
-    w.line(doc.value(u"description"), "description");
+    // Typed descriptions break lines with LF alone; the file wants CR LF everywhere.
+    QString description = doc.value(u"description");
+    description.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\n', QStringLiteral("\r\n"));
+    w.line(description, "description");
     w.line(separator);
     w.line(QStringLiteral("[Theme Info]"));
     w.keyLine("name", w.identity("name"));

@@ -1,0 +1,248 @@
+#include "document/themedocument.h"
+#include "document/themefilewriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using Fields = QList<QPair<QString, QString>>;
+
+namespace {
+
+void apply(ThemeDocument &doc, const Fields &fields)
+{
+    for (const auto &[key, value] : fields)
+        doc.setValue(ThemeDocument::requireIndex(key), value);
+}
+
+QStringList linesOf(const QByteArray &bytes)
+{
+    QStringList lines = QString::fromLatin1(bytes).split(QStringLiteral("\r\n"));
+    if (!lines.isEmpty() && lines.last().isEmpty())
+        lines.removeLast();
+    return lines;
+}
+
+QByteArray bytesOf(const Fields &fields)
+{
+    ThemeDocument doc;
+    doc.resetTheme();
+    apply(doc, fields);
+    QByteArray bytes;
+    QString error;
+    if (!themeFileBytes(doc, &bytes, &error))
+        qWarning() << error;
+    return bytes;
+}
+
+const QStringList head1 = {
+    QString::fromLatin1("//Stakko Theme File - Created by Stakko Theme Maker\x99"),
+    QString(), QStringLiteral(" "), QStringLiteral("[Theme Info]"), QStringLiteral("name=Stakko Theme"),
+    QStringLiteral("developer=Author"), QStringLiteral("version=1.0"),
+    QStringLiteral("resourcefile=StakkoTheme.zip"), QStringLiteral("themetype=1"), QStringLiteral(" "),
+};
+const QStringList banner = {QStringLiteral("//-----------------"), QStringLiteral("//Theme Type 1 Info"),
+                            QStringLiteral("//-----------------")};
+
+} // namespace
+
+class WriterTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void newThemeIsThirteenLines()
+    {
+        const QByteArray bytes = bytesOf({});
+        QCOMPARE(linesOf(bytes), head1 + banner);
+        QVERIFY(bytes.startsWith("//Stakko Theme File - Created by Stakko Theme Maker\x99\r\n\r\n \r\n"));
+        QVERIFY(bytes.endsWith("//Theme Type 1 Info\r\n//-----------------\r\n"));
+        QVERIFY(!bytes.contains("\n\n")); // every line ends with CR LF
+    }
+
+    void blocks_data()
+    {
+        QTest::addColumn<Fields>("fields");
+        QTest::addColumn<QStringList>("tail"); // lines after the common Type 1 head and banner
+
+        QTest::newRow("background")
+            << Fields{{"includebackground", "1"}, {"bganimated", "1"}, {"bgfilename", "bg"},
+                      {"bgextension", "bmp"}, {"bgframecount", "8"}}
+            << QStringList{" ", "//Background", "bganimated=1", "bgfilename=bg", "bgextension=bmp",
+                           "bgframecount=8", "bgstartingframe=1", "bgstillframe=1",
+                           "bgreverseanimation=0", "bgdelaybetweenframes=10"};
+        QTest::newRow("explosion and bomb transparency in print form")
+            << Fields{{"includeexplosion", "1"}, {"includebomb", "1"}, {"Bombtransparency", "1"}}
+            << QStringList{" ", "//Block Explosion", "explodetransparency= 0 ", "explodefilename=",
+                           "explodefileextension=", "explodeframecount=", "explodedelaybetweenframes=10",
+                           " ", "//Block Bomb", "Bombtransparency= 1 ", "Bombfilename=",
+                           "bombfileextension=", "Bombframecount=", "Bombdelaybetweenframes=10"};
+        QTest::newRow("blocks switches plain, greyed written as 2")
+            << Fields{{"includeblocks", "1"}, {"animatespecials", "2"}}
+            << QStringList{" ", "//Blocks", "animateblocks=0", "animatespecials=2", "animateinetblocks=0",
+                           "animateinetspecials=0", "blktransparency=0", "blkfilename=", "blkextension=",
+                           "blkframecount=", "blkstartingframe=1", "blkstillframe=1",
+                           "blkreverseanimation=0", "blkdelaybetweenframes=10"};
+        QTest::newRow("internet background keeps empty defaults")
+            << Fields{{"includeinetbackground", "1"}}
+            << QStringList{" ", "//Internet Background", "inetbganimated=0", "inetbgfilename=",
+                           "inetbgextension=", "inetbgframecount=", "inetbgstartingframe=",
+                           "inetbgstillframe=", "inetbgreverseanimation=0", "inetbgdelaybetweenframes="};
+        QTest::newRow("misc images: switches follow their images")
+            << Fields{{"includemiscimages", "1"}, {"door2", "d2.bmp"}, {"wintransparent", "1"},
+                      {"inetwinimg", "iw.bmp"}, {"inetwintransparent", "1"}, {"teamfont", "tf.bmp"}}
+            << QStringList{" ", "//Miscellaneous Images", "door2=d2.bmp", "inetwinimg=iw.bmp",
+                           "inetwintransparent=1", "teamfont=tf.bmp"};
+        QTest::newRow("colours: empty ones white")
+            << Fields{{"includecolors", "1"}, {"colortheme", "0,128,255"}, {"colorhighscorethird", "red"}}
+            << QStringList{" ", "//Colors", "colortitle=255,255,255", "colorfields=255,255,255",
+                           "coloroptions=255,255,255", "colortheme=0,128,255", "colorserver=255,255,255",
+                           "colorconnect=255,255,255", "colorinternet=255,255,255",
+                           "colorhighscoretitle=255,255,255", "colorhighscorenormal=255,255,255",
+                           "colorhighscorefirst=255,255,255", "colorhighscoresecond=255,255,255",
+                           "colorhighscorethird=red"};
+        QTest::newRow("music without a file still writes its comment")
+            << Fields{{"includemusic", "1"}} << QStringList{" ", "//Music"};
+        QTest::newRow("sounds: only filled ones, shield last")
+            << Fields{{"includesounds", "1"}, {"holyshield", "s.wav"}, {"rotate", "r.wav"}}
+            << QStringList{" ", "//Sounds", "rotate=r.wav", "holyshield=s.wav"};
+        QTest::newRow("block order and music before sounds")
+            << Fields{{"includesounds", "1"}, {"includemusic", "1"}, {"midi", "m.mid"},
+                      {"includespecialwindow", "1"}, {"includenextwindow", "1"}}
+            << QStringList{" ", "//Special Window", "specialwindowanimated=0", "specialwindowfilename=",
+                           "specialwindowextension=", "specialwindowframecount=",
+                           "specialwindowstartingframe=1", "specialwindowstillframe=1",
+                           "specialwindowreverseanimation=0", "specialwindowdelaybetweenframes=10",
+                           " ", "//Next Block Window", "nextblkanimated=0", "nextblkfilename=",
+                           "nextblkextension=", "nextblkframecount=", "nextblkstartingframe=1",
+                           "nextblkstillframe=1", "nextblkreverseanimation=0",
+                           "nextblkdelaybetweenframes=10", " ", "//Music", "midi=m.mid", " ", "//Sounds"};
+    }
+
+    void blocks()
+    {
+        QFETCH(Fields, fields);
+        QFETCH(QStringList, tail);
+        QCOMPARE(linesOf(bytesOf(fields)), head1 + banner + tail);
+    }
+
+    void interfaceBlockStandsBeforeBanner_data()
+    {
+        QTest::addColumn<Fields>("fields");
+        QTest::addColumn<QStringList>("block");
+        QTest::newRow("menu transparency needs the menu image")
+            << Fields{{"includeinterface", "1"}, {"ifacemenutransparent", "1"}, {"ifacemain", "m.bmp"}}
+            << QStringList{" ", "//Graphical User Interface", "ifacemain=m.bmp"};
+        QTest::newRow("menu image brings its switch")
+            << Fields{{"includeinterface", "1"}, {"ifacemenu", "menu.bmp"}, {"ifaceinet", "i.bmp"}}
+            << QStringList{" ", "//Graphical User Interface", "ifaceinet=i.bmp", "ifacemenu=menu.bmp",
+                           "ifacemenutransparent=0"};
+    }
+
+    void interfaceBlockStandsBeforeBanner()
+    {
+        QFETCH(Fields, fields);
+        QFETCH(QStringList, block);
+        QCOMPARE(linesOf(bytesOf(fields)), head1 + block + banner);
+    }
+
+    void type0HoldsOnlyInterfaceMusicAndSounds()
+    {
+        Fields all{{"themetype", "0"}, {"skinfile", "skin.bmp"}, {"skintransparency", "1"},
+                   {"includeinterface", "1"}, {"ifacemain", "m.bmp"}, {"includemusic", "1"},
+                   {"includesounds", "1"}, {"drop", "d.wav"}};
+        for (const char *include : includeSwitchKeys)
+            all.append({QString::fromLatin1(include), QStringLiteral("1")});
+        QCOMPARE(linesOf(bytesOf(all)),
+                 (QStringList{QString::fromLatin1("//Stakko Theme File - Created by Stakko Theme Maker\x99"),
+                              "", " ", "[Theme Info]", "name=Stakko Theme", "developer=Author",
+                              "version=1.0", "themetype=0", " ", "//Theme Type 0 Info",
+                              "skinfile=skin.bmp", "skintransparency=1", " ",
+                              "//Graphical User Interface", "ifacemain=m.bmp", " ", "//Music", " ",
+                              "//Sounds", "drop=d.wav"}));
+
+        const QStringList noSkin = linesOf(bytesOf({{"themetype", "0"}, {"skintransparency", "1"}}));
+        QCOMPARE(noSkin.mid(7), (QStringList{"themetype=0", " ", "//Theme Type 0 Info"}));
+    }
+
+    void identityAndDescription_data()
+    {
+        QTest::addColumn<Fields>("fields");
+        QTest::addColumn<QStringList>("head");
+        QTest::newRow("empty identity is Unknown")
+            << Fields{{"name", ""}, {"developer", ""}, {"version", ""}, {"resourcefile", ""}}
+            << QStringList{"", " ", "[Theme Info]", "name=Unknown", "developer=Unknown", "version=Unknown",
+                           "resourcefile="};
+        QTest::newRow("blanks are not empty")
+            << Fields{{"name", "  "}} << QStringList{"", " ", "[Theme Info]", "name=  "};
+        QTest::newRow("three description lines")
+            << Fields{{"description", "//one\r\ntwo\r\n[Theme Info]"}}
+            << QStringList{"//one", "two", "[Theme Info]", " ", "[Theme Info]"};
+        QTest::newRow("typed line breaks become CR LF")
+            << Fields{{"description", "a\nb"}} << QStringList{"a", "b", " ", "[Theme Info]"};
+        QTest::newRow("Latin-1 and Windows-1252 text")
+            << Fields{{"name", QString::fromUtf8("Café € ‚Ÿ")}}
+            << QStringList{"", " ", "[Theme Info]", QString::fromLatin1("name=Caf\xe9 \x80 \x82\x9f")};
+    }
+
+    void identityAndDescription()
+    {
+        QFETCH(Fields, fields);
+        QFETCH(QStringList, head);
+        QCOMPARE(linesOf(bytesOf(fields)).mid(1, head.size()), head);
+    }
+
+    void writesFileAtomicallyAndRepeatably()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("t.skt"));
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setText(u"name", QStringLiteral("Ice"));
+        doc.setDirty(false);
+        QString error;
+        QVERIFY2(writeThemeFile(doc, path, &error), qPrintable(error));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray first = file.readAll();
+        file.close();
+        QVERIFY(writeThemeFile(doc, path, &error));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), first);
+        QVERIFY(!doc.isDirty()); // saving changes nothing in the document
+        QCOMPARE(doc.currentThemeFile(), QString());
+    }
+
+    void refusesTextTheFileCannotHold()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("t.skt"));
+        ThemeDocument doc;
+        doc.resetTheme();
+        QVERIFY(writeThemeFile(doc, path));
+        doc.setNumber(u"includesounds", 1);
+        doc.setText(u"chat", QString::fromUtf8("チャット.wav"));
+        QString error;
+        QVERIFY(!writeThemeFile(doc, path, &error));
+        QVERIFY2(error.contains(u"\"chat\"") && error.contains(QString::fromUtf8("チ")), qPrintable(error));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(!file.readAll().contains("chat")); // the old file is untouched
+    }
+
+    void failedWriteReportsReasonAndLeavesNothing()
+    {
+        QTemporaryDir dir;
+        ThemeDocument doc;
+        doc.resetTheme();
+        const QString path = dir.filePath(QStringLiteral("missing/t.skt"));
+        QString error;
+        QVERIFY(!writeThemeFile(doc, path, &error));
+        QVERIFY2(error.contains(path) && error.count(u'\n') >= 1, qPrintable(error));
+        QVERIFY(QDir(dir.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(WriterTest)
+#include "tst_themefilewriter.moc"

@@ -1,0 +1,313 @@
+#include "common/scripteddialogs.h"
+#include "document/ansitext.h"
+#include "document/themedocument.h"
+#include "document/themefilewriter.h"
+#include "document/themeloader.h"
+#include "package/resourcepackage.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using Fields = QList<QPair<QString, QString>>;
+
+namespace {
+
+/** Writes a theme file from raw lines (CRLF, Windows-1252), as an author's editor might. */
+QString writeLines(const QString &path, const QStringList &lines)
+{
+    QByteArray bytes;
+    for (const QString &line : lines) {
+        AnsiText::encode(line, &bytes);
+        bytes += "\r\n";
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
+    return path;
+}
+
+QStringList type1(const QStringList &more, const QString &resource = QStringLiteral("pack.zip"))
+{
+    return QStringList{"[Theme Info]", "name=Ice", "developer=Ann", "version=2",
+                       QStringLiteral("resourcefile=") + resource, "themetype=1"}
+        + more;
+}
+
+} // namespace
+
+class LoaderTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    QTemporaryDir m_temp;
+    QByteArray m_oldTmp;
+
+    QString path(const QString &name) const { return m_dir.filePath(name); }
+
+    struct Loaded {
+        ThemeDocument doc;
+        ScriptedDialogs dialogs;
+    };
+
+    void load(Loaded &l, const QString &file)
+    {
+        l.doc.resetTheme();
+        l.doc.setDirty(false);
+        loadThemeFile(l.doc, file, l.dialogs);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid() && m_temp.isValid());
+        m_oldTmp = qgetenv("TMPDIR");
+        qputenv("TMPDIR", m_temp.path().toLocal8Bit()); // packages unpack below a temp of our own
+    }
+
+    void cleanupTestCase() { qputenv("TMPDIR", m_oldTmp); }
+
+    void roundTripKeepsEveryWrittenField()
+    {
+        Loaded original;
+        ThemeDocument &doc = original.doc;
+        doc.resetTheme();
+        // Every field set to a distinct value, every section included.
+        const auto fields = themeFields();
+        for (int i = 0; i < int(fields.size()); ++i) {
+            const FieldSpec &f = fields[size_t(i)];
+            if (f.kind == FieldKind::Switch)
+                doc.setNumberAt(i, 1 + i % 2);
+            else if (f.kind == FieldKind::Text)
+                doc.setValue(i, QStringLiteral("%1-%2.x").arg(QLatin1StringView(f.key)).arg(i));
+        }
+        for (const char *include : includeSwitchKeys)
+            doc.setNumber(include, 1);
+        for (const char *key : {"ifacemenu", "winimg", "inetwinimg"})
+            doc.setText(key, QStringLiteral("image.bmp"));
+        doc.setText(u"resourcefile", QStringLiteral("pack.zip"));
+        const QString file = path(QStringLiteral("round.skt"));
+        QVERIFY(writeThemeFile(doc, file));
+
+        Loaded back;
+        back.doc.setText(u"description", QStringLiteral("kept"));
+        back.doc.setText(u"skinfile", QStringLiteral("skin kept"));
+        load(back, file);
+        for (int i = 0; i < int(fields.size()); ++i) {
+            const QString key = QLatin1StringView(fields[size_t(i)].key);
+            if (key == u"description" || key == u"skinfile" || key == u"skintransparency" || key.endsWith(u"image"))
+                continue;
+            QCOMPARE(back.doc.value(i), doc.value(i));
+        }
+        QCOMPARE(back.doc.value(u"description"), QStringLiteral("kept"));
+        QCOMPARE(back.doc.value(u"skinfile"), QStringLiteral("skin kept"));
+        QCOMPARE(back.doc.value(u"bgimage"), doc.value(u"bgfilename") + QStringLiteral("1.") + doc.value(u"bgextension"));
+        QCOMPARE(back.doc.value(u"bombimage"), doc.value(u"Bombfilename") + QStringLiteral("1.") + doc.value(u"bombfileextension"));
+        QVERIFY(back.doc.isDirty());
+        // The package named in the file was looked for beside it; it does not exist.
+        QCOMPARE(back.dialogs.messages.size(), 1);
+        QVERIFY(back.dialogs.messages[0].text.startsWith(QStringLiteral("Could not load resource file ") + m_dir.path() + QStringLiteral("/pack.zip")));
+    }
+
+    void missingKeysTakeTheirDefaults()
+    {
+        Loaded l;
+        l.doc.setText(u"inetbgstartingframe", QStringLiteral("7"));
+        load(l, writeLines(path(QStringLiteral("bare.skt")), type1({})));
+        const Fields expected{
+            {"name", "Ice"}, {"includebackground", "0"}, {"bgfilename", ""}, {"bgstartingframe", "1"},
+            {"bgstillframe", "1"}, {"bgdelaybetweenframes", "10"}, {"bgimage", "1."},
+            {"inetbgstartingframe", ""}, {"inetbgstillframe", ""}, {"inetbgdelaybetweenframes", ""},
+            {"colortitle", "255,255,255"}, {"includecolors", "0"}, {"Bombdelaybetweenframes", "10"},
+            {"midi", ""}, {"includemusic", "0"}, {"holyshield", ""}, {"themetype", "1"},
+        };
+        for (const auto &[key, value] : expected)
+            QCOMPARE(l.doc.value(key), value);
+        QCOMPARE(l.doc.swatch(0), std::optional<quint32>(0xFFFFFF));
+    }
+
+    void valuesAsTheReaderGivesThem_data()
+    {
+        QTest::addColumn<QStringList>("lines");
+        QTest::addColumn<Fields>("expected");
+        QTest::newRow("present but empty name")
+            << type1({"name="}) << Fields{{"name", "Ice"}};
+        QTest::newRow("no name line") << QStringList{"[Theme Info]", "themetype=0"}
+                                      << Fields{{"name", "Unknown"}, {"version", "Unknown"}};
+        QTest::newRow("empty name line wins when first")
+            << QStringList{"[theme info]", "NAME=", "themetype=0"} << Fields{{"name", ""}};
+        QTest::newRow("bomb transparency in print form")
+            << type1({"Bombtransparency= 1 "}) << Fields{{"Bombtransparency", "1"}, {"includebomb", "1"}};
+        QTest::newRow("switch values outside 0..2 load as 0")
+            << type1({"bganimated=7", "bgreverseanimation=x", "blktransparency=2"})
+            << Fields{{"bganimated", "0"}, {"bgreverseanimation", "0"}, {"blktransparency", "2"},
+                      {"includebackground", "1"}, {"includeblocks", "1"}};
+        QTest::newRow("only the menu transparency includes the interface")
+            << type1({"ifacemenutransparent=1"})
+            << Fields{{"includeinterface", "1"}, {"ifacemenutransparent", "1"}, {"ifacemain", ""}};
+        QTest::newRow("image text rebuilt from root and extension")
+            << type1({"bgfilename=gfx\\bg", "bgextension=jpg"}) << Fields{{"bgimage", "gfx\\bg1.jpg"}};
+        QTest::newRow("colours and their swatches")
+            << type1({"colortheme=0,128,255", "colortitle=300,0,0", "colorfields=12,34"})
+            << Fields{{"colortheme", "0,128,255"}, {"colortitle", "300,0,0"}, {"colorfields", "12,34"},
+                      {"includecolors", "1"}};
+        QTest::newRow("type 0 keeps type 1 sections and reads its skin")
+            << QStringList{"[Theme Info]", "themetype=0", "skinfile=s.bmp", "bgfilename=ignored"}
+            << Fields{{"themetype", "0"}, {"skinfile", "s.bmp"}, {"skintransparency", "0"},
+                      {"bgfilename", "kept"}, {"includeexplosion", "0"}};
+        QTest::newRow("music and sounds")
+            << type1({"midi=song.mid", "rotate=r.wav"})
+            << Fields{{"midi", "song.mid"}, {"includemusic", "1"}, {"rotate", "r.wav"}, {"includesounds", "1"},
+                      {"drop", ""}};
+    }
+
+    void valuesAsTheReaderGivesThem()
+    {
+        QFETCH(QStringList, lines);
+        QFETCH(Fields, expected);
+        Loaded l;
+        l.doc.resetTheme();
+        l.doc.setText(u"bgfilename", QStringLiteral("kept"));
+        l.doc.setDirty(false);
+        loadThemeFile(l.doc, writeLines(path(QStringLiteral("v.skt")), lines), l.dialogs);
+        for (const auto &[key, value] : expected)
+            QCOMPARE(l.doc.value(key), value);
+    }
+
+    void swatchesFollowTheColourTexts()
+    {
+        Loaded l;
+        load(l, writeLines(path(QStringLiteral("c.skt")),
+                           type1({"colortheme=0,128,255", "colortitle=300,0,0", "colorfields=red"})));
+        QCOMPARE(l.doc.swatch(3), std::optional<quint32>(16744448));
+        QCOMPARE(l.doc.swatch(0), std::optional<quint32>(255));
+        QCOMPARE(l.doc.swatch(1), std::optional<quint32>(0xFFFFFF));
+    }
+
+    void stops_data()
+    {
+        QTest::addColumn<QStringList>("lines");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("no theme type") << QStringList{"[Theme Info]", "name=Ice", "ifacemain=m.bmp"}
+                                       << QStringLiteral("Error: Could not load %1.\rLocation: Themetype");
+        QTest::newRow("type 1 without resource file")
+            << QStringList{"[Theme Info]", "name=Ice", "ifacemain=m.bmp", "themetype=1"}
+            << QStringLiteral("Error: Theme Type 1 REQUIRES a Resource File!");
+        QTest::newRow("unknown theme type")
+            << QStringList{"[Theme Info]", "name=Ice", "ifacemain=m.bmp", "themetype=3"}
+            << QStringLiteral("Error: Could not load %1.\nIts theme type \"3\" is not known: "
+                              "only Theme Type 0 and Theme Type 1 can be loaded.");
+    }
+
+    void stops()
+    {
+        QFETCH(QStringList, lines);
+        QFETCH(QString, message);
+        const QString file = writeLines(path(QStringLiteral("stop.skt")), lines + QStringList{"bgfilename=new", "midi=m.mid"});
+        Loaded l;
+        l.doc.resetTheme();
+        l.doc.setText(u"bgfilename", QStringLiteral("old"));
+        l.doc.setNumber(u"themetype", 0);
+        loadThemeFile(l.doc, file, l.dialogs);
+        QCOMPARE(l.dialogs.messageLines(), QStringList{message.contains(u"%1") ? message.arg(file) : message});
+        QCOMPARE(l.dialogs.messages[0].icon, Dialogs::Icon::Critical);
+        // Steps before the type ran; nothing after it did.
+        QCOMPARE(l.doc.value(u"name"), QStringLiteral("Ice"));
+        QCOMPARE(l.doc.value(u"ifacemain"), QStringLiteral("m.bmp"));
+        QCOMPARE(l.doc.value(u"themetype"), QStringLiteral("0"));
+        QCOMPARE(l.doc.value(u"bgfilename"), QStringLiteral("old"));
+        QCOMPARE(l.doc.value(u"midi"), QString());
+    }
+
+    void missingFileStopsAtTheType()
+    {
+        Loaded l;
+        const QString file = path(QStringLiteral("nowhere.skt"));
+        load(l, file);
+        QCOMPARE(l.dialogs.messageLines(), QStringList{QStringLiteral("Error: Could not load ") + file + QStringLiteral(".\rLocation: Themetype")});
+        QCOMPARE(l.doc.value(u"name"), QStringLiteral("Unknown"));
+    }
+
+    void packageBesideTheThemeIsUnpacked()
+    {
+        QDir(m_dir.path()).mkpath(QStringLiteral("art"));
+        const QString frame = m_dir.filePath(QStringLiteral("art/bg1.bmp"));
+        QFile f(frame);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write("BMframe");
+        f.close();
+        QString error;
+        QVERIFY2(writeResourcePackage(path(QStringLiteral("Pack.zip")), {frame}, m_dir.path(), &error),
+                 qPrintable(error));
+
+        Loaded l;
+        l.doc.setMusicFolder(QStringLiteral("old/"));
+        load(l, writeLines(path(QStringLiteral("p.skt")), type1({"midi=m.mid"}, QStringLiteral("Pack.zip"))));
+        QVERIFY2(l.dialogs.messages.isEmpty(), qPrintable(l.dialogs.messageLines().join(u'\n')));
+        const QString folder = QDir(m_temp.path()).filePath(QStringLiteral("stakko/Pack/"));
+        QCOMPARE(l.doc.packageFolder(), folder);
+        QCOMPARE(l.doc.packageFolderTail(), QStringLiteral("stakko/Pack/"));
+        QCOMPARE(l.doc.musicFolder(), folder);
+        QVERIFY(QFile::exists(folder + QStringLiteral("art/bg1.bmp")));
+
+        // A later theme without a package must not see this one's files.
+        load(l, writeLines(path(QStringLiteral("nopack.skt")), {"[Theme Info]", "themetype=0"}));
+        QCOMPARE(l.doc.packageFolder(), QString());
+        QCOMPARE(l.doc.packageFolderTail(), QString());
+    }
+
+    void windowsStyleResourceNameIsFound()
+    {
+        Loaded l;
+        load(l, writeLines(path(QStringLiteral("w.skt")), type1({}, QStringLiteral("PACK.zip"))));
+        QVERIFY2(l.dialogs.messages.isEmpty(), qPrintable(l.dialogs.messageLines().join(u'\n')));
+        QCOMPARE(l.doc.value(u"resourcefile"), QStringLiteral("PACK.zip")); // as the author wrote it
+        QCOMPARE(l.doc.packageFolderTail(), QStringLiteral("stakko/PACK/"));
+    }
+
+    void loadWritesThroughFieldChanges()
+    {
+        Loaded l;
+        l.doc.resetTheme();
+        l.doc.setDirty(false);
+        QSignalSpy changes(&l.doc, &ThemeDocument::fieldChanged);
+        loadThemeFile(l.doc, writeLines(path(QStringLiteral("d.skt")), type1({"bgfilename=bg"})), l.dialogs);
+        QVERIFY(l.doc.isDirty());
+        QVERIFY(changes.size() > 3);
+    }
+
+    void colorTexts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<quint32>("value");
+        QTest::newRow("plain") << "0,128,255" << quint32(16744448);
+        QTest::newRow("blanks") << " 1 , 2 , 3 " << quint32(1 + 2 * 256 + 3 * 65536);
+        QTest::newRow("above 255") << "300,0,0" << quint32(255);
+        QTest::newRow("two parts") << "12,34" << quint32(0xFFFFFF);
+        QTest::newRow("word") << "red" << quint32(0xFFFFFF);
+        QTest::newRow("not a number") << "1,x,3" << quint32(0xFFFFFF);
+        QTest::newRow("beyond 16 bits") << "0,0,40000" << quint32(0xFFFFFF);
+        QTest::newRow("negative") << "-1,0,0" << quint32(0xFFFFFF);
+        QTest::newRow("empty") << "" << quint32(0xFFFFFF);
+    }
+
+    void colorTexts()
+    {
+        QFETCH(QString, text);
+        QFETCH(quint32, value);
+        QCOMPARE(textToColor(text), value);
+    }
+
+    void colorToTextIsTheInverse()
+    {
+        QCOMPARE(colorToText(0xFF0000), QStringLiteral("0,0,255"));
+        QCOMPARE(colorToText(0), QStringLiteral("0,0,0"));
+        QCOMPARE(colorToText(16744448), QStringLiteral("0,128,255"));
+    }
+};
+
+QTEST_GUILESS_MAIN(LoaderTest)
+#include "tst_themeloader.moc"
