@@ -1,0 +1,161 @@
+// The stakko-theme command line, driven as a script would drive it.
+
+#include <QFile>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct Run {
+    int status = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+} // namespace
+
+class CliTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+    Run cli(const QStringList &args)
+    {
+        QProcess p;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("TMPDIR"), m_dir.filePath(QStringLiteral("tmp")));
+        p.setProcessEnvironment(env);
+        p.setWorkingDirectory(m_dir.path());
+        p.setStandardInputFile(QProcess::nullDevice());
+        p.start(QString::fromLocal8Bit(qgetenv("STAKKO_CLI")), args);
+        if (!p.waitForFinished(60000))
+            return {};
+        return {p.exitCode(), p.readAllStandardOutput(), p.readAllStandardError()};
+    }
+
+    QByteArray fileBytes(const QString &name) const
+    {
+        QFile f(m_dir.filePath(name));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY2(!qgetenv("STAKKO_CLI").isEmpty(), "STAKKO_CLI names the stakko-theme binary");
+        QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("tmp")));
+    }
+
+    void usageErrors_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("unknown field") << QStringList{"new", "-s", "colour=1", "-o", "x.skt"} << "colour";
+        QTest::newRow("switch out of range") << QStringList{"new", "-s", "includebomb=3", "-o", "x.skt"}
+                                             << "includebomb";
+        QTest::newRow("type out of range") << QStringList{"new", "-s", "themetype=2", "-o", "x.skt"} << "themetype";
+        QTest::newRow("no output") << QStringList{"new"} << "-o";
+        QTest::newRow("unknown command") << QStringList{"frobnicate"} << "frobnicate";
+        QTest::newRow("unknown option") << QStringList{"dump", "--fast", "x.skt"} << "--fast";
+        QTest::newRow("not an assignment") << QStringList{"new", "-s", "name", "-o", "x.skt"} << "name";
+    }
+
+    void usageErrors()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(QString, named);
+        const Run r = cli(args);
+        QCOMPARE(r.status, 2);
+        QVERIFY2(QString::fromUtf8(r.err).contains(named), r.err.constData());
+        QVERIFY(!QFile::exists(m_dir.filePath(QStringLiteral("x.skt"))));
+    }
+
+    void newSetsFieldsInOrder()
+    {
+        QFile desc(m_dir.filePath(QStringLiteral("desc.txt")));
+        QVERIFY(desc.open(QIODevice::WriteOnly));
+        desc.write("//line one\n//line two");
+        desc.close();
+        const Run r = cli({"new", "-s", "name=First", "-s", "name=Ice", "-s", "themetype=0", "-s",
+                           "skinfile=skin.bmp", "--set-file", "description=desc.txt", "-o", "n.skt"});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(fileBytes(QStringLiteral("n.skt")),
+                 QByteArray("//Stakko Theme File - Created by Stakko Theme Maker\x99\r\n//line one\r\n"
+                            "//line two\r\n \r\n[Theme Info]\r\nname=Ice\r\ndeveloper=Author\r\nversion=1.0\r\n"
+                            "themetype=0\r\n \r\n//Theme Type 0 Info\r\nskinfile=skin.bmp\r\n"
+                            "skintransparency=0\r\n"));
+    }
+
+    void dumpListsEveryFieldThenTheEditorState()
+    {
+        QCOMPARE(cli({"new", "-s", "themetype=0", "-s", "includecolors=1", "-o", "d.skt"}).status, 0);
+        const Run r = cli({"dump", "d.skt"});
+        QCOMPARE(r.status, 0);
+        QVERIFY2(r.err.isEmpty(), r.err.constData());
+        const QJsonObject o = QJsonDocument::fromJson(r.out).object();
+        QCOMPARE(o.value(QStringLiteral("themetype")).toInt(-1), 0);
+        QCOMPARE(o.value(QStringLiteral("name")).toString(), QStringLiteral("Stakko Theme"));
+        QCOMPARE(o.value(QStringLiteral("CurrentThemeFile")).toString(), QStringLiteral("d.skt"));
+        QCOMPARE(o.value(QStringLiteral("DirtyFlag")).toBool(false), true);
+        QCOMPARE(o.value(QStringLiteral("colorValues")).toArray().size(), 12);
+        // Keys come in the document's order, not sorted.
+        QVERIFY(r.out.indexOf("\"name\"") < r.out.indexOf("\"developer\""));
+        QVERIFY(r.out.indexOf("\"midi\"") < r.out.indexOf("\"CurrentThemeFile\""));
+    }
+
+    void errorsShownMakeStatusOne()
+    {
+        QFile f(m_dir.filePath(QStringLiteral("notype.skt")));
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write("[Theme Info]\r\nname=X\r\n");
+        f.close();
+        const Run r = cli({"dump", "notype.skt"});
+        QCOMPARE(r.status, 1);
+        QVERIFY(r.err.startsWith("Error: Could not load notype.skt.\nLocation: Themetype"));
+    }
+
+    void setLoadsChangesAndWritesBack()
+    {
+        QCOMPARE(cli({"new", "-s", "themetype=0", "-s", "includesounds=1", "-s", "drop=d.wav", "-o", "s.skt"}).status, 0);
+        QCOMPARE(cli({"set", "s.skt", "-s", "lose=l.wav", "-o", "s2.skt"}).status, 0);
+        QVERIFY(fileBytes(QStringLiteral("s2.skt")).endsWith("//Sounds\r\ndrop=d.wav\r\nlose=l.wav\r\n"));
+        QCOMPARE(cli({"set", "s.skt", "-s", "name=Renamed"}).status, 0);
+        QVERIFY(fileBytes(QStringLiteral("s.skt")).contains("\r\nname=Renamed\r\n"));
+    }
+
+    void describePrintsStoredBytes()
+    {
+        const Run r = cli({"describe"});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.out.count("\r\n"), 21);
+        QVERIFY(r.out.startsWith("//Theme Name: Stakko Theme\r\n"));
+    }
+
+    void packAndUnpack()
+    {
+        QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("art/gfx")));
+        QFile f(m_dir.filePath(QStringLiteral("art/gfx/bg1.bmp")));
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write("frame");
+        f.close();
+        QCOMPARE(cli({"pack", "-o", "Ice.zip", "--root", "art", "art/gfx/bg1.bmp"}).status, 0);
+        const Run r = cli({"unpack", "Ice.zip"});
+        QCOMPARE(r.status, 0);
+        const QString folder = QString::fromUtf8(r.out).trimmed();
+        QCOMPARE(folder, m_dir.filePath(QStringLiteral("tmp/stakko/Ice/")));
+        QVERIFY(QFile::exists(folder + QStringLiteral("gfx/bg1.bmp")));
+
+        const Run missing = cli({"unpack", "Nope.zip"});
+        QCOMPARE(missing.status, 1);
+        QVERIFY(missing.err.startsWith("Error: Could not load resource file Nope.zip\n"));
+    }
+};
+
+QTEST_GUILESS_MAIN(CliTest)
+#include "tst_cli.moc"
