@@ -1,0 +1,118 @@
+#pragma once
+
+#include "preview/animatedelement.h"
+
+#include <QImage>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+#include <array>
+#include <functional>
+
+class Dialogs;
+class LoadProgress;
+class LoadingSurface;
+class ThemeDocument;
+
+/**
+ * The seven animation previews: loads an element's frames into its strip and plays them into
+ * the element's preview surface on every tick of the element's timer.
+ *
+ * Each element has a timer; the engine makes its own until the window hands it the one to use
+ * (attachTimer), so the window's page switches stop the animation by stopping that timer.
+ */
+class FramePreviews : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Milliseconds since system start, wrapping like a 32-bit tick counter. */
+    using Clock = std::function<quint32()>;
+
+    FramePreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurface &loading,
+                  QObject *parent = nullptr);
+    ~FramePreviews() override;
+
+    /** Replaces the system tick counter, for tests and measurements. */
+    void setClock(Clock clock) { m_clock = std::move(clock); }
+    /** Where slow loads report progress; nullptr (the default) shows nothing. */
+    void setProgress(LoadProgress *progress) { m_progress = progress; }
+
+    /** Makes \a timer drive \a element from now on, replacing the engine's own timer. */
+    void attachTimer(int element, QTimer *timer);
+    QTimer *timer(int element) const { return m_timers.at(size_t(element)); }
+
+    /**
+     * The element's Preview command: checks its settings (a message names the first bad one),
+     * loads every frame file once into a new strip and starts the element's timer. Any early
+     * end, a cancelled load included, leaves a running animation exactly as it was.
+     */
+    void startFramePreview(int element);
+
+    /** One timer tick: draws the current frame and moves on once the delay has passed. */
+    void animationTick(int element);
+
+    /** Stops every element's timer; the surfaces keep their last frame. */
+    void stopAll();
+
+    /** What the element's preview surface shows now (null before anything was drawn). */
+    QImage surfaceImage(int element) const;
+
+    /** The built frame strip the element plays from. */
+    const QImage &strip(int element) const;
+
+signals:
+    /** The picture of \a element's preview surface changed to \a image. */
+    void surfaceChanged(int element, const QImage &image);
+
+private:
+    struct FieldIndexes {
+        int animated = -1, image = -1, frameCount = -1, startingFrame = -1, delay = -1,
+            reverse = -1;
+    };
+    struct AnimationState {
+        qint64 currentFrame = 1;
+        quint32 lastAdvanceTime = 0;
+        // The settings last read as numbers; a tick keeps them while a text is not a number.
+        double frameCount = 1;
+        double delay = 0;
+        qint64 startingFrame = 1;
+    };
+    struct DrawnFrame {
+        int element = -1;
+        quint64 stripGeneration = 0;
+        qint64 slot = 0;
+        bool operator==(const DrawnFrame &) const = default;
+    };
+    struct Surface {
+        std::array<QImage, 2> buffers; // alternated, so a view holding the last one costs no copy
+        int shown = -1;
+        DrawnFrame drawn;
+    };
+    struct Strip {
+        QImage image;
+        quint64 generation = 0;
+    };
+
+    bool settingsValid(int element, double *frameCount, qint64 *startingFrame, double *delay);
+    bool buildStrip(int element, double frameCount, QImage *strip);
+    void readSettings(int element);
+    void draw(int element, qint64 slot);
+    Strip &stripOf(int element);
+    const Strip &stripOf(int element) const;
+
+    ThemeDocument &m_doc;
+    Dialogs &m_dialogs;
+    LoadingSurface &m_loading;
+    Clock m_clock;
+    LoadProgress *m_progress = nullptr;
+    std::array<FieldIndexes, AnimatedElementCount> m_fields;
+    std::array<AnimationState, AnimatedElementCount> m_states;
+    std::array<QPointer<QTimer>, AnimatedElementCount> m_timers;
+    std::array<QMetaObject::Connection, AnimatedElementCount> m_timerConnections;
+    std::array<int, AnimatedElementCount> m_surfaceOf; // index into m_surfaces
+    std::array<Surface, AnimatedElementCount> m_surfaces;
+    std::array<Strip, 2> m_strips;
+    quint64 m_nextGeneration = 1;
+};

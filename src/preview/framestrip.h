@@ -1,0 +1,35 @@
+#pragma once
+
+#include "preview/animatedelement.h"
+
+#include <QImage>
+
+/**
+ * Frame strips hold an element's frames one below the other, 24-bit and opaque. These
+ * helpers never read outside an image: what lies outside a source is drawn cleared (black).
+ */
+namespace FrameStrip {
+
+/** Strips larger than this are refused before anything is allocated. */
+inline constexpr qint64 maximumBytes = qint64(1) << 30;
+
+/** Memory a strip for \a frameCount frames (as entered, fractions included) needs. */
+qint64 bytesNeeded(const AnimatedElement &element, double frameCount);
+
+/** A cleared strip for \a frameCount frames; a null image when memory ran out. */
+QImage allocate(const AnimatedElement &element, double frameCount);
+
+/**
+ * Copies the frame rectangle at the top-left corner of \a picture to \a slot (0-based) of
+ * \a strip: unscaled, opaque, a larger picture cut. A smaller picture leaves the rest of
+ * the slot as it was (cleared in a fresh strip).
+ */
+void placeFrame(QImage &strip, QSize frame, qint64 slot, const QImage &picture);
+
+/**
+ * Draws \a slot of \a strip at (0, 0) of \a surface, which must be RGB888; what the frame
+ * does not cover, and any part of the slot outside the strip, is cleared.
+ */
+void drawSlot(const QImage &strip, QSize frame, qint64 slot, QImage &surface);
+
+} // namespace FrameStrip

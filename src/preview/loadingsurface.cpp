@@ -1,0 +1,23 @@
+#include "preview/loadingsurface.h"
+
+#include "document/pathlookup.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+
+bool LoadingSurface::load(const QString &path)
+{
+    if (path.isEmpty())
+        return false;
+    const QString file = resolveThemePath(path);
+    if (!QFileInfo(file).isFile())
+        return false;
+    QImageReader reader(file);
+    // Authors rename files freely; trust the content over the extension.
+    reader.setDecideFormatFromContent(true);
+    if (!reader.read(&m_scratch) || m_scratch.isNull())
+        return false;
+    // Keeping both buffers lets the next decode of a same-sized frame reuse the allocation.
+    m_picture.swap(m_scratch);
+    return true;
+}

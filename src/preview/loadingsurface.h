@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+/**
+ * The one off-screen picture every image preview loads into. A load that fails leaves the
+ * previous picture in place, so it always holds the last image that loaded successfully.
+ */
+class LoadingSurface
+{
+public:
+    /**
+     * Loads the image file at \a path (a theme path: "\" separators and any letter case are
+     * accepted). Returns false, keeping the previous picture, when the file is missing, is a
+     * folder or cannot be decoded.
+     */
+    bool load(const QString &path);
+
+    /** Empties the picture. */
+    void clear() { m_picture = QImage(); }
+
+    const QImage &picture() const { return m_picture; }
+
+private:
+    QImage m_picture;
+    QImage m_scratch; // decode target, so a failed decode never touches the picture
+};

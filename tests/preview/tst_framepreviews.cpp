@@ -1,0 +1,562 @@
+#include "common/scripteddialogs.h"
+#include "document/themedocument.h"
+#include "preview/framepreviews.h"
+#include "preview/loadingsurface.h"
+#include "preview/loadprogress.h"
+#include "previewtesthelpers.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+struct Settings {
+    QString frames = QStringLiteral("5");
+    QString start = QStringLiteral("1");
+    QString delay = QStringLiteral("10");
+    bool reverse = false;
+};
+
+class RecordingProgress : public LoadProgress
+{
+public:
+    qint64 cancelAt = -1;
+    QStringList events;
+    void begin(const QString &caption, qint64 total) override
+    {
+        events << QStringLiteral("begin %1 %2").arg(caption).arg(total);
+    }
+    bool update(qint64 done) override { return done != cancelAt; }
+    void end() override { events << QStringLiteral("end"); }
+};
+
+} // namespace
+
+class FramePreviewsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void invalidSettingsAreReportedFirstFirst_data();
+    void invalidSettingsAreReportedFirstFirst();
+    void uncheckedAnimatedDoesNothing();
+    void textWithoutDotEndsSilently();
+    void failedStartLeavesRunningAnimation();
+    void framesLandInTheirSlots();
+    void windowsNamesFindTheFiles();
+    void dotInFolderCopiesTheLoadingSurface();
+    void fractionalCountSizesStripButLoadsWholeFrames_data();
+    void fractionalCountSizesStripButLoadsWholeFrames();
+    void missingFrameRepeatsThePreviousOne();
+    void framesAreCutOrLeftCleared();
+    void countsBeyondSixteenBitsLoad();
+    void stripOverOneGibibyteIsRefused();
+    void slowLoadShowsProgress();
+    void cancelledLoadKeepsRunningAnimation();
+
+    void playbackOrder_data();
+    void playbackOrder();
+    void internetBackgroundDrawsIntoTheCorner();
+    void bombShowsItsLeftSquare();
+    void frameCountEditedWhilePlaying();
+    void nonNumbersKeepTheLastValidSettings();
+    void uncheckingAnimatedShowsFirstSlot();
+    void startBeyondStripShowsClearedFrame();
+    void unchangedFrameIsNotRedrawn();
+    void windowTimerDrivesTheElement();
+    void resetStopsEveryTimer();
+
+private:
+    QString path(const QString &name) const { return m_dir->filePath(name); }
+    void makeFrames(const QString &root, int count, QSize size, const QString &ext = "bmp");
+    void configure(int element, const QString &imageText, const Settings &settings = {});
+    QList<int> play(int element, int ticks, quint32 step = 11);
+    int shown(int element) const;
+    int slotColor(int element, int slot) const;
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<ThemeDocument> m_doc;
+    std::unique_ptr<ScriptedDialogs> m_dialogs;
+    std::unique_ptr<LoadingSurface> m_loading;
+    std::unique_ptr<FramePreviews> m_engine;
+    quint32 m_now = 0;
+};
+
+void FramePreviewsTest::init()
+{
+    m_dir = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_dir->isValid());
+    m_doc = std::make_unique<ThemeDocument>();
+    m_doc->resetTheme();
+    m_dialogs = std::make_unique<ScriptedDialogs>();
+    m_loading = std::make_unique<LoadingSurface>();
+    m_engine = std::make_unique<FramePreviews>(*m_doc, *m_dialogs, *m_loading);
+    m_now = 123456;
+    m_engine->setClock([this] { return m_now; });
+}
+
+void FramePreviewsTest::cleanup()
+{
+    m_engine.reset();
+    m_doc.reset();
+}
+
+void FramePreviewsTest::makeFrames(const QString &root, int count, QSize size, const QString &ext)
+{
+    for (int n = 1; n <= count; ++n)
+        writeFrame(path(root + QString::number(n) + u'.' + ext), frameColor(n), size);
+}
+
+void FramePreviewsTest::configure(int element, const QString &imageText, const Settings &s)
+{
+    const AnimatedElement &e = animatedElements[element];
+    if (e.animatedField)
+        m_doc->setNumber(QString::fromLatin1(e.animatedField), 1);
+    if (e.reverseField)
+        m_doc->setNumber(QString::fromLatin1(e.reverseField), s.reverse ? 1 : 0);
+    if (e.startingFrameField)
+        m_doc->setText(QString::fromLatin1(e.startingFrameField), s.start);
+    m_doc->setText(QString::fromLatin1(e.imageField), imageText);
+    m_doc->setText(QString::fromLatin1(e.frameCountField), s.frames);
+    m_doc->setText(QString::fromLatin1(e.delayField), s.delay);
+}
+
+int FramePreviewsTest::shown(int element) const
+{
+    const QImage image = m_engine->surfaceImage(element);
+    return image.isNull() ? -2 : frameOfPixel(image.pixel(0, 0));
+}
+
+int FramePreviewsTest::slotColor(int element, int slot) const
+{
+    const QImage &strip = m_engine->strip(element);
+    return frameOfPixel(strip.pixel(0, slot * animatedElements[element].frame.height()));
+}
+
+QList<int> FramePreviewsTest::play(int element, int ticks, quint32 step)
+{
+    QList<int> frames;
+    for (int i = 0; i < ticks; ++i) {
+        m_now += step;
+        m_engine->animationTick(element);
+        frames << shown(element);
+    }
+    return frames;
+}
+
+void FramePreviewsTest::invalidSettingsAreReportedFirstFirst_data()
+{
+    QTest::addColumn<QString>("frames");
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("delay");
+    QTest::addColumn<QString>("message");
+
+    const QString frames = QStringLiteral("Error: Number of frames needs to be 1 or greater!");
+    const QString start = QStringLiteral("Error: Starting frame needs to be 1 or greater!");
+    const QString delay = QStringLiteral("Error: Delay between frames needs to be 0 or greater!");
+    QTest::newRow("zero frames") << "0" << "1" << "10" << frames;
+    QTest::newRow("negative frames") << "-3" << "1" << "10" << frames;
+    QTest::newRow("letters as frames") << "abc" << "1" << "10" << frames;
+    QTest::newRow("no frames") << "" << "1" << "10" << frames;
+    QTest::newRow("frames before start") << "0" << "0" << "-1" << frames;
+    QTest::newRow("zero start") << "3" << "0" << "10" << start;
+    QTest::newRow("start before delay") << "3" << "x" << "-1" << start;
+    QTest::newRow("negative delay") << "3" << "1" << "-1" << delay;
+    QTest::newRow("empty delay") << "3" << "1" << "" << delay;
+    QTest::newRow("zero delay is fine") << "3" << "1" << "0" << "";
+    QTest::newRow("blanks are fine") << " 3 " << " 2 " << " 5 " << "";
+}
+
+void FramePreviewsTest::invalidSettingsAreReportedFirstFirst()
+{
+    QFETCH(QString, frames);
+    QFETCH(QString, start);
+    QFETCH(QString, delay);
+    QFETCH(QString, message);
+
+    makeFrames("bg", 3, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {frames, start, delay});
+    m_engine->startFramePreview(ElementBackground);
+
+    QCOMPARE(m_dialogs->messageLines(), message.isEmpty() ? QStringList() : QStringList{message});
+    QCOMPARE(m_engine->timer(ElementBackground)->isActive(), message.isEmpty());
+    if (!message.isEmpty())
+        QCOMPARE(m_dialogs->messages.first().icon, Dialogs::Icon::Critical);
+}
+
+void FramePreviewsTest::uncheckedAnimatedDoesNothing()
+{
+    makeFrames("bg", 3, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"0"});
+    m_doc->setNumber(u"bganimated", 2); // greyed counts as off
+    m_engine->startFramePreview(ElementBackground);
+
+    QVERIFY(m_dialogs->messages.isEmpty());
+    QVERIFY(!m_engine->timer(ElementBackground)->isActive());
+    QVERIFY(m_engine->strip(ElementBackground).isNull());
+}
+
+void FramePreviewsTest::textWithoutDotEndsSilently()
+{
+    configure(ElementBlocks, QStringLiteral("blocks"));
+    m_engine->startFramePreview(ElementBlocks);
+
+    QVERIFY(m_dialogs->messages.isEmpty());
+    QVERIFY(!m_engine->timer(ElementBlocks)->isActive());
+    QVERIFY(m_engine->strip(ElementBlocks).isNull());
+}
+
+void FramePreviewsTest::failedStartLeavesRunningAnimation()
+{
+    makeFrames("bg", 5, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"));
+    m_engine->startFramePreview(ElementBackground);
+    QCOMPARE(play(ElementBackground, 3), (QList<int>{1, 2, 3}));
+
+    m_doc->setText(u"bgframecount", QStringLiteral("0"));
+    m_engine->startFramePreview(ElementBackground);
+    m_doc->setText(u"bgframecount", QStringLiteral("5"));
+    m_doc->setText(u"bgimage", QStringLiteral("nodot"));
+    m_engine->startFramePreview(ElementBackground);
+
+    QCOMPARE(m_dialogs->messages.size(), 1);
+    QVERIFY(m_engine->timer(ElementBackground)->isActive());
+    QCOMPARE(play(ElementBackground, 3), (QList<int>{4, 5, 1}));
+}
+
+void FramePreviewsTest::framesLandInTheirSlots()
+{
+    makeFrames("bg", 3, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"3"});
+    m_engine->startFramePreview(ElementBackground);
+
+    const QImage &strip = m_engine->strip(ElementBackground);
+    QCOMPARE(strip.size(), QSize(192, 3 * 352));
+    for (int row : {0, 351, 352, 703, 704, 1055})
+        QCOMPARE(frameOfPixel(strip.pixel(191, row)), row / 352 + 1);
+}
+
+void FramePreviewsTest::windowsNamesFindTheFiles()
+{
+    makeFrames("Pack/Anim0", 10, {96, 80});
+    m_doc->setPackageFolder(m_dir->path() + u'/', QStringLiteral("Pack"));
+    configure(ElementBlocks, QStringLiteral("pack\\anim01.BMP"), {"10"});
+    m_engine->startFramePreview(ElementBlocks);
+
+    for (int slot = 0; slot < 10; ++slot)
+        QCOMPARE(slotColor(ElementBlocks, slot), slot + 1);
+}
+
+void FramePreviewsTest::dotInFolderCopiesTheLoadingSurface()
+{
+    makeFrames("my.themes/bg", 2, {192, 352});
+    writeFrame(path("last.bmp"), frameColor(9), {192, 352});
+    QVERIFY(m_loading->load(path("last.bmp")));
+    configure(ElementBackground, path("my.themes/bg1.bmp"), {"2"});
+    m_engine->startFramePreview(ElementBackground);
+
+    QCOMPARE(slotColor(ElementBackground, 0), 9);
+    QCOMPARE(slotColor(ElementBackground, 1), 9);
+}
+
+void FramePreviewsTest::fractionalCountSizesStripButLoadsWholeFrames_data()
+{
+    QTest::addColumn<QString>("frames");
+    QTest::addColumn<int>("stripHeight");
+    QTest::addColumn<QList<int>>("expectedSlots");
+
+    QTest::newRow("2.5 loads two") << "2.5" << 880 << QList<int>{1, 2, 0};
+    QTest::newRow("3.5 loads four") << "3.5" << 1232 << QList<int>{1, 2, 3, 4};
+    QTest::newRow("0.5 loads none") << "0.5" << 176 << QList<int>{0};
+}
+
+void FramePreviewsTest::fractionalCountSizesStripButLoadsWholeFrames()
+{
+    QFETCH(QString, frames);
+    QFETCH(int, stripHeight);
+    QFETCH(QList<int>, expectedSlots);
+
+    makeFrames("bg", 4, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {frames});
+    m_engine->startFramePreview(ElementBackground);
+
+    const QImage &strip = m_engine->strip(ElementBackground);
+    QCOMPARE(strip.height(), stripHeight);
+    QList<int> found;
+    for (int slot = 0; slot * 352 < strip.height(); ++slot)
+        found << slotColor(ElementBackground, slot);
+    QCOMPARE(found, expectedSlots);
+    QVERIFY(m_engine->timer(ElementBackground)->isActive());
+}
+
+void FramePreviewsTest::missingFrameRepeatsThePreviousOne()
+{
+    makeFrames("nx", 4, {77, 77});
+    QFile::remove(path("nx2.bmp"));
+    QFile::remove(path("nx4.bmp"));
+    configure(ElementNextBlock, path("nx1.bmp"), {"4"});
+    m_engine->startFramePreview(ElementNextBlock);
+
+    QList<int> found;
+    for (int slot = 0; slot < 4; ++slot)
+        found << slotColor(ElementNextBlock, slot);
+    QCOMPARE(found, (QList<int>{1, 1, 3, 3}));
+    QCOMPARE(frameOfPixel(m_loading->picture().pixel(0, 0)), 3);
+}
+
+void FramePreviewsTest::framesAreCutOrLeftCleared()
+{
+    writeFrame(path("sw1.bmp"), frameColor(1), {300, 40}); // larger: cut
+    writeFrame(path("sw2.bmp"), frameColor(2), {100, 10}); // smaller: rest cleared
+    configure(ElementSpecialWindow, path("sw1.bmp"), {"2"});
+    m_engine->startFramePreview(ElementSpecialWindow);
+
+    const QImage &strip = m_engine->strip(ElementSpecialWindow);
+    QCOMPARE(strip.size(), QSize(161, 34));
+    QCOMPARE(frameOfPixel(strip.pixel(159, 15)), 1);
+    QCOMPARE(frameOfPixel(strip.pixel(160, 0)), 0); // the extra column stays cleared
+    QCOMPARE(frameOfPixel(strip.pixel(99, 25)), 2);
+    QCOMPARE(frameOfPixel(strip.pixel(100, 16)), 0);
+    QCOMPARE(frameOfPixel(strip.pixel(50, 26)), 0);
+}
+
+void FramePreviewsTest::countsBeyondSixteenBitsLoad()
+{
+    makeFrames("sw", 1, {160, 16});
+    configure(ElementSpecialWindow, path("sw1.bmp"), {"2100"});
+    m_engine->startFramePreview(ElementSpecialWindow);
+
+    QVERIFY(m_dialogs->messages.isEmpty());
+    QCOMPARE(m_engine->strip(ElementSpecialWindow).height(), 2100 * 17);
+    QCOMPARE(slotColor(ElementSpecialWindow, 2099), 1);
+}
+
+void FramePreviewsTest::stripOverOneGibibyteIsRefused()
+{
+    makeFrames("bg", 1, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"6000"});
+    m_engine->startFramePreview(ElementBackground);
+
+    QCOMPARE(m_dialogs->messages.size(), 1);
+    QCOMPARE(m_dialogs->messages.first().title, QStringLiteral("Error"));
+    QVERIFY(m_dialogs->messages.first().text.contains(u"1 GiB"));
+    QVERIFY(!m_engine->timer(ElementBackground)->isActive());
+    QVERIFY(m_engine->strip(ElementBackground).isNull());
+}
+
+void FramePreviewsTest::slowLoadShowsProgress()
+{
+    RecordingProgress progress;
+    m_engine->setProgress(&progress);
+    m_engine->setClock([this] { return m_now += 200; }); // every frame takes 200 ms
+    makeFrames("ex", 4, {192, 64});
+    configure(ElementExplosion, path("ex1.bmp"), {"4"});
+    m_engine->startFramePreview(ElementExplosion);
+
+    QCOMPARE(progress.events, (QStringList{"begin Explosion 4", "end"}));
+    QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+}
+
+void FramePreviewsTest::cancelledLoadKeepsRunningAnimation()
+{
+    makeFrames("ex", 4, {192, 64});
+    makeFrames("bo", 4, {192, 64}, "png");
+    configure(ElementExplosion, path("ex1.bmp"), {"4"});
+    m_engine->startFramePreview(ElementExplosion);
+    QCOMPARE(play(ElementExplosion, 2), (QList<int>{1, 2}));
+
+    RecordingProgress progress;
+    progress.cancelAt = 3;
+    m_engine->setProgress(&progress);
+    m_engine->setClock([this] { return m_now += 200; });
+    configure(ElementBomb, path("bo1.png"), {"4"});
+    m_engine->startFramePreview(ElementBomb);
+
+    QCOMPARE(progress.events.size(), 2);
+    QVERIFY(!m_engine->timer(ElementBomb)->isActive());
+    QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
+    m_engine->setClock([this] { return m_now; });
+    QCOMPARE(play(ElementExplosion, 3), (QList<int>{3, 4, 1}));
+}
+
+void FramePreviewsTest::playbackOrder_data()
+{
+    QTest::addColumn<int>("element");
+    QTest::addColumn<QString>("frames");
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<bool>("reverse");
+    QTest::addColumn<quint32>("firstTick");
+    QTest::addColumn<quint32>("step");
+    QTest::addColumn<QList<int>>("expected");
+
+    const quint32 soon = 123456;
+    QTest::newRow("forward") << int(ElementBackground) << "5" << "1" << false << soon << 11u
+                             << QList<int>{1, 2, 3, 4, 5, 1, 2};
+    QTest::newRow("one frame") << int(ElementBlocks) << "1" << "1" << false << soon << 11u
+                               << QList<int>{1, 1, 1, 1};
+    QTest::newRow("four from 2") << int(ElementNextBlock) << "4" << "2" << false << soon << 11u
+                                 << QList<int>{2, 3, 4, 2, 3, 4, 2};
+    QTest::newRow("reverse five") << int(ElementSpecialWindow) << "5" << "1" << true << soon
+                                  << 11u << QList<int>{5, 4, 3, 2, 1, 5, 4};
+    QTest::newRow("reverse from 3") << int(ElementBlocks) << "5" << "3" << true << soon << 11u
+                                    << QList<int>{3, 2, 1, 3, 2, 1};
+    QTest::newRow("explosion") << int(ElementExplosion) << "3" << "" << false << soon << 11u
+                               << QList<int>{1, 2, 3, 1, 2, 3};
+    // The first tick advances at once; later frames stay until more than the delay passed.
+    QTest::newRow("delay 10, 5 ms ticks") << int(ElementBackground) << "5" << "1" << false
+                                          << soon << 5u << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
+    QTest::newRow("tick counter wraps") << int(ElementBackground) << "5" << "1" << false
+                                        << 0xFFFFFFF0u << 5u
+                                        << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
+}
+
+void FramePreviewsTest::playbackOrder()
+{
+    QFETCH(int, element);
+    QFETCH(QString, frames);
+    QFETCH(QString, start);
+    QFETCH(bool, reverse);
+    QFETCH(quint32, firstTick);
+    QFETCH(quint32, step);
+    QFETCH(QList<int>, expected);
+
+    const AnimatedElement &e = animatedElements[element];
+    makeFrames("f", frames.toInt(), e.frame);
+    configure(element, path("f1.bmp"), {frames, start, "10", reverse});
+    m_engine->startFramePreview(element);
+    m_now = firstTick - step;
+    QCOMPARE(play(element, int(expected.size()), step), expected);
+}
+
+void FramePreviewsTest::internetBackgroundDrawsIntoTheCorner()
+{
+    makeFrames("bg", 1, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"1"});
+    m_engine->startFramePreview(ElementBackground);
+    play(ElementBackground, 1);
+    makeFrames("ibg", 3, {96, 176});
+    configure(ElementInternetBackground, path("ibg1.bmp"), {"3", "1", "10", true});
+    m_engine->startFramePreview(ElementInternetBackground);
+
+    QCOMPARE(play(ElementInternetBackground, 4), (QList<int>{3, 2, 1, 3}));
+    const QImage surface = m_engine->surfaceImage(ElementBackground);
+    QCOMPARE(surface.size(), QSize(192, 352));
+    QCOMPARE(frameOfPixel(surface.pixel(95, 175)), 3);
+    QCOMPARE(frameOfPixel(surface.pixel(96, 0)), 0);
+    QCOMPARE(frameOfPixel(surface.pixel(0, 176)), 0);
+}
+
+void FramePreviewsTest::bombShowsItsLeftSquare()
+{
+    makeFrames("bomb", 2, {192, 64});
+    configure(ElementBomb, path("bomb1.bmp"), {"2"});
+    m_engine->startFramePreview(ElementBomb);
+
+    QCOMPARE(play(ElementBomb, 3), (QList<int>{1, 2, 1}));
+    QCOMPARE(m_engine->surfaceImage(ElementBomb).size(), QSize(64, 64));
+}
+
+void FramePreviewsTest::frameCountEditedWhilePlaying()
+{
+    makeFrames("bg", 5, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"5", "2"});
+    m_engine->startFramePreview(ElementBackground);
+    QCOMPARE(play(ElementBackground, 5, 5), (QList<int>{2, 3, 3, 3, 4}));
+    // Frame 4 is on screen and has not yet stayed its delay.
+    m_doc->setText(u"bgframecount", QStringLiteral("3"));
+    QCOMPARE(play(ElementBackground, 4, 5), (QList<int>{4, 4, 2, 2}));
+}
+
+void FramePreviewsTest::nonNumbersKeepTheLastValidSettings()
+{
+    makeFrames("bg", 5, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"5", "1", "10"});
+    m_engine->startFramePreview(ElementBackground);
+    QCOMPARE(play(ElementBackground, 2, 5), (QList<int>{1, 2}));
+
+    m_doc->setText(u"bgframecount", QStringLiteral("five"));
+    m_doc->setText(u"bgdelaybetweenframes", QString());
+    m_doc->setText(u"bgstartingframe", QStringLiteral("?"));
+    QCOMPARE(play(ElementBackground, 6, 5), (QList<int>{2, 2, 3, 3, 3, 4}));
+    QCOMPARE(play(ElementBackground, 3, 11), (QList<int>{4, 5, 1}));
+    QVERIFY(m_dialogs->messages.isEmpty());
+}
+
+void FramePreviewsTest::uncheckingAnimatedShowsFirstSlot()
+{
+    makeFrames("blk", 5, {96, 80});
+    configure(ElementBlocks, path("blk1.bmp"), {"5", "2"});
+    m_engine->startFramePreview(ElementBlocks);
+    QCOMPARE(play(ElementBlocks, 2), (QList<int>{2, 3}));
+
+    m_doc->setNumber(u"animateblocks", 0);
+    QCOMPARE(play(ElementBlocks, 3), (QList<int>{1, 1, 1}));
+    m_doc->setNumber(u"animateblocks", 1);
+    QCOMPARE(play(ElementBlocks, 2), (QList<int>{4, 5}));
+}
+
+void FramePreviewsTest::startBeyondStripShowsClearedFrame()
+{
+    makeFrames("blk", 3, {96, 80});
+    configure(ElementBlocks, path("blk1.bmp"), {"3", "7"});
+    m_engine->startFramePreview(ElementBlocks);
+    QCOMPARE(play(ElementBlocks, 3), (QList<int>{0, 0, 0}));
+
+    m_doc->setNumber(u"blkreverseanimation", 1); // 3 - 7: a negative slot
+    QCOMPARE(play(ElementBlocks, 2), (QList<int>{0, 0}));
+}
+
+void FramePreviewsTest::unchangedFrameIsNotRedrawn()
+{
+    makeFrames("bg", 3, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"3", "1", "100"});
+    m_engine->startFramePreview(ElementBackground);
+    QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
+
+    play(ElementBackground, 1);
+    play(ElementBackground, 50, 1);
+    QCOMPARE(spy.size(), 2); // frame 1, then frame 2 for the next 50 ticks
+    QCOMPARE(spy.last().at(0).toInt(), int(ElementBackground));
+}
+
+void FramePreviewsTest::windowTimerDrivesTheElement()
+{
+    QTimer windowTimer;
+    m_engine->attachTimer(ElementNextBlock, &windowTimer);
+    makeFrames("nx", 2, {77, 77});
+    configure(ElementNextBlock, path("nx1.bmp"), {"2"});
+    m_engine->startFramePreview(ElementNextBlock);
+
+    QVERIFY(windowTimer.isActive());
+    QCOMPARE(windowTimer.interval(), 1);
+    QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
+    QVERIFY(spy.wait(1000));
+    windowTimer.stop();
+    QCOMPARE(shown(ElementNextBlock), 1);
+}
+
+void FramePreviewsTest::resetStopsEveryTimer()
+{
+    makeFrames("bg", 2, {192, 352});
+    makeFrames("ex", 2, {192, 64});
+    configure(ElementBackground, path("bg1.bmp"), {"2"});
+    configure(ElementExplosion, path("ex1.bmp"), {"2"});
+    m_engine->startFramePreview(ElementBackground);
+    m_engine->startFramePreview(ElementExplosion);
+    play(ElementBackground, 1);
+    QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+
+    m_doc->resetTheme();
+    for (int element = 0; element < AnimatedElementCount; ++element)
+        QVERIFY(!m_engine->timer(element)->isActive());
+    QCOMPARE(shown(ElementBackground), 1); // the last drawn frame stays
+}
+
+QTEST_GUILESS_MAIN(FramePreviewsTest)
+#include "tst_framepreviews.moc"
