@@ -1,0 +1,45 @@
+#include "preview/stillpreviews.h"
+
+#include "document/dialogs.h"
+#include "document/themedocument.h"
+#include "document/themefields.h"
+#include "document/themeloader.h"
+#include "preview/loadingsurface.h"
+
+StillPreviews::StillPreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurface &loading,
+                             QObject *parent)
+    : QObject(parent)
+    , m_doc(doc)
+    , m_dialogs(dialogs)
+    , m_loading(loading)
+{
+}
+
+void StillPreviews::showInterfaceScreenPreview(int row)
+{
+    const QString path =
+        m_doc.packageFolder() + m_doc.value(QString::fromLatin1(interfaceRowKeys[row]));
+    m_loading.clear();
+    if (!path.isEmpty() && !m_loading.load(path)) {
+        m_dialogs.error(QStringLiteral("Unable to load image: ") + path);
+        return;
+    }
+    m_interfacePicture = m_loading.picture();
+    emit interfacePictureChanged(m_interfacePicture);
+}
+
+void StillPreviews::showMiscImagePreview(int row)
+{
+    m_loading.load(m_doc.packageFolder() + m_doc.value(QString::fromLatin1(miscImageKeys[row])));
+    m_miscPicture = m_loading.picture();
+    emit miscPictureChanged(m_miscPicture);
+}
+
+void StillPreviews::chooseThemeColor(int row)
+{
+    const auto color = m_dialogs.chooseColor();
+    if (!color)
+        return;
+    m_doc.setSwatch(row, *color);
+    m_doc.setText(QString::fromLatin1(colorKeys[row]), colorToText(*color));
+}

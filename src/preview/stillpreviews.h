@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QImage>
+#include <QObject>
+#include <QSize>
+
+class Dialogs;
+class LoadingSurface;
+class ThemeDocument;
+
+/**
+ * The previews without animation: the ten interface screens, the eight miscellaneous images
+ * and the colour chooser of the twelve theme colours. The displays scale the pictures they
+ * are handed to their fixed areas, ignoring the aspect ratio.
+ */
+class StillPreviews : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr QSize interfaceDisplaySize{191, 124};
+    static constexpr QSize miscDisplaySize{209, 169};
+
+    StillPreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurface &loading,
+                  QObject *parent = nullptr);
+
+    /**
+     * Shows interface screen \a row (0-9). An empty path empties the display; a file that
+     * cannot be loaded is reported and the display keeps its picture.
+     */
+    void showInterfaceScreenPreview(int row);
+
+    /**
+     * Shows miscellaneous image \a row (0-7). A file that cannot be loaded shows, without a
+     * message, the last image any preview loaded.
+     */
+    void showMiscImagePreview(int row);
+
+    /** Lets the author pick theme colour \a row (0-11); cancelling changes nothing. */
+    void chooseThemeColor(int row);
+
+    QImage interfacePicture() const { return m_interfacePicture; }
+    QImage miscPicture() const { return m_miscPicture; }
+
+signals:
+    void interfacePictureChanged(const QImage &picture);
+    void miscPictureChanged(const QImage &picture);
+
+private:
+    ThemeDocument &m_doc;
+    Dialogs &m_dialogs;
+    LoadingSurface &m_loading;
+    QImage m_interfacePicture;
+    QImage m_miscPicture;
+};
