@@ -1,0 +1,157 @@
+#include "package/packagewriter.h"
+
+#include "document/ansitext.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <archive.h>
+#include <archive_entry.h>
+
+#include <memory>
+
+namespace {
+
+struct ArchiveWriteDeleter {
+    void operator()(archive *a) const { archive_write_free(a); }
+};
+struct EntryDeleter {
+    void operator()(archive_entry *e) const { archive_entry_free(e); }
+};
+
+la_ssize_t writeToSaveFile(archive *, void *client, const void *buffer, size_t length)
+{
+    auto *out = static_cast<QSaveFile *>(client);
+    return out->write(static_cast<const char *>(buffer), qint64(length));
+}
+
+// Zip dates are local time: midnight 2000-01-01 here gives the same stored date everywhere.
+time_t fixedEntryTime()
+{
+    return time_t(QDateTime(QDate(2000, 1, 1), QTime(0, 0)).toSecsSinceEpoch());
+}
+
+bool fail(QString *error, const QString &text)
+{
+    if (error)
+        *error = text;
+    return false;
+}
+
+struct PackedFile {
+    QString path;
+    QString name;   // stored name, relative to the root
+};
+
+bool collectFiles(const QStringList &files, const QString &root, QList<PackedFile> *out,
+                  QString *error)
+{
+    const QDir rootDir(QFileInfo(root).absoluteFilePath());
+    for (const QString &file : files) {
+        const QFileInfo info(file);
+        const QString name = rootDir.relativeFilePath(info.absoluteFilePath());
+        if (name.isEmpty() || name == u"." || name == u".." || name.startsWith(u"../")
+            || QDir::isAbsolutePath(name))
+            return fail(error, QStringLiteral("%1 is not inside the folder %2.")
+                                   .arg(file, QDir::toNativeSeparators(rootDir.path())));
+        if (!info.isFile())
+            return fail(error, QStringLiteral("%1 is not a file that can be packed.").arg(file));
+        out->append({info.absoluteFilePath(), name});
+    }
+    return true;
+}
+
+bool setEncryption(archive *a, const PackageWriteOptions &options, QString *error)
+{
+    if (options.encryption == PackageEncryption::None)
+        return true;
+    QByteArray password;
+    if (options.password.isEmpty())
+        return fail(error, QStringLiteral("An encrypted package needs a password."));
+    // The same code page the extractor uses for the answer to its password question.
+    if (!AnsiText::encode(options.password, &password))
+        return fail(error, QStringLiteral("The password may only use Windows-1252 letters."));
+    const char *setting = options.encryption == PackageEncryption::Aes256 ? "zip:encryption=aes256"
+                                                                          : "zip:encryption=zipcrypt";
+    if (archive_write_set_options(a, setting) != ARCHIVE_OK
+        || archive_write_set_passphrase(a, password.constData()) != ARCHIVE_OK)
+        return fail(error, QStringLiteral("This system cannot encrypt packages: %1")
+                               .arg(QString::fromLocal8Bit(archive_error_string(a))));
+    return true;
+}
+
+bool addFile(archive *a, const PackedFile &file, time_t mtime, QString *error)
+{
+    QFile in(file.path);
+    if (!in.open(QIODevice::ReadOnly))
+        return fail(error, QStringLiteral("Could not read %1: %2").arg(file.path, in.errorString()));
+
+    std::unique_ptr<archive_entry, EntryDeleter> entry(archive_entry_new());
+    archive_entry_set_pathname_utf8(entry.get(), file.name.toUtf8().constData());
+    archive_entry_set_filetype(entry.get(), AE_IFREG);
+    archive_entry_set_perm(entry.get(), 0644);
+    archive_entry_set_size(entry.get(), in.size());
+    archive_entry_set_mtime(entry.get(), mtime, 0);
+    if (archive_write_header(a, entry.get()) < ARCHIVE_WARN)
+        return fail(error, QStringLiteral("Could not add %1: %2")
+                               .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
+
+    QByteArray buffer(256 * 1024, Qt::Uninitialized);
+    qint64 total = 0;
+    for (;;) {
+        const qint64 got = in.read(buffer.data(), buffer.size());
+        if (got < 0)
+            return fail(error, QStringLiteral("Could not read %1: %2").arg(file.path, in.errorString()));
+        if (got == 0)
+            break;
+        if (archive_write_data(a, buffer.constData(), size_t(got)) != got)
+            return fail(error, QStringLiteral("Could not add %1: %2")
+                                   .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
+        total += got;
+    }
+    if (total != archive_entry_size(entry.get()))
+        return fail(error, QStringLiteral("%1 changed while it was packed.").arg(file.path));
+    return true;
+}
+
+} // namespace
+
+bool writeResourcePackage(const QString &zipPath, const QStringList &files, const QString &root,
+                          QString *error, const PackageWriteOptions &options)
+{
+    QList<PackedFile> packed;
+    if (!collectFiles(files, root, &packed, error))
+        return false;
+
+    QSaveFile out(zipPath);
+    if (!out.open(QIODevice::WriteOnly))
+        return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
+
+    std::unique_ptr<archive, ArchiveWriteDeleter> zip(archive_write_new());
+    archive *a = zip.get();
+    if (archive_write_set_format_zip(a) != ARCHIVE_OK
+        || archive_write_set_options(a, "zip:compression=deflate,zip:hdrcharset=UTF-8") != ARCHIVE_OK
+        || archive_write_set_bytes_in_last_block(a, 1) != ARCHIVE_OK)
+        return fail(error, QStringLiteral("Could not set up the zip writer: %1")
+                               .arg(QString::fromLocal8Bit(archive_error_string(a))));
+    if (!setEncryption(a, options, error))
+        return false;
+    if (archive_write_open(a, &out, nullptr, writeToSaveFile, nullptr) != ARCHIVE_OK)
+        return fail(error, QStringLiteral("Could not write %1: %2")
+                               .arg(zipPath, QString::fromLocal8Bit(archive_error_string(a))));
+
+    const time_t mtime = fixedEntryTime();
+    for (const PackedFile &file : packed) {
+        if (!addFile(a, file, mtime, error))
+            return false;
+    }
+    if (archive_write_close(a) != ARCHIVE_OK)
+        return fail(error, QStringLiteral("Could not write %1: %2")
+                               .arg(zipPath, QString::fromLocal8Bit(archive_error_string(a))));
+    if (!out.commit())
+        return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
+    return true;
+}
