@@ -1,0 +1,93 @@
+#include "sound/diskaudiocapture.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+constexpr qint64 bytesPerFrame = 2 * sizeof(qint16);
+
+} // namespace
+
+DiskAudioCapture::DiskAudioCapture(const QString &rawFile)
+    : m_file(rawFile)
+{
+    const QList<QPair<const char *, QByteArray>> settings = {
+        {"SDL_AUDIODRIVER", "disk"},
+        {"SDL_DISKAUDIOFILE", QFile::encodeName(rawFile)},
+    };
+    for (const auto &[name, value] : settings) {
+        m_saved.append({name, qgetenv(name), qEnvironmentVariableIsSet(name)});
+        qputenv(name, value);
+    }
+    QFile::remove(rawFile);
+}
+
+DiskAudioCapture::~DiskAudioCapture()
+{
+    for (const SavedVariable &saved : m_saved) {
+        if (saved.wasSet)
+            qputenv(saved.name, saved.value);
+        else
+            qunsetenv(saved.name);
+    }
+}
+
+qint64 DiskAudioCapture::frameCount() const
+{
+    return QFileInfo(m_file).size() / bytesPerFrame;
+}
+
+QList<qint16> DiskAudioCapture::samples(qint64 firstFrame) const
+{
+    QFile file(m_file);
+    if (!file.open(QIODevice::ReadOnly) || !file.seek(firstFrame * bytesPerFrame))
+        return {};
+    const QByteArray bytes = file.readAll();
+    QList<qint16> result(bytes.size() / bytesPerFrame * 2);
+    std::memcpy(result.data(), bytes.constData(), result.size() * sizeof(qint16));
+    return result;
+}
+
+bool DiskAudioCapture::waitForFrames(qint64 frames, int timeoutMs) const
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (frameCount() < frames) {
+        if (timer.elapsed() > timeoutMs)
+            return false;
+        QThread::msleep(1);
+    }
+    return true;
+}
+
+qint64 DiskAudioCapture::waitForSound(qint64 firstFrame, int timeoutMs, int threshold) const
+{
+    QElapsedTimer timer;
+    timer.start();
+    qint64 checked = firstFrame;
+    for (;;) {
+        const QList<qint16> fresh = samples(checked);
+        for (qsizetype i = 0; i < fresh.size(); ++i) {
+            if (std::abs(fresh[i]) > threshold)
+                return checked + i / 2;
+        }
+        checked += fresh.size() / 2;
+        if (timer.elapsed() > timeoutMs)
+            return -1;
+        QThread::msleep(1);
+    }
+}
+
+int DiskAudioCapture::peak(const QList<qint16> &samples)
+{
+    int loudest = 0;
+    for (qint16 s : samples)
+        loudest = std::max(loudest, std::abs(int(s)));
+    return loudest;
+}

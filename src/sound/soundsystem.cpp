@@ -1,0 +1,326 @@
+#include "sound/soundsystem.h"
+
+#include "document/dialogs.h"
+#include "document/pathlookup.h"
+#include "sound/musicformat.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <SDL.h>
+#include <SDL_mixer.h>
+
+namespace {
+
+/*
+ * Output types of skm.ini and the SDL audio drivers they select. The environment variable
+ * SDL_AUDIODRIVER, when set, overrides the table. nullptr lets SDL try its drivers in its own
+ * order of preference. Output type 0 opens the "dummy" driver and also mutes the mixer, so it
+ * stays silent even when the environment picks a real driver.
+ *
+ *   type | meaning in skm.ini | Linux                 | Windows               | macOS
+ *   -----+--------------------+-----------------------+-----------------------+-----------
+ *   0    | no sound           | dummy                 | dummy                 | dummy
+ *   1    | recommended        | SDL's choice          | SDL's choice (WASAPI) | SDL's choice
+ *   2    | first alternative  | pipewire, pulseaudio  | directsound           | SDL's choice
+ *   3    | second alternative | alsa                  | winmm                 | SDL's choice
+ */
+struct OutputDriver {
+    const char *linuxDrivers;
+    const char *windowsDrivers;
+};
+
+constexpr OutputDriver outputDrivers[] = {
+    {"dummy", "dummy"},
+    {nullptr, nullptr},
+    {"pipewire,pulseaudio", "directsound"},
+    {"alsa", "winmm"},
+};
+
+const char *driverForOutput(qint32 output)
+{
+    if (output < 0 || output >= qint32(std::size(outputDrivers)))
+        output = 1;
+#if defined(Q_OS_WIN)
+    return outputDrivers[output].windowsDrivers;
+#elif defined(Q_OS_LINUX)
+    return outputDrivers[output].linuxDrivers;
+#else
+    return output == 0 ? "dummy" : nullptr;
+#endif
+}
+
+// FMOD 3 accepted mixing rates of 4000 to 65535; modern hardware goes higher.
+constexpr qint32 lowestFrequency = 4000;
+constexpr qint32 highestFrequency = 192000;
+constexpr qint32 mostChannels = 1024;
+
+// One buffer of 1024 frames is 23 ms at 44100 Hz: short enough that a click feels immediate.
+constexpr int chunkFrames = 1024;
+
+// Wave sounds own channel 0; nothing else in the editor plays sound effects.
+constexpr int waveChannel = 0;
+
+// Small General MIDI soundfonts first: the synthesiser loads the whole font for every song.
+constexpr const char *soundFonts[] = {
+    "/usr/share/sounds/sf2/TimGM6mb.sf2",
+    "/usr/share/sounds/sf2/FluidR3_GM.sf2",
+    "/usr/share/sounds/sf2/default-GM.sf2",
+};
+
+enum SoundError {
+    NotInitialised = 2,
+    FileNotFound = 9,
+    UnknownFormat = 10,
+    LoadFailed = 11,
+};
+
+const char *const errorTexts[] = {
+    "No errors",
+    "Cannot call this command after FSOUND_Init.  Call FSOUND_Close first.",
+    "This command failed because FSOUND_Init was not called",
+    "Error initializing output device.",
+    "The output device is already in use and cannot be reused.",
+    "Playing the sound failed.",
+    "Soundcard does not support the features needed for this soundsystem (16bit stereo output)",
+    "Error setting cooperative level for hardware.",
+    "Error creating hardware sound buffer.",
+    "File not found",
+    "Unknown file format",
+    "Error loading file",
+    "Not enough memory ",
+    "The version number of this file format is not supported",
+    "An invalid parameter was passed to this function",
+    "Tried to use an EAX command on a non EAX enabled channel or output.",
+    "Failed to allocate a new channel",
+    "Recording is not supported on this machine",
+    "Required Mediaplayer codec is not installed",
+};
+
+QByteArray nativeName(const QString &path)
+{
+#ifdef Q_OS_WIN
+    return path.toUtf8(); // SDL widens UTF-8 names itself on Windows
+#else
+    return QFile::encodeName(path);
+#endif
+}
+
+void useSoundFont()
+{
+    if (!qEnvironmentVariableIsEmpty("SDL_SOUNDFONTS"))
+        return; // the user's own choice; the mixer reads it itself
+    for (const char *font : soundFonts) {
+        if (QFileInfo::exists(QString::fromLatin1(font))) {
+            Mix_SetSoundFonts(font);
+            return;
+        }
+    }
+}
+
+bool startAudio(const char *driver)
+{
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Stakko Theme Maker");
+    if (driver)
+        SDL_SetHint(SDL_HINT_AUDIODRIVER, driver); // a set environment variable still wins
+    else
+        SDL_ResetHint(SDL_HINT_AUDIODRIVER);
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
+        return false;
+    Mix_Init(MIX_INIT_FLAC | MIX_INIT_MOD | MIX_INIT_MP3 | MIX_INIT_OGG | MIX_INIT_MID
+             | MIX_INIT_OPUS);
+    useSoundFont();
+    return true;
+}
+
+void stopAudio()
+{
+    Mix_Quit();
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+}
+
+// Why the mixer refused a file that looked playable, in the codes of the error table.
+int loadFailureCode(const QString &mixerError)
+{
+    if (mixerError.contains(u"Couldn't open"))
+        return FileNotFound;
+    if (mixerError.contains(u"hasn't been opened"))
+        return NotInitialised;
+    if (mixerError.contains(u"Unrecognized audio format"))
+        return UnknownFormat;
+    return LoadFailed;
+}
+
+int checkMusicFile(const QString &path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return FileNotFound;
+    switch (classifyMusicContent(file.read(musicHeaderLength), path)) {
+    case MusicContent::Playable:
+        return 0;
+    case MusicContent::Damaged:
+        return LoadFailed;
+    case MusicContent::WindowsMedia:
+    case MusicContent::Unrecognised:
+        break;
+    }
+    return UnknownFormat;
+}
+
+} // namespace
+
+SoundSystem::~SoundSystem()
+{
+    closeSound();
+}
+
+bool SoundSystem::initSound(const EditorConfig &config, Dialogs &dialogs)
+{
+    closeSound();
+    m_soundAvailable = openMixer(config);
+    if (!m_soundAvailable) {
+        dialogs.messageBox(QStringLiteral("ERROR"),
+                           QStringLiteral("Could not initialize sound/music subsystem!"),
+                           Dialogs::Icon::Critical);
+    }
+    return m_soundAvailable;
+}
+
+bool SoundSystem::openMixer(const EditorConfig &config)
+{
+    if (config.frequency < lowestFrequency || config.frequency > highestFrequency
+        || config.numchannels < 0 || config.numchannels > mostChannels)
+        return false;
+    if (!startAudio(driverForOutput(config.output)))
+        return false;
+    if (Mix_OpenAudioDevice(config.frequency, MIX_DEFAULT_FORMAT, 2, chunkFrames, nullptr, 0) != 0) {
+        stopAudio();
+        return false;
+    }
+    m_mixerOpen = true;
+    Mix_AllocateChannels(std::max(config.numchannels, waveChannel + 1));
+    Mix_ReserveChannels(waveChannel + 1);
+    if (config.output == 0) {
+        Mix_VolumeMusic(0);
+        Mix_Volume(-1, 0);
+    }
+    return true;
+}
+
+bool SoundSystem::openWaveDevice()
+{
+    if (!startAudio(nullptr))
+        return false;
+    if (Mix_OpenAudioDevice(MIX_DEFAULT_FREQUENCY, MIX_DEFAULT_FORMAT, 2, chunkFrames, nullptr, 0)
+        != 0) {
+        stopAudio();
+        return false;
+    }
+    m_mixerOpen = true;
+    Mix_AllocateChannels(waveChannel + 1);
+    Mix_ReserveChannels(waveChannel + 1);
+    return true;
+}
+
+void SoundSystem::closeMixer()
+{
+    if (!m_mixerOpen)
+        return;
+    Mix_HaltChannel(-1);
+    if (m_wave) {
+        Mix_FreeChunk(m_wave);
+        m_wave = nullptr;
+    }
+    Mix_CloseAudio();
+    stopAudio();
+    m_mixerOpen = false;
+}
+
+void SoundSystem::closeSound()
+{
+    if (m_soundAvailable) {
+        stopMusic();
+        freeMusic();
+    }
+    closeMixer();
+    m_soundAvailable = false;
+}
+
+bool SoundSystem::isStreamFile(const QString &path) const
+{
+    if (!m_soundAvailable)
+        return false;
+    if (path.size() < 4 || !path.contains(u'.'))
+        return true;
+    return !isModuleSongName(path);
+}
+
+void SoundSystem::openMusic(const QString &path, Dialogs &dialogs)
+{
+    if (!m_soundAvailable)
+        return;
+    stopMusic();
+    freeMusic();
+    m_musicIsStream = isStreamFile(path);
+
+    const QString file = resolveThemePath(path);
+    int code = checkMusicFile(file);
+    if (code == 0) {
+        // Mix_LoadMUS keeps streams on disk and decodes them as they play.
+        m_musicHandle = Mix_LoadMUS(nativeName(file).constData());
+        if (!m_musicHandle)
+            code = loadFailureCode(QString::fromUtf8(Mix_GetError()));
+    }
+    if (!m_musicHandle) {
+        dialogs.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code));
+        m_musicPlaying = false;
+    }
+}
+
+void SoundSystem::playMusic()
+{
+    if (!m_musicHandle)
+        return;
+    // Module songs repeat like the game plays them; streams end after one pass.
+    m_musicPlaying = Mix_PlayMusic(m_musicHandle, m_musicIsStream ? 0 : -1) == 0;
+}
+
+void SoundSystem::stopMusic()
+{
+    if (!m_soundAvailable || !m_musicPlaying)
+        return;
+    Mix_HaltMusic();
+    m_musicPlaying = false;
+}
+
+void SoundSystem::freeMusic()
+{
+    if (!m_soundAvailable)
+        return;
+    if (m_musicHandle)
+        Mix_FreeMusic(m_musicHandle);
+    m_musicHandle = nullptr;
+    m_musicPlaying = false;
+}
+
+void SoundSystem::playWaveFile(const QString &path)
+{
+    if (!m_mixerOpen && !openWaveDevice())
+        return;
+    Mix_Chunk *chunk = Mix_LoadWAV(nativeName(resolveThemePath(path)).constData());
+    if (!chunk)
+        return;
+    Mix_HaltChannel(waveChannel);
+    if (m_wave)
+        Mix_FreeChunk(m_wave);
+    m_wave = chunk;
+    Mix_PlayChannel(waveChannel, m_wave, 0);
+}
+
+QString SoundSystem::soundErrorText(int code)
+{
+    if (code < 0 || code >= int(std::size(errorTexts)))
+        return QStringLiteral("Unknown error");
+    return QString::fromLatin1(errorTexts[code]);
+}

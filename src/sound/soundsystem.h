@@ -1,0 +1,77 @@
+#pragma once
+
+#include "sound/editorconfig.h"
+
+#include <QString>
+
+class Dialogs;
+
+// The mixer's own handle types, declared here so that callers need no SDL headers.
+struct _Mix_Music;
+using Mix_Music = _Mix_Music;
+struct Mix_Chunk;
+
+/**
+ * The program's one sound system: the music item the author previews and the theme's wave
+ * sounds. Music plays only after a successful initSound(); wave sounds play whenever any
+ * audio device can be opened. Nothing here waits for playback to finish.
+ */
+class SoundSystem
+{
+public:
+    SoundSystem() = default;
+    ~SoundSystem();
+    SoundSystem(const SoundSystem &) = delete;
+    SoundSystem &operator=(const SoundSystem &) = delete;
+
+    /**
+     * Opens the mixer with the settings of \a config. On failure shows "Could not initialize
+     * sound/music subsystem!" once and leaves soundAvailable() false; returns soundAvailable().
+     */
+    bool initSound(const EditorConfig &config, Dialogs &dialogs);
+
+    /** Stops and frees the music and any wave sound, then releases the audio device. */
+    void closeSound();
+
+    /** The music kind of \a path: false for module songs (MIDI and trackers) and whenever sound is unavailable. */
+    bool isStreamFile(const QString &path) const;
+
+    /**
+     * Frees the current music, then opens the file at \a path (a theme path: "\" separators and
+     * any letter case are accepted). A file that cannot be opened is reported through \a dialogs
+     * with the matching soundErrorText() and leaves no music item. Does nothing without sound.
+     */
+    void openMusic(const QString &path, Dialogs &dialogs);
+
+    /** Starts the open music item from its beginning; module songs loop, streams play once. */
+    void playMusic();
+    void stopMusic();
+    void freeMusic();
+
+    /**
+     * Plays the wave file at \a path without waiting, replacing a wave sound still playing.
+     * A missing or unreadable file plays nothing and reports nothing.
+     */
+    void playWaveFile(const QString &path);
+
+    /** The text for the error \a code, as the music errors are reported. */
+    static QString soundErrorText(int code);
+
+    bool soundAvailable() const { return m_soundAvailable; }
+    Mix_Music *musicHandle() const { return m_musicHandle; }
+    bool musicIsStream() const { return m_musicIsStream; }
+    bool musicPlaying() const { return m_musicPlaying; }
+
+private:
+    bool openMixer(const EditorConfig &config);
+    bool openWaveDevice();
+    void closeMixer();
+
+    bool m_soundAvailable = false;
+    Mix_Music *m_musicHandle = nullptr;
+    bool m_musicIsStream = false;
+    bool m_musicPlaying = false;
+
+    bool m_mixerOpen = false;
+    Mix_Chunk *m_wave = nullptr;
+};
