@@ -178,6 +178,7 @@ private:
 } // namespace
 
 Q_DECLARE_METATYPE(EditorConfig)
+Q_DECLARE_METATYPE(MusicContent)
 
 class SoundSystemTest : public QObject
 {
@@ -199,6 +200,9 @@ private slots:
     void stoppedMusicFallsSilent_data();
     void stoppedMusicFallsSilent();
     void stoppedMusicPlaysAgain();
+    void openingOtherMusicStopsCurrent();
+    void musicContent_data();
+    void musicContent();
     void unopenableMusicIsReported_data();
     void unopenableMusicIsReported();
 
@@ -271,9 +275,6 @@ void SoundSystemTest::errorTexts_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("0") << 0 << "No errors";
     QTest::newRow("1, two blanks") << 1 << "Cannot call this command after FSOUND_Init.  Call FSOUND_Close first.";
-    QTest::newRow("9") << 9 << "File not found";
-    QTest::newRow("10") << 10 << "Unknown file format";
-    QTest::newRow("11") << 11 << "Error loading file";
     QTest::newRow("12, trailing blank") << 12 << "Not enough memory ";
     QTest::newRow("18, last") << 18 << "Required Mediaplayer codec is not installed";
     QTest::newRow("19") << 19 << "Unknown error";
@@ -391,6 +392,55 @@ void SoundSystemTest::stoppedMusicPlaysAgain()
     m_sound->playMusic();
     QVERIFY(m_capture->waitForSound(stoppedAt, hearingTimeoutMs) >= 0);
     QCOMPARE(m_dialogs.messageLines(), QStringList());
+}
+
+void SoundSystemTest::openingOtherMusicStopsCurrent()
+{
+    QVERIFY(start());
+    m_sound->openMusic(file("tune.mod"), m_dialogs);
+    m_sound->playMusic();
+    QVERIFY(m_capture->waitForSound(0, hearingTimeoutMs) >= 0);
+
+    m_sound->openMusic(file("tone.wav"), m_dialogs);
+    QVERIFY(!m_sound->musicPlaying());
+    QVERIFY(m_sound->musicIsStream());
+    const qint64 replacedAt = m_capture->frameCount() + inFlightFrames;
+    QVERIFY(m_capture->waitForFrames(replacedAt + rate / 2, hearingTimeoutMs));
+    QCOMPARE(DiskAudioCapture::peak(m_capture->samples(replacedAt)), 0);
+}
+
+void SoundSystemTest::musicContent_data()
+{
+    QTest::addColumn<QByteArray>("head");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<MusicContent>("content");
+    const QByteArray zeros(musicHeaderLength, '\0');
+    const auto at = [&](qsizetype offset, const QByteArray &bytes) {
+        return QByteArray(zeros).replace(offset, bytes.size(), bytes);
+    };
+    QTest::newRow("midi") << midiSong() << "x.bin" << MusicContent::Playable;
+    QTest::newRow("midi, bad header length") << at(0, QByteArray("MThd\0\0\0\7", 8)) << "x.mid" << MusicContent::Damaged;
+    QTest::newRow("midi, cut short") << QByteArray("MThd") << "x.mid" << MusicContent::Damaged;
+    QTest::newRow("mod by signature") << modModule() << "TUNE" << MusicContent::Playable;
+    QTest::newRow("old mod, by name only") << zeros << "tune.MOD" << MusicContent::Playable;
+    QTest::newRow("s3m") << at(44, "SCRM") << "x.s3m" << MusicContent::Playable;
+    QTest::newRow("xm") << at(0, "Extended Module: song") << "x.xm" << MusicContent::Playable;
+    QTest::newRow("it") << at(0, "IMPM") << "x.it" << MusicContent::Playable;
+    QTest::newRow("mp3 with tag") << at(0, "ID3\3") << "x.mp3" << MusicContent::Playable;
+    QTest::newRow("mp3 frame") << at(0, "\xFF\xFB\x90") << "x.mp3" << MusicContent::Playable;
+    QTest::newRow("flac") << at(0, "fLaC") << "x.flac" << MusicContent::Playable;
+    QTest::newRow("wave") << waveFile(Encoding::Signed, 16, 0.01) << "x" << MusicContent::Playable;
+    QTest::newRow("wma by name") << zeros << "x.WMA" << MusicContent::WindowsMedia;
+    QTest::newRow("zeros named mp3") << zeros << "x.mp3" << MusicContent::Unrecognised;
+    QTest::newRow("empty") << QByteArray() << "x.ogg" << MusicContent::Unrecognised;
+}
+
+void SoundSystemTest::musicContent()
+{
+    QFETCH(QByteArray, head);
+    QFETCH(QString, path);
+    QFETCH(MusicContent, content);
+    QCOMPARE(classifyMusicContent(head.left(musicHeaderLength), path), content);
 }
 
 void SoundSystemTest::unopenableMusicIsReported_data()
