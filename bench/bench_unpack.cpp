@@ -1,0 +1,124 @@
+// Unpacking a package of 400 background frames, against Info-ZIP's unzip on the same file.
+// Prints the median times and their ratio; the target is a ratio of at most 1.15.
+
+#include "document/dialogs.h"
+#include "package/resourcepackage.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+constexpr int frameCount = 400;
+constexpr int runs = 7;
+
+class CountingDialogs : public Dialogs
+{
+public:
+    int messages = 0;
+    Answer messageBox(const QString &, const QString &text, Icon, Buttons) override
+    {
+        std::fprintf(stderr, "message: %s\n", qUtf8Printable(text));
+        ++messages;
+        return Answer::Ok;
+    }
+    std::optional<QString> inputBox(const QString &, const QString &) override { return std::nullopt; }
+    QString openFileName(const QString &, const QString &) override { return {}; }
+    QString saveFileName(const QString &) override { return {}; }
+    std::optional<quint32> chooseColor() override { return std::nullopt; }
+};
+
+/** Frames that compress like drawn art: flat tiles with a noisy band that moves. */
+QStringList makeFrames(const QString &folder)
+{
+    QDir().mkpath(folder + QStringLiteral("/gfx"));
+    QRandomGenerator random(2024);
+    QStringList files;
+    for (int n = 1; n <= frameCount; ++n) {
+        QImage frame(192, 352, QImage::Format_RGB888);
+        for (int y = 0; y < frame.height(); ++y) {
+            uchar *line = frame.scanLine(y);
+            const bool noisy = (y + n) % 352 < 40;
+            for (int x = 0; x < frame.width(); ++x) {
+                line[3 * x] = uchar((x / 8) * 8 + n);
+                line[3 * x + 1] = uchar((y / 8) * 8);
+                line[3 * x + 2] = noisy ? uchar(random.bounded(256)) : uchar(n);
+            }
+        }
+        const QString path = folder + QStringLiteral("/gfx/bg%1.bmp").arg(n);
+        frame.save(path, "BMP");
+        files.append(path);
+    }
+    return files;
+}
+
+double median(QList<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    QTemporaryDir work;
+    if (!work.isValid())
+        return 1;
+    const QByteArray realTemp = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(work.filePath(QStringLiteral("tmp"))));
+    QDir().mkpath(work.filePath(QStringLiteral("tmp")));
+
+    const QString package = work.filePath(QStringLiteral("Frames.zip"));
+    QString error;
+    if (!writeResourcePackage(package, makeFrames(work.filePath(QStringLiteral("src"))),
+                              work.filePath(QStringLiteral("src")), &error)) {
+        std::fprintf(stderr, "packing failed: %s\n", qUtf8Printable(error));
+        return 1;
+    }
+    std::printf("package: %d frames 192x352, %.1f MB\n", frameCount,
+                double(QFileInfo(package).size()) / 1e6);
+
+    CountingDialogs dialogs;
+    const QString unzipFolder = work.filePath(QStringLiteral("unzip"));
+    QList<double> ours;
+    QList<double> theirs;
+    for (int run = 0; run <= runs; ++run) {   // run 0 warms the caches and creates the files
+        QElapsedTimer timer;
+        timer.start();
+        extractResourcePackage(package, dialogs);
+        const double oursMs = double(timer.nsecsElapsed()) / 1e6;
+
+        timer.restart();
+        QProcess unzip;
+        unzip.start(QStringLiteral("unzip"), {QStringLiteral("-o"), QStringLiteral("-q"), package,
+                                              QStringLiteral("-d"), unzipFolder});
+        if (!unzip.waitForFinished(-1) || unzip.exitCode() != 0) {
+            std::fprintf(stderr, "unzip failed: %s\n", unzip.readAllStandardError().constData());
+            return 1;
+        }
+        const double theirsMs = double(timer.nsecsElapsed()) / 1e6;
+        if (run > 0) {
+            ours.append(oursMs);
+            theirs.append(theirsMs);
+        }
+    }
+    qputenv("TMPDIR", realTemp);
+    if (dialogs.messages > 0)
+        return 1;
+
+    const double ratio = median(ours) / median(theirs);
+    std::printf("extractResourcePackage: %.1f ms (median of %d)\n", median(ours), runs);
+    std::printf("unzip -o -q:            %.1f ms (median of %d)\n", median(theirs), runs);
+    std::printf("ratio: %.2f (target <= 1.15) %s\n", ratio, ratio <= 1.15 ? "ok" : "SLOWER THAN TARGET");
+    return 0;
+}
