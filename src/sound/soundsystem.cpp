@@ -50,7 +50,7 @@ const char *driverForOutput(qint32 output)
 #endif
 }
 
-// FMOD 3 accepted mixing rates of 4000 to 65535; modern hardware goes higher.
+// SDL would resample any rate; one no sound hardware offers is a typing error in skm.ini.
 constexpr qint32 lowestFrequency = 4000;
 constexpr qint32 highestFrequency = 192000;
 constexpr qint32 mostChannels = 1024;
