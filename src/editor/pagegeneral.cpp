@@ -1,0 +1,82 @@
+#include "editor/pages.h"
+
+#include "editor/pagewidgets.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace PageWidgets;
+
+namespace {
+
+QGroupBox *themeType0Group()
+{
+    QGroupBox *group = frame("fraTheme0", QStringLiteral("Theme Type 0"));
+    auto *grid = new QGridLayout(group);
+    compact(grid);
+    QLineEdit *skin = lineEdit("txtSkinFile");
+    grid->addWidget(label(fieldCaption("txtSkinFile"), skin), 0, 0);
+    grid->addWidget(skin, 0, 1);
+    grid->addWidget(button(QStringLiteral("cmdBrowseSkin"), QStringLiteral("Browse")), 0, 2);
+    grid->addWidget(fieldCheckBox("chkSkinTransparent"), 0, 3);
+    grid->setColumnStretch(1, 1);
+    return group;
+}
+
+} // namespace
+
+QWidget *createGeneralPage()
+{
+    auto *page = new QWidget;
+    page->setObjectName(QStringLiteral("picGeneral"));
+    QGroupBox *general = frame("fraGeneral", QStringLiteral("General Theme Information"));
+
+    auto *grid = new QGridLayout(general);
+    compact(grid);
+    for (const char *control : {"txtThemeName", "txtAuthor", "txtVersion"}) {
+        const int row = grid->rowCount();
+        QLineEdit *edit = lineEdit(control);
+        grid->addWidget(label(fieldCaption(control), edit), row, 0);
+        grid->addWidget(edit, row, 1, 1, 2);
+    }
+
+    auto *type = new QComboBox;
+    type->setObjectName(QStringLiteral("cmbType"));
+    type->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    int row = grid->rowCount();
+    grid->addWidget(label(fieldCaption("cmbType"), type), row, 0);
+    grid->addWidget(type, row, 1, Qt::AlignLeft);
+
+    QLineEdit *resource = lineEdit("txtResource");
+    row = grid->rowCount();
+    grid->addWidget(label(fieldCaption("txtResource"), resource), row, 0);
+    grid->addWidget(resource, row, 1);
+    grid->addWidget(button(QStringLiteral("cmdBrowseResource"), QStringLiteral("Browse")), row, 2);
+
+    grid->addWidget(themeType0Group(), grid->rowCount(), 0, 1, 3);
+
+    auto *description = new QPlainTextEdit;
+    description->setObjectName(QStringLiteral("txtDescription"));
+    description->setTabChangesFocus(true);
+    description->setMinimumHeight(description->fontMetrics().lineSpacing() * 3 + 8);
+    row = grid->rowCount();
+    grid->addWidget(label(fieldCaption("txtDescription"), description), row, 0, Qt::AlignLeft | Qt::AlignBottom);
+    auto *generate = button(QStringLiteral("cmdGenerateDescription"), QStringLiteral("Generate Description"));
+    grid->addWidget(generate, row, 1, 1, 2, Qt::AlignRight);
+    grid->addWidget(description, grid->rowCount(), 0, 1, 3);
+    grid->setRowStretch(grid->rowCount() - 1, 1);
+    grid->setColumnStretch(1, 1);
+
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(general);
+    return page;
+}

@@ -1,0 +1,65 @@
+#include "editor/pages.h"
+
+#include "document/themefields.h"
+#include "editor/pagewidgets.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace PageWidgets;
+
+namespace {
+
+QWidget *previewColumn()
+{
+    auto *column = new QWidget;
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124));
+    layout->addWidget(label(QStringLiteral("Preview:")));
+    layout->addWidget(area, 0, Qt::AlignLeft);
+    layout->addWidget(fieldCheckBox("chkIMenuTransparent"));
+    layout->addStretch(1);
+    return column;
+}
+
+} // namespace
+
+QWidget *createInterfacePage()
+{
+    auto *page = new QWidget;
+    page->setObjectName(QStringLiteral("picIface"));
+
+    QGroupBox *screens = frame("fraIface", QStringLiteral("Interface"));
+    auto *grid = new QGridLayout(screens);
+    compact(grid);
+    for (int i = 0; i < 10; ++i) {
+        const char *control = themeFields()[size_t(fieldIndex(QLatin1StringView(interfaceRowKeys[i])))].control;
+        const QString index = QStringLiteral("(%1)").arg(i);
+        QLineEdit *edit = lineEdit(control);
+        QLabel *caption = label(fieldCaption(control), edit);
+        caption->setObjectName(QStringLiteral("lblIFace") + index);
+        grid->addWidget(caption, i, 0);
+        grid->addWidget(edit, i, 1);
+        grid->addWidget(button(QStringLiteral("cmdBrowseIface") + index, QStringLiteral("Browse")), i, 2);
+        grid->addWidget(iconButton(QStringLiteral("cmdPreviewIface") + index, QStringLiteral(":/icons/preview.png"),
+                                   QStringLiteral("Preview")),
+                        i, 3);
+    }
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(previewColumn(), 0, 4, 10, 1);
+    grid->setColumnMinimumWidth(4, 191 + 2);
+
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(fieldCheckBox("chkIface"));
+    layout->addWidget(screens);
+    layout->addStretch(1);
+    return page;
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+class QWidget;
+
+/**
+ * The six page panels of the main window, each holding its controls under their own object
+ * names. The panels only lay controls out; the main window binds them to the document.
+ */
+QWidget *createGeneralPage();
+QWidget *createInterfacePage();
+QWidget *createBackgroundPage();
+QWidget *createBlocksPage();
+QWidget *createMiscPage();
+QWidget *createSoundPage();

@@ -1,0 +1,74 @@
+#include "editor/pages.h"
+
+#include "document/themefields.h"
+#include "editor/pagewidgets.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace PageWidgets;
+
+namespace {
+
+QGroupBox *soundFrame()
+{
+    QGroupBox *box = frame("fraSound", QStringLiteral("Sounds"));
+    auto *grid = new QGridLayout(box);
+    compact(grid);
+    constexpr int rowsPerColumn = 6;
+    for (int i = 0; i < 11; ++i) {
+        const int row = i % rowsPerColumn;
+        const int column = (i / rowsPerColumn) * 5;
+        const QString index = QStringLiteral("(%1)").arg(i);
+        const char *control = themeFields()[size_t(fieldIndex(QLatin1StringView(soundRowKeys[i])))].control;
+        QLineEdit *edit = lineEdit(control);
+        grid->addWidget(label(fieldCaption(control), edit), row, column);
+        grid->addWidget(edit, row, column + 1);
+        grid->addWidget(button(QStringLiteral("cmdBrowseSound") + index, QStringLiteral("Browse")), row, column + 2);
+        grid->addWidget(iconButton(QStringLiteral("cmdPlaySound") + index, QStringLiteral(":/icons/play.png"),
+                                   QStringLiteral("Play Sound")),
+                        row, column + 3);
+    }
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(6, 1);
+    grid->setColumnMinimumWidth(4, 12);
+    return box;
+}
+
+QGroupBox *musicFrame()
+{
+    QGroupBox *box = frame("fraMusic", QStringLiteral("Music"));
+    auto *row = new QHBoxLayout(box);
+    row->addWidget(lineEdit("txtMusic"), 1);
+    row->addWidget(button(QStringLiteral("cmdBrowseMusic"), QStringLiteral("Browse")));
+    auto *play = button(QStringLiteral("cmdPlayMusic"), QStringLiteral("Play Music"));
+    play->setIcon(QIcon(QStringLiteral(":/icons/play.png")));
+    row->addWidget(play);
+    return box;
+}
+
+} // namespace
+
+QWidget *createSoundPage()
+{
+    auto *page = new QWidget;
+    page->setObjectName(QStringLiteral("picSound"));
+    auto *switches = new QHBoxLayout;
+    switches->addWidget(fieldCheckBox("chkSounds"));
+    switches->addWidget(fieldCheckBox("chkMusic"));
+    switches->addStretch(1);
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(switches);
+    layout->addWidget(soundFrame());
+    layout->addWidget(musicFrame());
+    layout->addStretch(1);
+    return page;
+}

@@ -1,0 +1,231 @@
+#include "editor/pagewidgets.h"
+
+#include "document/themefields.h"
+#include "editor/previewsurface.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace PageWidgets {
+
+namespace {
+
+int boxHeight()
+{
+    static const int height = QLineEdit().sizeHint().height();
+    return height;
+}
+
+} // namespace
+
+QString fieldCaption(const char *control)
+{
+    const int index = fieldIndexOfControl(QLatin1StringView(control));
+    Q_ASSERT_X(index >= 0, "fieldCaption", control);
+    return QString::fromLatin1(themeFields()[size_t(index)].caption);
+}
+
+QLineEdit *lineEdit(const char *name)
+{
+    auto *edit = new QLineEdit;
+    edit->setObjectName(QLatin1StringView(name));
+    edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 16);
+    return edit;
+}
+
+QLineEdit *derivedBox(const char *name)
+{
+    QLineEdit *edit = lineEdit(name);
+    edit->setReadOnly(true);
+    edit->setFocusPolicy(Qt::NoFocus);
+    QPalette palette = edit->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    edit->setPalette(palette);
+    return edit;
+}
+
+QLineEdit *numberBox(const char *name)
+{
+    auto *edit = new QLineEdit;
+    edit->setObjectName(QLatin1StringView(name));
+    edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 6 + 12);
+    return edit;
+}
+
+QCheckBox *fieldCheckBox(const char *name)
+{
+    auto *box = new QCheckBox(fieldCaption(name));
+    box->setObjectName(QLatin1StringView(name));
+    return box;
+}
+
+QPushButton *button(const QString &name, const QString &caption)
+{
+    auto *push = new QPushButton(caption);
+    push->setObjectName(name);
+    push->setAutoDefault(false);
+    // As tall as a text box, so a row of box and buttons lines up and rows stay tight.
+    push->setMaximumHeight(boxHeight());
+    return push;
+}
+
+QToolButton *iconButton(const QString &name, const QString &iconPath, const QString &toolTip)
+{
+    auto *tool = new QToolButton;
+    tool->setObjectName(name);
+    tool->setIcon(QIcon(iconPath));
+    tool->setToolTip(toolTip);
+    tool->setAutoRaise(false);
+    tool->setMaximumHeight(boxHeight());
+    return tool;
+}
+
+QGroupBox *frame(const char *name, const QString &caption)
+{
+    auto *box = new QGroupBox(caption);
+    box->setObjectName(QLatin1StringView(name));
+    return box;
+}
+
+QLabel *label(const QString &text, QWidget *buddy)
+{
+    auto *caption = new QLabel(text);
+    if (buddy)
+        caption->setBuddy(buddy);
+    return caption;
+}
+
+QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area)
+{
+    auto *box = new QFrame;
+    box->setObjectName(QLatin1StringView(boxName));
+    box->setFrameShape(QFrame::StyledPanel);
+    box->setFrameShadow(QFrame::Sunken);
+    auto *layout = new QVBoxLayout(box);
+    layout->setContentsMargins(1, 1, 1, 1);
+    layout->addWidget(new PreviewSurface(QLatin1StringView(displayName), area, PreviewSurface::Mode::Stretch));
+    return box;
+}
+
+QWidget *dataSetRow(const char *selectorName)
+{
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto *selector = new QComboBox;
+    selector->setObjectName(QLatin1StringView(selectorName));
+    selector->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    layout->addWidget(label(QStringLiteral("Data Set to Edit:"), selector));
+    layout->addWidget(selector);
+    layout->addStretch(1);
+    return row;
+}
+
+QWidget *dataSetPage(const char *panel, const char *selector, std::initializer_list<QWidget *> includeBoxes,
+                     std::initializer_list<QWidget *> frames, QWidget *side)
+{
+    auto *page = new QWidget;
+    page->setObjectName(QLatin1StringView(panel));
+    auto *grid = new QGridLayout(page);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setVerticalSpacing(4);
+    grid->addWidget(dataSetRow(selector), 0, 0);
+    for (QWidget *box : includeBoxes)
+        grid->addWidget(box, 0, 1);
+    for (QWidget *f : frames)
+        grid->addWidget(f, 1, 0, 1, 2);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(1, 1);
+    if (side)
+        grid->addWidget(side, 0, 2, 2, 1, Qt::AlignTop);
+    return page;
+}
+
+void compact(QGridLayout *grid)
+{
+    grid->setVerticalSpacing(4);
+    grid->setHorizontalSpacing(6);
+}
+
+namespace {
+
+void addFormRow(QGridLayout *grid, QWidget *field, const char *control)
+{
+    const int row = grid->rowCount();
+    grid->addWidget(label(fieldCaption(control), field), row, 0);
+    grid->addWidget(field, row, 1, Qt::AlignLeft);
+}
+
+QGroupBox *animationSettings(const AnimatedFrameSpec &spec)
+{
+    QGroupBox *settings = frame(spec.aniFrame, QStringLiteral("Animation Configuration"));
+    auto *grid = new QGridLayout(settings);
+    compact(grid);
+    for (const char *control : {spec.number, spec.start, spec.still, spec.delay}) {
+        if (control)
+            addFormRow(grid, numberBox(control), control);
+    }
+    if (spec.reverse)
+        grid->addWidget(fieldCheckBox(spec.reverse), grid->rowCount(), 0, 1, 2);
+    grid->setColumnStretch(2, 1);
+    return settings;
+}
+
+QGroupBox *previewFrame(const AnimatedFrameSpec &spec)
+{
+    QGroupBox *box = frame(spec.previewFrame, QStringLiteral("Preview"));
+    auto *layout = new QVBoxLayout(box);
+    layout->setContentsMargins(6, 4, 6, 6);
+    layout->addWidget(new PreviewSurface(QLatin1StringView(spec.surface), spec.surfaceArea,
+                                         PreviewSurface::Mode::Natural),
+                      0, Qt::AlignCenter);
+    return box;
+}
+
+} // namespace
+
+QGroupBox *animatedFrame(const AnimatedFrameSpec &spec)
+{
+    QGroupBox *box = frame(spec.frame, QString::fromLatin1(spec.caption));
+
+    auto *fields = new QGridLayout;
+    compact(fields);
+    QLineEdit *image = lineEdit(spec.image);
+    fields->addWidget(label(fieldCaption(spec.image), image), 0, 0, 1, 2);
+    fields->addWidget(image, 1, 0, 1, 2);
+    auto *buttons = new QHBoxLayout;
+    buttons->setSpacing(6);
+    buttons->addWidget(button(QLatin1StringView(spec.browse), QStringLiteral("Browse")));
+    buttons->addWidget(button(QLatin1StringView(spec.preview), QStringLiteral("Preview")));
+    buttons->addStretch(1);
+    fields->addLayout(buttons, 2, 0, 1, 2);
+    addFormRow(fields, derivedBox(spec.root), spec.root);
+    addFormRow(fields, derivedBox(spec.extension), spec.extension);
+    for (const char *control : spec.switches) {
+        if (control)
+            fields->addWidget(fieldCheckBox(control), fields->rowCount(), 0, 1, 2);
+    }
+    if (spec.transparency)
+        fields->addWidget(fieldCheckBox(spec.transparency), fields->rowCount(), 0, 1, 2);
+    fields->setColumnStretch(1, 1);
+    fields->setRowStretch(fields->rowCount(), 1);
+
+    // Side by side: a frame is only as tall as its longest column.
+    auto *columns = new QHBoxLayout(box);
+    columns->addLayout(fields, 1);
+    columns->addWidget(animationSettings(spec), 0, Qt::AlignTop);
+    if (spec.previewFrame)
+        columns->addWidget(previewFrame(spec), 0, Qt::AlignTop);
+    return box;
+}
+
+} // namespace PageWidgets

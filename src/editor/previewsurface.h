@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QWidget>
+
+/**
+ * A fixed-size picture area for previews. Natural mode draws the image unscaled from the
+ * top-left corner (larger images are cut off); Stretch mode fills the whole area, ignoring the
+ * aspect ratio. Whatever the image leaves uncovered shows the fill colour.
+ */
+class PreviewSurface : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Mode { Natural, Stretch };
+
+    PreviewSurface(const QString &objectName, QSize area, Mode mode, QWidget *parent = nullptr);
+
+    void setImage(const QImage &image);
+    QImage image() const { return m_image; }
+
+    void setFillColor(const QColor &color);
+    QColor fillColor() const { return m_fill; }
+
+    /** A thin border, for small colour swatches that would otherwise vanish into the page. */
+    void setOutlined(bool outlined);
+
+    QSize sizeHint() const override { return m_area; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QSize m_area;
+    Mode m_mode;
+    QImage m_image;
+    QColor m_fill = Qt::black;
+    bool m_outlined = false;
+};

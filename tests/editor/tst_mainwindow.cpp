@@ -1,0 +1,578 @@
+#include "document/description.h"
+#include "document/themedocument.h"
+#include "document/themefields.h"
+#include "editor/aboutwindow.h"
+#include "editor/mainwindow.h"
+#include "editor/previewsurface.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+namespace {
+
+const QStringList allTimers = {
+    "tmrBGPreview", "tmrPreviewIBG", "tmrPreviewBlk", "tmrPreviewNext",
+    "tmrPreviewSW", "tmrPreviewExplosion", "tmrPreviewBomb",
+};
+const QStringList panels = {"picGeneral", "picIface", "picFields", "picBlocks", "picMisc", "picSound"};
+const QStringList menuItems = {"mnuGeneral", "mnuIface", "mnuBG", "mnuBLK", "mnuMisc", "mnuSounds"};
+
+} // namespace
+
+class MainWindowTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<ThemeDocument> doc;
+    std::unique_ptr<MainWindow> window;
+
+    template<typename T = QWidget>
+    T *control(const QString &name)
+    {
+        T *found = window->findChild<T *>(name);
+        if (!found)
+            qWarning("no control %s", qPrintable(name));
+        return found;
+    }
+
+    void startAllTimers()
+    {
+        for (const QString &name : allTimers)
+            control<QTimer>(name)->start();
+    }
+
+    QStringList runningTimers()
+    {
+        QStringList running;
+        for (const QString &name : allTimers) {
+            if (control<QTimer>(name)->isActive())
+                running << name;
+        }
+        return running;
+    }
+
+    // Frames nested in a section's frame take input only while the section is included.
+    void includeEverySection()
+    {
+        for (const char *key : includeSwitchKeys)
+            doc->setNumber(QLatin1StringView(key), 1);
+    }
+
+    int pixelsOf(int twips) { return qRound(twips * window->logicalDpiY() / 1440.0); }
+
+private slots:
+    void init()
+    {
+        doc = std::make_unique<ThemeDocument>();
+        window = std::make_unique<MainWindow>(*doc);
+        window->startUp();
+    }
+
+    void cleanup()
+    {
+        window.reset();
+        doc.reset();
+    }
+
+    void everyFieldHasItsControl()
+    {
+        for (const FieldSpec &field : themeFields())
+            QVERIFY2(control(QLatin1StringView(field.control)), field.control);
+        for (int i = 0; i < 12; ++i) {
+            QVERIFY(control(QStringLiteral("picPreviewColor(%1)").arg(i)));
+            QVERIFY(control(QStringLiteral("cmdBrowseColor(%1)").arg(i)));
+        }
+        for (int i = 0; i < 11; ++i) {
+            QVERIFY(control(QStringLiteral("cmdBrowseSound(%1)").arg(i)));
+            QVERIFY(control(QStringLiteral("cmdPlaySound(%1)").arg(i)));
+        }
+        for (int i = 0; i < 10; ++i)
+            QCOMPARE(control<QLabel>(QStringLiteral("lblIFace(%1)").arg(i))->buddy()->objectName(),
+                     QLatin1StringView(themeFields()[size_t(fieldIndex(QLatin1StringView(interfaceRowKeys[i])))].control));
+        for (const QString &name : allTimers) {
+            QCOMPARE(control<QTimer>(name)->interval(), 1);
+            QCOMPARE(control<QTimer>(name)->timerType(), Qt::PreciseTimer);
+        }
+    }
+
+    void startUpState()
+    {
+        QCOMPARE(window->objectName(), QStringLiteral("frmMain"));
+        QCOMPARE(window->windowTitle(), QStringLiteral("Stakko Theme Maker"));
+        QCOMPARE(window->currentPage(), MainWindow::Page::General);
+        QVERIFY(control<QAction>("mnuGeneral")->isChecked());
+        QCOMPARE(control<QComboBox>("cmbType")->currentText(), QStringLiteral("Theme Type 1"));
+        QVERIFY(control("txtResource")->isEnabled());
+        QVERIFY(!control("fraTheme0")->isEnabled());
+        QCOMPARE(control<QComboBox>("cmbFields")->currentText(), QStringLiteral("Background"));
+        QCOMPARE(control<QComboBox>("cmbBlocks")->currentText(), QStringLiteral("Game Blocks"));
+        QCOMPARE(control<QComboBox>("cmbMisc")->currentText(), QStringLiteral("Explosion"));
+        QCOMPARE(control<QLineEdit>("txtThemeName")->text(), QStringLiteral("Stakko Theme"));
+        QCOMPARE(control<QLineEdit>("txtBGDelay")->text(), QStringLiteral("10"));
+        QVERIFY(!doc->isDirty());
+        QVERIFY(doc->packageFolderTail().isEmpty());
+        QVERIFY(doc->musicFolder().isEmpty());
+        QVERIFY(runningTimers().isEmpty());
+    }
+
+    void soundStartsOverAPreparedEditor()
+    {
+        ThemeDocument otherDoc;
+        otherDoc.setMusicFolder(QStringLiteral("C:\\music\\"));
+        MainWindow other(otherDoc);
+        int calls = 0;
+        other.setInitSound([&](const EditorConfig &config) {
+            ++calls;
+            QVERIFY(!otherDoc.isDirty());
+            QVERIFY(otherDoc.musicFolder().isEmpty());
+            QCOMPARE(other.currentPage(), MainWindow::Page::General);
+            QVERIFY(config.frequency > 0);
+        });
+        other.startUp();
+        QCOMPARE(calls, 1);
+    }
+
+    void pageSwitching_data()
+    {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<bool>("byMenu");
+        QTest::addColumn<int>("heightTwips");
+        const int heights[] = {6475, 6475, 7315, 6475, 6475, 6475};
+        for (int page = 0; page < 6; ++page) {
+            QTest::addRow("%s by tab", qPrintable(panels[page])) << page << false << heights[page];
+            QTest::addRow("%s by menu", qPrintable(panels[page])) << page << true << heights[page];
+        }
+    }
+
+    void pageSwitching()
+    {
+        QFETCH(int, page);
+        QFETCH(bool, byMenu);
+        QFETCH(int, heightTwips);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        // Start from another page so the switch has something to change.
+        window->showPage(page == 3 ? MainWindow::Page::Misc : MainWindow::Page::Blocks);
+
+        if (byMenu)
+            control<QAction>(menuItems[page])->trigger();
+        else
+            control<QTabBar>("tabMain")->setCurrentIndex(page);
+
+        QCOMPARE(int(window->currentPage()), page);
+        for (int i = 0; i < 6; ++i) {
+            QCOMPARE(control(panels[i])->isVisible(), i == page);
+            QCOMPARE(control<QAction>(menuItems[i])->isChecked(), i == page);
+        }
+        QCOMPARE(control<QTabBar>("tabMain")->currentIndex(), page);
+        // The page must fit below a desktop's title bar, not just in a frameless window.
+        const int titleBar = 32;
+        QVERIFY2(window->minimumSizeHint().height() <= pixelsOf(heightTwips) - titleBar,
+                 qPrintable(QString::number(window->minimumSizeHint().height())));
+        QCOMPARE(window->frameGeometry().height(), pixelsOf(heightTwips));
+        QTest::qWait(20); // the height is applied again once the frame is known
+        QCOMPARE(window->frameGeometry().height(), pixelsOf(heightTwips));
+    }
+
+    void pageTimers_data()
+    {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QStringList>("keepRunning");
+        QTest::newRow("General") << 0 << QStringList{};
+        QTest::newRow("Interface") << 1 << QStringList{};
+        QTest::newRow("Background") << 2 << QStringList{"tmrBGPreview", "tmrPreviewIBG"};
+        QTest::newRow("Blocks") << 3 << QStringList{"tmrPreviewIBG", "tmrPreviewBlk", "tmrPreviewNext", "tmrPreviewSW"};
+        QTest::newRow("Misc") << 4 << QStringList{"tmrPreviewExplosion", "tmrPreviewBomb"};
+        QTest::newRow("Sounds") << 5 << QStringList{};
+    }
+
+    void pageTimers()
+    {
+        QFETCH(int, page);
+        QFETCH(QStringList, keepRunning);
+        startAllTimers();
+        window->showPage(MainWindow::Page(page));
+        QCOMPARE(runningTimers(), keepRunning);
+    }
+
+    void backgroundRoundTripThroughBlocks()
+    {
+        window->showPage(MainWindow::Page::Background);
+        control<QTimer>("tmrPreviewIBG")->start();
+        control<QTimer>("tmrBGPreview")->start();
+        window->showPage(MainWindow::Page::Blocks);
+        window->showPage(MainWindow::Page::Background);
+        QCOMPARE(runningTimers(), QStringList{"tmrPreviewIBG"});
+    }
+
+    void dataSets_data()
+    {
+        QTest::addColumn<QString>("selector");
+        QTest::addColumn<int>("choice");
+        QTest::addColumn<QStringList>("shown");
+        QTest::addColumn<QStringList>("hidden");
+        QTest::addColumn<QStringList>("stopped");
+        QTest::newRow("Background") << "cmbFields" << 0 << QStringList{"fraBackground", "chkBG"}
+                                    << QStringList{"fraIBG", "chkIBG"} << QStringList{"tmrPreviewIBG"};
+        QTest::newRow("Internet Background") << "cmbFields" << 1 << QStringList{"fraIBG", "chkIBG"}
+                                             << QStringList{"fraBackground", "chkBG"} << QStringList{"tmrBGPreview"};
+        QTest::newRow("Game Blocks") << "cmbBlocks" << 0 << QStringList{"fraBlocks", "chkBlk"}
+                                     << QStringList{"fraNext", "chkNext", "fraSW", "chkSW"}
+                                     << QStringList{"tmrPreviewNext", "tmrPreviewSW"};
+        QTest::newRow("Next Block Window") << "cmbBlocks" << 1 << QStringList{"fraNext", "chkNext"}
+                                           << QStringList{"fraBlocks", "chkBlk", "fraSW", "chkSW"}
+                                           << QStringList{"tmrPreviewBlk", "tmrPreviewSW"};
+        QTest::newRow("Special Window") << "cmbBlocks" << 2 << QStringList{"fraSW", "chkSW"}
+                                        << QStringList{"fraBlocks", "chkBlk", "fraNext", "chkNext"}
+                                        << QStringList{"tmrPreviewBlk", "tmrPreviewNext"};
+        const QStringList misc = {"fraExplosion", "chkExplosion", "fraBomb", "chkBomb",
+                                  "fraColor", "chkColor", "fraMImg", "chkMImg"};
+        auto others = [&misc](int skip) {
+            QStringList rest = misc;
+            rest.remove(skip * 2, 2);
+            return rest;
+        };
+        QTest::newRow("Explosion") << "cmbMisc" << 0 << misc.mid(0, 2) << others(0) << QStringList{"tmrPreviewBomb"};
+        QTest::newRow("Block Bomb") << "cmbMisc" << 1 << misc.mid(2, 2) << others(1)
+                                    << QStringList{"tmrPreviewExplosion"};
+        QTest::newRow("Theme Colors") << "cmbMisc" << 2 << misc.mid(4, 2) << others(2)
+                                      << QStringList{"tmrPreviewExplosion", "tmrPreviewBomb"};
+        QTest::newRow("Misc. Images") << "cmbMisc" << 3 << misc.mid(6, 2) << others(3)
+                                      << QStringList{"tmrPreviewExplosion", "tmrPreviewBomb"};
+    }
+
+    void dataSets()
+    {
+        QFETCH(QString, selector);
+        QFETCH(int, choice);
+        QFETCH(QStringList, shown);
+        QFETCH(QStringList, hidden);
+        QFETCH(QStringList, stopped);
+        auto *combo = control<QComboBox>(selector);
+        // Move away first so the wanted choice is a real change.
+        combo->setCurrentIndex(choice == 0 ? 1 : 0);
+        startAllTimers();
+
+        combo->setCurrentIndex(choice);
+
+        for (const QString &name : shown)
+            QVERIFY2(!control(name)->isHidden(), qPrintable(name));
+        for (const QString &name : hidden)
+            QVERIFY2(control(name)->isHidden(), qPrintable(name));
+        QStringList expectedRunning = allTimers;
+        for (const QString &name : stopped)
+            expectedRunning.removeOne(name);
+        QCOMPARE(runningTimers(), expectedRunning);
+        QVERIFY(!doc->isDirty());
+    }
+
+    void themeTypeSelector_data()
+    {
+        QTest::addColumn<int>("choice");
+        QTest::addColumn<bool>("fromDocument");
+        QTest::newRow("author picks Type 0") << 0 << false;
+        QTest::newRow("author picks Type 1") << 1 << false;
+        QTest::newRow("loader sets Type 0") << 0 << true;
+        QTest::newRow("loader sets Type 1") << 1 << true;
+    }
+
+    void themeTypeSelector()
+    {
+        QFETCH(int, choice);
+        QFETCH(bool, fromDocument);
+        auto *type = control<QComboBox>("cmbType");
+        type->setCurrentIndex(1 - choice);
+        doc->setDirty(false);
+
+        if (fromDocument)
+            doc->setNumber(u"themetype", choice);
+        else
+            type->setCurrentIndex(choice);
+
+        QCOMPARE(type->currentIndex(), choice);
+        QCOMPARE(doc->number(u"themetype"), choice);
+        QCOMPARE(control("txtResource")->isEnabled(), choice == 1);
+        QCOMPARE(control("cmdBrowseResource")->isEnabled(), choice == 1);
+        QCOMPARE(control("fraTheme0")->isEnabled(), choice == 0);
+        QVERIFY(doc->isDirty());
+    }
+
+    void typeChoiceHandlerMarksChangedEvenWithoutMove()
+    {
+        doc->setDirty(false);
+        window->applyThemeTypeChoice();
+        QVERIFY(doc->isDirty());
+    }
+
+    void switchedFrames_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("frame");
+        const char *rows[][2] = {
+            {"chkBG", "fraBackground"}, {"chkIBG", "fraIBG"}, {"chkBlk", "fraBlocks"},
+            {"chkNext", "fraNext"}, {"chkSW", "fraSW"}, {"chkExplosion", "fraExplosion"},
+            {"chkBomb", "fraBomb"}, {"chkColor", "fraColor"}, {"chkMImg", "fraMImg"},
+            {"chkIface", "fraIface"}, {"chkSounds", "fraSound"}, {"chkMusic", "fraMusic"},
+            {"chkBGAni", "fraBGAni"}, {"chkIBGAni", "fraIBGAni"}, {"chkNextAni", "fraNextAni"},
+            {"chkSWAni", "fraSWAni"}, {"chkBlkAni", "fraBlkAni"}, {"chkSpecAni", "fraBlkAni"},
+            {"chkInetBlkAni", "fraBlkAni"}, {"chkInetSpecAni", "fraBlkAni"},
+        };
+        for (const auto &row : rows)
+            QTest::newRow(row[0]) << row[0] << row[1];
+    }
+
+    void switchedFrames()
+    {
+        QFETCH(QString, box);
+        QFETCH(QString, frame);
+        auto *check = control<QCheckBox>(box);
+        const QString key = QLatin1StringView(themeFields()[size_t(fieldIndexOfControl(box))].key);
+        QVERIFY(!control(frame)->isEnabled());
+        if (!key.startsWith(QLatin1StringView("include")))
+            includeEverySection();
+
+        check->click();
+        QVERIFY(control(frame)->isEnabled());
+        QCOMPARE(doc->number(key), 1);
+        QVERIFY(doc->isDirty());
+
+        check->click();
+        QVERIFY(!control(frame)->isEnabled());
+        QCOMPARE(doc->number(key), 0);
+
+        doc->setNumber(key, 2); // only a loaded file greys a switch
+        QCOMPARE(check->checkState(), Qt::PartiallyChecked);
+        QVERIFY(!control(frame)->isEnabled());
+
+        doc->setNumber(key, 1);
+        QVERIFY(control(frame)->isEnabled());
+    }
+
+    void anyBlockAnimationSwitchOpensSettings()
+    {
+        includeEverySection();
+        const QStringList boxes = {"chkBlkAni", "chkSpecAni", "chkInetBlkAni", "chkInetSpecAni"};
+        for (const QString &name : boxes)
+            control<QCheckBox>(name)->click();
+        for (int i = 0; i < boxes.size() - 1; ++i) {
+            control<QCheckBox>(boxes[i])->click();
+            QVERIFY2(control("fraBlkAni")->isEnabled(), qPrintable(boxes[i]));
+        }
+        control<QCheckBox>(boxes.last())->click();
+        QVERIFY(!control("fraBlkAni")->isEnabled());
+    }
+
+    void greyedSwitchIsLeftByAClickAndNeverReturns()
+    {
+        includeEverySection();
+        doc->setNumber(u"bganimated", 1);
+        auto *check = control<QCheckBox>("chkBGReverse");
+        doc->setNumber(u"bgreverseanimation", 2);
+        QCOMPARE(check->checkState(), Qt::PartiallyChecked);
+        check->click();
+        QCOMPARE(doc->number(u"bgreverseanimation"), 1);
+        check->click();
+        QCOMPARE(doc->number(u"bgreverseanimation"), 0);
+        check->click();
+        QCOMPARE(doc->number(u"bgreverseanimation"), 1);
+    }
+
+    void resetStopsTimersAndClosesFrames()
+    {
+        control<QCheckBox>("chkBG")->click();
+        control<QCheckBox>("chkBGAni")->click();
+        startAllTimers();
+        doc->resetTheme();
+        QVERIFY(runningTimers().isEmpty());
+        QVERIFY(!control("fraBackground")->isEnabled());
+        QVERIFY(!control("fraBGAni")->isEnabled());
+        QVERIFY(!control<QCheckBox>("chkBG")->isChecked());
+    }
+
+    void documentChangesShowInControls_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("controlName");
+        QTest::newRow("name") << "name" << "txtThemeName";
+        QTest::newRow("root box") << "bgfilename" << "txtBGRoot";
+        QTest::newRow("colour row") << "colortheme" << "txtColor(3)";
+        QTest::newRow("misc row") << "teamfont" << "txtMiscImage(7)";
+        QTest::newRow("shield sound") << "holyshield" << "txtShieldSound";
+        QTest::newRow("music") << "midi" << "txtMusic";
+    }
+
+    void documentChangesShowInControls()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, controlName);
+        doc->setText(key, QStringLiteral("C:\\Art\\bg1.bmp"));
+        QCOMPARE(control<QLineEdit>(controlName)->text(), QStringLiteral("C:\\Art\\bg1.bmp"));
+    }
+
+    void typingEditsTheDocument_data()
+    {
+        QTest::addColumn<QString>("controlName");
+        QTest::addColumn<QString>("key");
+        QTest::newRow("author") << "txtAuthor" << "developer";
+        QTest::newRow("frame count") << "txtBGNum" << "bgframecount";
+        QTest::newRow("interface row") << "txtIMain" << "ifacemain";
+        QTest::newRow("sound row") << "txtRotate" << "rotate";
+        QTest::newRow("colour row") << "txtColor(0)" << "colortitle";
+    }
+
+    void typingEditsTheDocument()
+    {
+        QFETCH(QString, controlName);
+        QFETCH(QString, key);
+        includeEverySection();
+        doc->setNumber(u"bganimated", 1);
+        auto *edit = control<QLineEdit>(controlName);
+        edit->clear();
+        doc->setDirty(false);
+        QTest::keyClicks(edit, QStringLiteral("25"));
+        QCOMPARE(doc->value(key), QStringLiteral("25"));
+        QVERIFY(doc->isDirty());
+    }
+
+    void excludedSectionTakesNoTyping()
+    {
+        auto *edit = control<QLineEdit>("txtIMain");
+        doc->setDirty(false);
+        QTest::keyClicks(edit, QStringLiteral("main.bmp"));
+        QCOMPARE(doc->value(u"ifacemain"), QString());
+        QVERIFY(!doc->isDirty());
+    }
+
+    void rootAndExtensionBoxesAreProgramFilled()
+    {
+        for (const char *name : {"txtBGRoot", "txtBGExt", "txtIBGRoot", "txtIBGExt", "txtBlkRoot", "txtBlkExt",
+                                 "txtNextRoot", "txtNextExt", "txtSWRoot", "txtSWExt", "txtExplosionRoot",
+                                 "txtExplosionExt", "txtBombRoot", "txtBombExt"}) {
+            auto *box = control<QLineEdit>(name);
+            QVERIFY2(box->isReadOnly(), name);
+            QCOMPARE(box->palette().color(QPalette::Base), box->palette().color(QPalette::Window));
+        }
+    }
+
+    void descriptionKeepsItsLines()
+    {
+        auto *text = control<QPlainTextEdit>("txtDescription");
+        doc->setText(u"description", QStringLiteral("//one\r\n//two\r\n"));
+        QCOMPARE(text->toPlainText(), QStringLiteral("//one\n//two\n"));
+        QCOMPARE(doc->value(u"description"), QStringLiteral("//one\r\n//two\r\n"));
+        doc->setDirty(false);
+        text->setPlainText(QStringLiteral("typed"));
+        QCOMPARE(doc->value(u"description"), QStringLiteral("typed"));
+        QVERIFY(doc->isDirty());
+    }
+
+    void generateDescriptionFillsTheDescription()
+    {
+        doc->setText(u"name", QStringLiteral("Neon"));
+        control<QPushButton>("cmdGenerateDescription")->click();
+        QCOMPARE(doc->value(u"description"), generateDescription(*doc));
+        QVERIFY(doc->value(u"description").contains(QStringLiteral("Neon")));
+    }
+
+    void swatchesFollowTheDocument()
+    {
+        doc->setSwatch(4, 0x0000FFu); // red in the low byte
+        auto *swatch = control<PreviewSurface>(QStringLiteral("picPreviewColor(4)"));
+        QCOMPARE(swatch->fillColor(), QColor(255, 0, 0));
+        const QImage shot = swatch->grab().toImage();
+        QCOMPARE(QColor(shot.pixel(10, 10)), QColor(255, 0, 0));
+    }
+
+    void pageAndSelectorsLeaveDirtyAlone()
+    {
+        for (int page = 0; page < 6; ++page)
+            window->showPage(MainWindow::Page(page));
+        control<QComboBox>("cmbMisc")->setCurrentIndex(3);
+        control<QComboBox>("cmbFields")->setCurrentIndex(1);
+        QVERIFY(!doc->isDirty());
+        control<QLineEdit>("txtVersion")->setText(QStringLiteral("2.0"));
+        QVERIFY(doc->isDirty());
+    }
+
+    void closeGuardCanKeepTheWindowOpen()
+    {
+        window->show();
+        bool allow = false;
+        int asked = 0;
+        window->setCloseGuard([&] {
+            ++asked;
+            return allow;
+        });
+        control<QAction>("mnuExit")->trigger();
+        QVERIFY(window->isVisible());
+        allow = true;
+        QVERIFY(window->close());
+        QCOMPARE(asked, 2);
+        QVERIFY(!window->isVisible());
+    }
+
+    void aboutWindow()
+    {
+        QCOMPARE(AboutWindow::versionLine(), QStringLiteral("Version %1.%2.%3")
+                                                 .arg(STAKKO_VERSION_MAJOR)
+                                                 .arg(STAKKO_VERSION_MINOR)
+                                                 .arg(STAKKO_VERSION_PATCH));
+        control<QAction>("mnuAbout")->trigger();
+        QPointer<AboutWindow> about = window->aboutWindow();
+        QVERIFY(about);
+        QCOMPARE(about->objectName(), QStringLiteral("frmAbout"));
+        QCOMPARE(about->windowTitle(), QStringLiteral("About Stakko Theme Maker"));
+        QCOMPARE(about->findChild<QLabel *>("lblVersion")->text(), AboutWindow::versionLine());
+        QCOMPARE(about->findChild<QLabel *>("lblTitle")->text(), QStringLiteral("Stakko Theme Maker"));
+        QCOMPARE(about->findChild<QLabel *>("lblDescription")->text().count(QLatin1Char('\n')), 1);
+        QVERIFY(about->findChild<QLabel *>("lblLink")->text().contains(QStringLiteral(STAKKO_WEB_ADDRESS)));
+        QVERIFY(!about->isModal());
+
+        control<QAction>("mnuAbout")->trigger();
+        QCOMPARE(window->aboutWindow(), about.data());
+        int open = 0;
+        for (QWidget *top : QApplication::topLevelWidgets())
+            open += qobject_cast<AboutWindow *>(top) ? 1 : 0;
+        QCOMPARE(open, 1);
+    }
+
+    void aboutWindowCloses_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::newRow("Enter") << int(Qt::Key_Return);
+        QTest::newRow("Esc") << int(Qt::Key_Escape);
+        QTest::newRow("OK") << 0;
+    }
+
+    void aboutWindowCloses()
+    {
+        QFETCH(int, key);
+        window->showAbout();
+        QPointer<AboutWindow> about = window->aboutWindow();
+        QVERIFY(QTest::qWaitForWindowExposed(about.data()));
+        if (key)
+            QTest::keyClick(about.data(), Qt::Key(key));
+        else
+            about->findChild<QPushButton *>("cmdOK")->click();
+        QTRY_VERIFY(!about); // unloaded: the next About loads afresh
+        window->showAbout();
+        QVERIFY(window->aboutWindow());
+        QVERIFY(window->aboutWindow()->isVisible());
+    }
+};
+
+QTEST_MAIN(MainWindowTest)
+#include "tst_mainwindow.moc"
