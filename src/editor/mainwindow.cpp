@@ -280,11 +280,15 @@ QWidget *MainWindow::buildPageArea()
 
 void MainWindow::bindFields()
 {
+    for (const SwitchedFrame &row : switchedFrames)
+        m_switchedFrames << findChild<QWidget *>(QLatin1StringView(row.frame));
     const auto fields = themeFields();
+    for (const FieldSpec &field : fields) {
+        m_controls << findChild<QWidget *>(QLatin1StringView(field.control));
+        Q_ASSERT_X(m_controls.last(), "MainWindow::bindFields", field.control);
+    }
     for (int i = 0; i < int(fields.size()); ++i) {
-        const QLatin1StringView name(fields[size_t(i)].control);
-        QWidget *control = findChild<QWidget *>(name);
-        Q_ASSERT_X(control, "MainWindow::bindFields", fields[size_t(i)].control);
+        QWidget *control = m_controls.at(i);
         if (auto *edit = qobject_cast<QLineEdit *>(control)) {
             connect(edit, &QLineEdit::textChanged, this, [this, i](const QString &text) {
                 if (!m_showingField)
@@ -312,7 +316,7 @@ void MainWindow::bindFields()
 void MainWindow::showFieldValue(int index)
 {
     const FieldSpec &field = themeFields()[size_t(index)];
-    QWidget *control = findChild<QWidget *>(QLatin1StringView(field.control));
+    QWidget *control = m_controls.at(index);
     const QString value = m_doc.value(index);
     m_showingField = true;
     if (auto *edit = qobject_cast<QLineEdit *>(control)) {
@@ -348,13 +352,13 @@ void MainWindow::bindSwatches()
 
 void MainWindow::refreshSwitchedFrames()
 {
-    for (const SwitchedFrame &row : switchedFrames) {
+    for (int i = 0; i < int(std::size(switchedFrames)); ++i) {
         bool on = false;
-        for (const char *key : row.switches) {
+        for (const char *key : switchedFrames[i].switches) {
             if (key && m_doc.isOn(QLatin1StringView(key)))
                 on = true;
         }
-        findChild<QWidget *>(QLatin1StringView(row.frame))->setEnabled(on);
+        m_switchedFrames.at(i)->setEnabled(on);
     }
 }
 

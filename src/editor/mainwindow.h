@@ -93,6 +93,8 @@ private:
     QAction *m_pageActions[pageCount] = {};
     QTimer *m_timers[7] = {};
     QComboBox *m_type = nullptr;
+    QList<QWidget *> m_controls;        // by field index
+    QList<QWidget *> m_switchedFrames;  // by row of the switched-frame table
     QPointer<AboutWindow> m_about;
     EditorConfig m_config;
     std::function<void(const EditorConfig &)> m_initSound;

@@ -1,0 +1,103 @@
+// Start-up time of the editor against the plainest Qt window: each run is a fresh process
+// that exits once its window has painted. Prints the medians and their ratio (target <= 1.5).
+
+#include "document/themedocument.h"
+#include "editor/mainwindow.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QProcess>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr int runs = 7;
+constexpr double target = 1.5;
+
+/** Ends the application at the first paint event any widget receives. */
+class FirstPaint : public QObject
+{
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && !m_seen) {
+            m_seen = true;
+            QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bool m_seen = false;
+};
+
+int runChild(int argc, char *argv[], const QByteArray &mode)
+{
+    QApplication app(argc, argv);
+    FirstPaint watcher;
+    app.installEventFilter(&watcher);
+    ThemeDocument doc;
+    std::unique_ptr<QWidget> window;
+    if (mode == "editor") {
+        auto main = std::make_unique<MainWindow>(doc);
+        main->startUp();
+        window = std::move(main);
+    } else {
+        window = std::make_unique<QWidget>();
+        window->resize(500, 430);
+        // The labelled baseline pays the first font load that any window with text pays.
+        if (mode == "label")
+            new QLabel(QStringLiteral("Stakko Theme Maker"), window.get());
+    }
+    window->show();
+    return app.exec();
+}
+
+double medianMs(const QString &program, const QString &mode)
+{
+    std::vector<double> times;
+    for (int i = 0; i < runs; ++i) {
+        QProcess child;
+        child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        QElapsedTimer clock;
+        clock.start();
+        child.start(program, {QStringLiteral("--child"), mode});
+        if (!child.waitForFinished(60000) || child.exitCode() != 0) {
+            std::fprintf(stderr, "%s run failed\n", qPrintable(mode));
+            return -1;
+        }
+        times.push_back(clock.nsecsElapsed() / 1e6);
+    }
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (argc == 3 && qstrcmp(argv[1], "--child") == 0)
+        return runChild(argc, argv, QByteArray(argv[2]));
+
+    QCoreApplication app(argc, argv);
+    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    const QString self = QCoreApplication::applicationFilePath();
+    medianMs(self, QStringLiteral("minimal")); // warm the file cache for both
+    const double minimal = medianMs(self, QStringLiteral("minimal"));
+    const double labelled = medianMs(self, QStringLiteral("label"));
+    const double editor = medianMs(self, QStringLiteral("editor"));
+    if (minimal <= 0 || labelled <= 0 || editor <= 0)
+        return 1;
+    const double ratio = editor / minimal;
+    std::printf("start-up to first paint, median of %d: minimal window %.1f ms, editor %.1f ms\n", runs, minimal,
+                editor);
+    std::printf("ratio editor/minimal: %.2f (target <= %.1f) %s\n", ratio, target, ratio <= target ? "OK" : "SLOW");
+    std::printf("ratio editor/window with one label: %.2f (%.1f ms)\n", editor / labelled, labelled);
+    return 0;
+}
