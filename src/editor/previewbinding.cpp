@@ -1,0 +1,116 @@
+#include "editor/previewbinding.h"
+
+#include "editor/previewsurface.h"
+#include "preview/loadprogress.h"
+
+#include <QAbstractButton>
+#include <QProgressDialog>
+#include <QTimer>
+#include <QWidget>
+
+namespace {
+
+/** Long frame loads show a window-modal progress dialog with a Cancel button. */
+class ProgressDialogReporter : public LoadProgress
+{
+public:
+    explicit ProgressDialogReporter(QWidget *window) : m_window(window) {}
+
+    void begin(const QString &caption, qint64 total) override
+    {
+        // The dialog counts in int; scale very long loads down to fit.
+        m_scale = std::max<qint64>(1, total / std::numeric_limits<int>::max() + 1);
+        m_dialog = new QProgressDialog(QStringLiteral("Loading %1 frames...").arg(caption),
+                                       QStringLiteral("Cancel"), 0, int(total / m_scale),
+                                       m_window);
+        m_dialog->setWindowTitle(QStringLiteral("Preview"));
+        m_dialog->setWindowModality(Qt::WindowModal);
+        m_dialog->setMinimumDuration(0); // half a second has already passed
+        m_dialog->setAutoClose(false);
+        m_dialog->setAutoReset(false);
+    }
+
+    bool update(qint64 done) override
+    {
+        if (!m_dialog)
+            return true;
+        m_dialog->setValue(int(done / m_scale)); // also lets the Cancel click through
+        return !m_dialog->wasCanceled();
+    }
+
+    void end() override
+    {
+        delete m_dialog.data();
+    }
+
+private:
+    QWidget *m_window;
+    QPointer<QProgressDialog> m_dialog;
+    qint64 m_scale = 1;
+};
+
+} // namespace
+
+PreviewBinding::PreviewBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialogs)
+    : QObject(&window)
+    , m_window(window)
+    , m_frames(doc, dialogs, m_loading)
+    , m_stills(doc, dialogs, m_loading)
+    , m_progress(std::make_unique<ProgressDialogReporter>(&window))
+{
+    m_frames.setProgress(m_progress.get());
+    bindAnimations();
+    bindStills();
+}
+
+PreviewBinding::~PreviewBinding()
+{
+    m_frames.setProgress(nullptr);
+}
+
+template<typename Handler>
+void PreviewBinding::onClick(const QString &button, Handler handler)
+{
+    if (auto *control = m_window.findChild<QAbstractButton *>(button))
+        connect(control, &QAbstractButton::clicked, this, handler);
+}
+
+void PreviewBinding::bindAnimations()
+{
+    for (int element = 0; element < AnimatedElementCount; ++element) {
+        const AnimatedElement &e = animatedElements[element];
+        if (auto *timer = m_window.findChild<QTimer *>(QLatin1StringView(e.timer)))
+            m_frames.attachTimer(element, timer);
+        onClick(QLatin1StringView(e.button), [this, element] { m_frames.startFramePreview(element); });
+        m_surfaces[size_t(element)] = m_window.findChild<PreviewSurface *>(QLatin1StringView(e.surface));
+    }
+    connect(&m_frames, &FramePreviews::surfaceChanged, this,
+            [this](int element, const QImage &image) {
+                if (PreviewSurface *surface = m_surfaces[size_t(element)])
+                    surface->setImage(image);
+            });
+}
+
+void PreviewBinding::bindStills()
+{
+    const auto indexed = [](const char *name, int i) {
+        return QStringLiteral("%1(%2)").arg(QLatin1StringView(name)).arg(i);
+    };
+    for (int i = 0; i < 10; ++i)
+        onClick(indexed("cmdPreviewIface", i), [this, i] { m_stills.showInterfaceScreenPreview(i); });
+    for (int i = 0; i < 8; ++i)
+        onClick(indexed("cmdPreviewMisc", i), [this, i] { m_stills.showMiscImagePreview(i); });
+    for (int i = 0; i < 12; ++i)
+        onClick(indexed("cmdBrowseColor", i), [this, i] { m_stills.chooseThemeColor(i); });
+
+    const auto show = [this](const char *display) {
+        QPointer<PreviewSurface> surface =
+            m_window.findChild<PreviewSurface *>(QLatin1StringView(display));
+        return [surface](const QImage &picture) {
+            if (surface)
+                surface->setImage(picture);
+        };
+    };
+    connect(&m_stills, &StillPreviews::interfacePictureChanged, this, show("imgIPreview"));
+    connect(&m_stills, &StillPreviews::miscPictureChanged, this, show("imgPreviewMisc"));
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "preview/framepreviews.h"
+#include "preview/loadingsurface.h"
+#include "preview/stillpreviews.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <array>
+#include <memory>
+
+class Dialogs;
+class LoadProgress;
+class PreviewSurface;
+class QWidget;
+class ThemeDocument;
+
+/**
+ * Connects the preview controls of the main window to the preview engines: the Preview
+ * buttons, the seven preview timers (which the window's page switches stop), the preview
+ * surfaces, the two still-image displays and the colour buttons. Controls are found by
+ * their object names; one that is missing is simply not connected.
+ */
+class PreviewBinding : public QObject
+{
+    Q_OBJECT
+
+public:
+    PreviewBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialogs);
+    ~PreviewBinding() override;
+
+    FramePreviews &frames() { return m_frames; }
+    StillPreviews &stills() { return m_stills; }
+
+private:
+    void bindAnimations();
+    void bindStills();
+    template<typename Handler>
+    void onClick(const QString &button, Handler handler);
+
+    QWidget &m_window;
+    LoadingSurface m_loading;
+    FramePreviews m_frames;
+    StillPreviews m_stills;
+    std::unique_ptr<LoadProgress> m_progress;
+    // Looked up once: a frame change must not search the whole window.
+    std::array<QPointer<PreviewSurface>, AnimatedElementCount> m_surfaces;
+};
