@@ -1,0 +1,126 @@
+#include "editor/fieldbrowsing.h"
+
+#include "document/dialogs.h"
+#include "document/themedocument.h"
+#include "document/themefields.h"
+#include "package/resourcepackage.h"
+
+#include <iterator>
+
+namespace {
+
+QString withForwardSlashes(QString path)
+{
+    return path.replace(QLatin1Char('\\'), QLatin1Char('/'));
+}
+
+// The browse dialog of a package-relative row; "" when cancelled.
+QString browseInPackage(ThemeDocument &doc, Dialogs &dialogs, QLatin1StringView filter)
+{
+    const QString chosen = browseForFile(dialogs, filter, doc.packageFolder());
+    return makeThemeRelative(chosen, doc.packageFolderTail());
+}
+
+bool browseIntoField(ThemeDocument &doc, Dialogs &dialogs, QLatin1StringView filter, const char *key)
+{
+    const QString result = browseInPackage(doc, dialogs, filter);
+    if (result.isEmpty())
+        return false;
+    doc.setText(QLatin1StringView(key), result);
+    return true;
+}
+
+template<typename Table>
+const char *rowKey(const Table &keys, int row)
+{
+    if (row < 0 || row >= int(std::size(keys)))
+        return nullptr;
+    return keys[row];
+}
+
+} // namespace
+
+QString makeThemeRelative(const QString &path, const QString &packageFolderTail)
+{
+    if (packageFolderTail.isEmpty())
+        return path;
+    // Replacing one character by one keeps positions, so the match indexes the original path.
+    const qsizetype at = withForwardSlashes(path).indexOf(withForwardSlashes(packageFolderTail), 0,
+                                                          Qt::CaseInsensitive);
+    if (at < 0)
+        return path;
+    return path.mid(at + packageFolderTail.size());
+}
+
+std::optional<FrameFileName> splitFrameFileName(const QString &name)
+{
+    const qsizetype dot = name.indexOf(QLatin1Char('.'));
+    if (dot < 0)
+        return std::nullopt;
+    // A name starting with "." has no frame number to drop; its root stays empty.
+    return FrameFileName{name.left(qMax<qsizetype>(dot - 1, 0)), name.mid(dot + 1)};
+}
+
+QString browseForFile(Dialogs &dialogs, const QString &filter, const QString &initialFolder)
+{
+    return dialogs.openFileName(filter, initialFolder);
+}
+
+bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int row)
+{
+    if (row < 0 || row >= int(std::size(animatedBrowseRows)))
+        return false;
+    const AnimatedBrowseRow &r = animatedBrowseRows[row];
+    if (!browseIntoField(doc, dialogs, imageFilter, r.imageKey))
+        return false;
+    if (const auto split = splitFrameFileName(doc.value(QLatin1StringView(r.imageKey)))) {
+        doc.setText(QLatin1StringView(r.rootKey), split->root);
+        doc.setText(QLatin1StringView(r.extensionKey), split->extension);
+    }
+    return true;
+}
+
+bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, int row)
+{
+    const char *key = rowKey(interfaceRowKeys, row);
+    return key && browseIntoField(doc, dialogs, imageFilter, key);
+}
+
+bool browseMiscImage(ThemeDocument &doc, Dialogs &dialogs, int row)
+{
+    const char *key = rowKey(miscImageKeys, row);
+    return key && browseIntoField(doc, dialogs, imageFilter, key);
+}
+
+bool browseSkinFile(ThemeDocument &doc, Dialogs &dialogs)
+{
+    return browseIntoField(doc, dialogs, imageFilter, "skinfile");
+}
+
+bool browseSound(ThemeDocument &doc, Dialogs &dialogs, int row)
+{
+    const char *key = rowKey(soundRowKeys, row);
+    return key && browseIntoField(doc, dialogs, soundFilter, key);
+}
+
+bool browseMusic(ThemeDocument &doc, Dialogs &dialogs)
+{
+    const QString chosen = browseForFile(dialogs, musicFilter, doc.packageFolder());
+    const QString result = makeThemeRelative(chosen, doc.packageFolderTail());
+    if (result.isEmpty())
+        return false;
+    doc.setText(u"midi", result);
+    doc.setMusicFolder(result == chosen ? QString() : doc.packageFolder());
+    return true;
+}
+
+bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs)
+{
+    const QString chosen = browseForFile(dialogs, zipFilter, QString());
+    if (chosen.isEmpty())
+        return false;
+    const PackageLocation location = extractResourcePackage(chosen, dialogs);
+    doc.setPackageFolder(location.folder, location.tail);
+    doc.setText(u"resourcefile", chosen);
+    return true;
+}

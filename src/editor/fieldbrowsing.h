@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QLatin1StringView>
+#include <QString>
+
+#include <optional>
+
+class Dialogs;
+class ThemeDocument;
+
+// Open-dialog filters in the "Description|pattern|...|" form the Dialogs interface takes.
+inline constexpr QLatin1StringView imageFilter{
+    "Bitmap Graphic (*.bmp)|*.bmp|JPEG Graphic (*.jpg)|*.jpg|All Files(*.*)|*.*|"};
+inline constexpr QLatin1StringView soundFilter{"Wave Sound (*.wav)|*.WAV|"};
+inline constexpr QLatin1StringView musicFilter{
+    "All Supported Sound Files|*.MP3;*.MP2;*.XM;*.IT;*.WAV;*.S3M;*.MOD;*.OGG;*.WMA;*.ASF;*.MID;*.MIDI|"
+    "MPEG Audio File (*.MP3, *.MP2)|*.MP3;*.MP2|Midi File(*.MID, *.MIDI)|*.MID;*.MIDI|"
+    "Mod Files (*.XM, *.MOD, *.S3M, *.IT)|*.XM; *.MOD; *.S3M; *.IT|"
+    "Windows Media Audio(*.WMA, *.ASF)|*.WMA;*.ASF|Ogg Vorbis(*.OGG)|*.OGG|Wave File(*.WAV)|*.WAV|"
+    "All Files(*.*)|*.*|"};
+inline constexpr QLatin1StringView zipFilter{"Zip File (*.zip)|*.ZIP|"};
+
+/**
+ * \a path with everything up to and including the package folder tail cut off, when the tail
+ * occurs in it (letter case ignored, "/" and "\" count as the same separator); otherwise, and
+ * for an empty tail, \a path unchanged.
+ */
+QString makeThemeRelative(const QString &path, const QString &packageFolderTail);
+
+struct FrameFileName {
+    QString root;
+    QString extension;
+};
+
+/**
+ * Root and extension of a first-frame file name: split at the first ".", the one character
+ * before it (the frame number) dropped. A name starting with "." gives an empty root.
+ * nullopt when the name holds no ".".
+ */
+std::optional<FrameFileName> splitFrameFileName(const QString &name);
+
+/** The path chosen in an open dialog, or "" when the author cancelled. */
+QString browseForFile(Dialogs &dialogs, const QString &filter, const QString &initialFolder);
+
+/** The fields one animated element's Browse button fills, in the order of the pages. */
+struct AnimatedBrowseRow {
+    const char *button;       // "cmdBrowseBG"
+    const char *imageKey;     // "bgimage": the chosen first-frame file
+    const char *rootKey;      // "bgfilename"
+    const char *extensionKey; // "bgextension"
+};
+
+inline constexpr AnimatedBrowseRow animatedBrowseRows[7] = {
+    {"cmdBrowseBG", "bgimage", "bgfilename", "bgextension"},
+    {"cmdBrowseIBG", "inetbgimage", "inetbgfilename", "inetbgextension"},
+    {"cmdBrowseBlocks", "blkimage", "blkfilename", "blkextension"},
+    {"cmdBrowseNext", "nextblkimage", "nextblkfilename", "nextblkextension"},
+    {"cmdBrowseSpec", "specialwindowimage", "specialwindowfilename", "specialwindowextension"},
+    {"cmdBrowseExplosion", "explodeimage", "explodefilename", "explodefileextension"},
+    {"cmdBrowseBomb", "bombimage", "Bombfilename", "bombfileextension"},
+};
+
+// The Browse buttons. Each returns true when a file was chosen and stored; a cancelled dialog
+// or an index outside its row table changes nothing (the dirty flag included). Every image,
+// sound and music dialog opens in the package folder, and a file chosen inside the package is
+// stored relative to it.
+
+/** Animated element \a row of animatedBrowseRows: image text, then root and extension. */
+bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int row);
+/** Interface screen \a row of interfaceRowKeys. */
+bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, int row);
+/** Miscellaneous image \a row of miscImageKeys. */
+bool browseMiscImage(ThemeDocument &doc, Dialogs &dialogs, int row);
+bool browseSkinFile(ThemeDocument &doc, Dialogs &dialogs);
+/** Sound \a row of soundRowKeys. */
+bool browseSound(ThemeDocument &doc, Dialogs &dialogs, int row);
+/**
+ * Music: a file inside the package plays from the package folder, any other from its own
+ * full path, so the music folder follows where the file was chosen.
+ */
+bool browseMusic(ThemeDocument &doc, Dialogs &dialogs);
+/**
+ * Resource package: unpacks the chosen zip (reporting its own problems), makes its folder the
+ * package folder and stores the full chosen path as the resource file.
+ */
+bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs);

@@ -1,0 +1,130 @@
+#include "editor/filecommands.h"
+
+#include "document/dialogs.h"
+#include "document/themedocument.h"
+#include "document/themefilewriter.h"
+#include "document/themeloader.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+
+FileCommands::FileCommands(ThemeDocument &doc, Dialogs &dialogs)
+    : m_doc(doc)
+    , m_dialogs(dialogs)
+{
+}
+
+bool FileCommands::promptToSave()
+{
+    const Dialogs::Answer answer = m_dialogs.messageBox(
+        QStringLiteral("Caution"),
+        QStringLiteral("This action will cause all previous changes to be lost, do you wish to save?"),
+        Dialogs::Icon::Exclamation, Dialogs::Buttons::YesNoCancel);
+    switch (answer) {
+    case Dialogs::Answer::No:
+        return true;
+    case Dialogs::Answer::Yes:
+        // Even a theme with a file of its own is saved through the dialog here.
+        return saveThemeAs();
+    default:
+        return false;
+    }
+}
+
+bool FileCommands::saveThemeAs()
+{
+    const QString path = m_dialogs.saveFileName(themeFileFilter);
+    if (path.isEmpty() || !writeTo(path))
+        return false;
+    m_doc.setCurrentThemeFile(path);
+    return true;
+}
+
+QString FileCommands::chooseThemeToLoad()
+{
+    const QString programFolder =
+        m_programFolder.isEmpty() ? QCoreApplication::applicationDirPath() : m_programFolder;
+    QString folder = programFolder + QStringLiteral("/data/");
+    // Installs without shipped themes open where the author keeps documents instead.
+    if (!QDir(folder).exists())
+        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return m_dialogs.openFileName(themeFileFilter, folder);
+}
+
+void FileCommands::newTheme()
+{
+    if (!guard())
+        return;
+    m_doc.resetTheme();
+    m_doc.setDirty(false);
+}
+
+void FileCommands::loadTheme()
+{
+    if (!guard())
+        return;
+    // Cleared before loading: the loader's field writes are edits and may set it again.
+    m_doc.setDirty(false);
+    const QString path = chooseThemeToLoad();
+    if (path.isEmpty())
+        return;
+    loadThemeFile(m_doc, path, m_dialogs);
+    m_doc.setCurrentThemeFile(path);
+}
+
+bool FileCommands::loadPath(const QString &path)
+{
+    if (!guard())
+        return false;
+    m_doc.setDirty(false);
+    loadThemeFile(m_doc, path, m_dialogs);
+    m_doc.setCurrentThemeFile(path);
+    return true;
+}
+
+void FileCommands::saveTheme()
+{
+    const QString current = m_doc.currentThemeFile();
+    if (current.isEmpty()) {
+        saveAs();
+        return;
+    }
+    m_doc.setDirty(!writeTo(current));
+}
+
+void FileCommands::saveAs()
+{
+    m_doc.setDirty(!saveThemeAs());
+}
+
+bool FileCommands::exitRequested()
+{
+    if (!guard())
+        return false;
+    m_doc.setDirty(false);
+    if (m_closeSound)
+        m_closeSound();
+    if (m_config) {
+        const QString path = m_configPath.isEmpty() ? editorConfigWritePath() : m_configPath;
+        QString error;
+        if (!writeEditorConfig(*m_config, path, &error))
+            m_dialogs.error(error);
+    }
+    return true;
+}
+
+bool FileCommands::guard()
+{
+    return !m_doc.isDirty() || promptToSave();
+}
+
+bool FileCommands::writeTo(const QString &path)
+{
+    QString error;
+    if (writeThemeFile(m_doc, path, &error))
+        return true;
+    // The author must learn why the theme is still unsaved; the command's state stays "changed".
+    m_dialogs.error(error);
+    return false;
+}

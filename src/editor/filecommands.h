@@ -1,0 +1,69 @@
+#pragma once
+
+#include "sound/editorconfig.h"
+
+#include <QLatin1StringView>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class Dialogs;
+class ThemeDocument;
+
+/** The one filter of the theme file dialogs. */
+inline constexpr QLatin1StringView themeFileFilter{"Stakko Theme File (*.skt)|*.skt|"};
+
+/**
+ * The File menu's commands and the editor's shut-down, over one document and the dialogs that
+ * ask the author. They alone clear the dirty flag; every command that would drop unsaved
+ * changes first asks whether to save them, and a "Cancel" there leaves everything as it was.
+ */
+class FileCommands
+{
+public:
+    FileCommands(ThemeDocument &doc, Dialogs &dialogs);
+
+    /**
+     * The save prompt. True when the command may go on: "No", or "Yes" and the theme was
+     * saved through the Save As dialog. False after "Cancel", a cancelled dialog or a failed save.
+     */
+    bool promptToSave();
+    /** Save As dialog, then write; true when saved. The current file changes only on success. */
+    bool saveThemeAs();
+    /** The open dialog for a theme file; "" when cancelled. */
+    QString chooseThemeToLoad();
+
+    void newTheme();
+    void loadTheme();
+    /** Loads a theme named outside the dialogs (command line, drop); false when the author stopped it. */
+    bool loadPath(const QString &path);
+    void saveTheme();
+    void saveAs();
+    /**
+     * The guard of Exit and of closing the window. True when the editor may end: the sound is
+     * closed and skm.ini written by then. False leaves the editor running, nothing changed.
+     */
+    bool exitRequested();
+
+    /** Run at shut-down before skm.ini is written. */
+    void setCloseSound(std::function<void()> closeSound) { m_closeSound = std::move(closeSound); }
+    /** The settings written to skm.ini at shut-down; without them the file is left alone. */
+    void setEditorConfig(const EditorConfig &config) { m_config = config; }
+    /** Where skm.ini is written; editorConfigWritePath() unless set. */
+    void setEditorConfigPath(const QString &path) { m_configPath = path; }
+    /** The folder whose "data" folder the Load dialog opens in; the program's folder unless set. */
+    void setProgramFolder(const QString &folder) { m_programFolder = folder; }
+
+private:
+    /** True when the command may go on (no unsaved changes, or the prompt allowed it). */
+    bool guard();
+    bool writeTo(const QString &path);
+
+    ThemeDocument &m_doc;
+    Dialogs &m_dialogs;
+    std::function<void()> m_closeSound;
+    std::optional<EditorConfig> m_config;
+    QString m_configPath;
+    QString m_programFolder;
+};

@@ -1,0 +1,111 @@
+#include "editor/qtdialogs.h"
+
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+
+QtDialogs::QtDialogs(QWidget *parent)
+    : m_parent(parent)
+{
+}
+
+Dialogs::Answer QtDialogs::messageBox(const QString &title, const QString &text, Icon icon,
+                                      Buttons buttons)
+{
+    static constexpr QMessageBox::Icon icons[] = {
+        QMessageBox::Critical, QMessageBox::Warning, QMessageBox::Information, QMessageBox::Question};
+    QMessageBox box(icons[int(icon)], title, text, QMessageBox::NoButton, m_parent);
+    if (buttons == Buttons::Ok) {
+        box.setStandardButtons(QMessageBox::Ok);
+        box.exec();
+        return Answer::Ok;
+    }
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::Cancel);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}
+
+std::optional<QString> QtDialogs::inputBox(const QString &prompt, const QString &title)
+{
+    bool ok = false;
+    const QString text = QInputDialog::getText(m_parent, title, prompt, QLineEdit::Normal, QString(), &ok);
+    if (!ok)
+        return std::nullopt;
+    return text;
+}
+
+QString QtDialogs::openFileName(const QString &filter, const QString &initialFolder)
+{
+    m_folder = initialFolder;
+    return runFileDialog(filter, false);
+}
+
+QString QtDialogs::saveFileName(const QString &filter)
+{
+    return runFileDialog(filter, true);
+}
+
+std::optional<quint32> QtDialogs::chooseColor()
+{
+    const QColor color = QColorDialog::getColor(m_lastColor, m_parent);
+    if (!color.isValid())
+        return std::nullopt;
+    m_lastColor = color;
+    return quint32(color.red()) + 256u * quint32(color.green()) + 65536u * quint32(color.blue());
+}
+
+QStringList QtDialogs::qtNameFilters(const QString &filter)
+{
+    QStringList parts = filter.split(QLatin1Char('|'));
+    if (!parts.isEmpty() && parts.last().isEmpty())
+        parts.removeLast();
+    QStringList result;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns = parts.at(i + 1).split(QLatin1Char(';'), Qt::SkipEmptyParts);
+        for (QString &pattern : patterns)
+            pattern = pattern.trimmed();
+        result.append(parts.at(i) + QStringLiteral(" (") + patterns.join(QLatin1Char(' '))
+                      + QLatin1Char(')'));
+    }
+    return result;
+}
+
+QString QtDialogs::nextDialogFolder() const
+{
+    return m_folder.isEmpty() ? m_lastChosen : m_folder;
+}
+
+QString QtDialogs::runFileDialog(const QString &filter, bool save)
+{
+    QFileDialog dialog(m_parent);
+    // The patterns come from Windows themes and are often upper case: Qt's own dialog matches
+    // them regardless of case, where a native one may hide "bg1.bmp" behind "*.BMP".
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setNameFilters(qtNameFilters(filter));
+    // Typed names are taken as they are: no extension is added and nothing has to exist yet,
+    // since the loader reports a theme file it cannot read.
+    dialog.setFileMode(QFileDialog::AnyFile);
+    if (save) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    }
+    const QString folder = nextDialogFolder();
+    if (!folder.isEmpty())
+        dialog.setDirectory(folder);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return QString();
+    const QString chosen = dialog.selectedFiles().constFirst();
+    m_lastChosen = QFileInfo(chosen).absolutePath();
+    return QDir::toNativeSeparators(chosen);
+}

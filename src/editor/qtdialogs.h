@@ -1,0 +1,42 @@
+#pragma once
+
+#include "document/dialogs.h"
+
+#include <QColor>
+#include <QPointer>
+#include <QStringList>
+#include <QWidget>
+
+/**
+ * The editor's dialogs. The file dialogs behave as one shared dialog: each opens in the folder
+ * the last one was given, and one given no folder opens where the author last chose a file.
+ */
+class QtDialogs : public Dialogs
+{
+public:
+    explicit QtDialogs(QWidget *parent = nullptr);
+
+    Answer messageBox(const QString &title, const QString &text, Icon icon,
+                      Buttons buttons = Buttons::Ok) override;
+    std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
+    QString openFileName(const QString &filter, const QString &initialFolder) override;
+    QString saveFileName(const QString &filter) override;
+    std::optional<quint32> chooseColor() override;
+
+    /**
+     * Qt's name filters for a "Description|pattern|...|" filter: one "Description (patterns)"
+     * entry per pair, patterns separated by blanks, in the same order.
+     */
+    static QStringList qtNameFilters(const QString &filter);
+
+    /** The folder the next file dialog opens in; "" lets Qt choose. */
+    QString nextDialogFolder() const;
+
+private:
+    QString runFileDialog(const QString &filter, bool save);
+
+    QPointer<QWidget> m_parent;
+    QString m_folder;      // the folder the last dialog was given
+    QString m_lastChosen;  // the folder of the last file chosen
+    QColor m_lastColor = Qt::white;
+};

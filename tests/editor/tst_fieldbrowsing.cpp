@@ -1,0 +1,442 @@
+#include "common/scripteddialogs.h"
+#include "document/themedocument.h"
+#include "document/themefields.h"
+#include "editor/fieldbrowsing.h"
+#include "editor/qtdialogs.h"
+#include "package/packagewriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+
+namespace {
+
+using Browse = std::function<bool(ThemeDocument &, Dialogs &)>;
+
+// One Browse button: what it runs, the field it fills and the filter its dialog shows.
+struct BrowseButton {
+    QString name;
+    Browse run;
+    QString key;
+    QString filter;
+};
+
+QList<BrowseButton> packageBrowseButtons()
+{
+    QList<BrowseButton> buttons;
+    for (int i = 0; i < int(std::size(animatedBrowseRows)); ++i)
+        buttons.append({QString::fromLatin1(animatedBrowseRows[i].button),
+                        [i](ThemeDocument &d, Dialogs &g) { return browseAnimatedImage(d, g, i); },
+                        QString::fromLatin1(animatedBrowseRows[i].imageKey), imageFilter});
+    for (int i = 0; i < 10; ++i)
+        buttons.append({QStringLiteral("cmdBrowseIface(%1)").arg(i),
+                        [i](ThemeDocument &d, Dialogs &g) { return browseInterfaceImage(d, g, i); },
+                        QString::fromLatin1(interfaceRowKeys[i]), imageFilter});
+    for (int i = 0; i < 8; ++i)
+        buttons.append({QStringLiteral("cmdBrowseMisc(%1)").arg(i),
+                        [i](ThemeDocument &d, Dialogs &g) { return browseMiscImage(d, g, i); },
+                        QString::fromLatin1(miscImageKeys[i]), imageFilter});
+    buttons.append({QStringLiteral("cmdBrowseSkin"), browseSkinFile, QStringLiteral("skinfile"),
+                    imageFilter});
+    for (int i = 0; i < 11; ++i)
+        buttons.append({QStringLiteral("cmdBrowseSound(%1)").arg(i),
+                        [i](ThemeDocument &d, Dialogs &g) { return browseSound(d, g, i); },
+                        QString::fromLatin1(soundRowKeys[i]), soundFilter});
+    buttons.append({QStringLiteral("cmdBrowseMusic"), browseMusic, QStringLiteral("midi"), musicFilter});
+    return buttons;
+}
+
+QStringList allValues(const ThemeDocument &doc)
+{
+    QStringList values;
+    for (int i = 0; i < int(themeFields().size()); ++i)
+        values.append(doc.value(i));
+    return values;
+}
+
+} // namespace
+
+class FieldBrowsingTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void relativeToPackage_data();
+    void relativeToPackage();
+    void frameFileSplit_data();
+    void frameFileSplit();
+
+    void everyButtonStoresPackageRelativeName_data();
+    void everyButtonStoresPackageRelativeName();
+    void everyButtonKeepsFullPathOutsidePackage_data();
+    void everyButtonKeepsFullPathOutsidePackage();
+    void cancelChangesNothing_data();
+    void cancelChangesNothing();
+
+    void animatedElementFillsRootAndExtension_data();
+    void animatedElementFillsRootAndExtension();
+    void nameWithoutDotKeepsRootAndExtension();
+    void rowOutsideTableDoesNothing_data();
+    void rowOutsideTableDoesNothing();
+
+    void musicFolderFollowsWhereMusicWasChosen_data();
+    void musicFolderFollowsWhereMusicWasChosen();
+    void resourcePackageIsUnpackedThenStored();
+    void cancelledResourceBrowseUnpacksNothing();
+
+    void qtFilterTranslation_data();
+    void qtFilterTranslation();
+
+private:
+    QTemporaryDir m_temp;
+    QString m_packageFolder;
+    const QString m_tail = QStringLiteral("stakko/mypack/");
+
+    void unpackedPackage(ThemeDocument &doc) { doc.setPackageFolder(m_packageFolder, m_tail); }
+};
+
+void FieldBrowsingTest::initTestCase()
+{
+    QVERIFY(m_temp.isValid());
+    // Packages unpack below the temporary folder: keep them inside this test's own folder.
+    qputenv("TMPDIR", QFile::encodeName(m_temp.path()));
+    QCOMPARE(QDir::tempPath(), m_temp.path());
+    m_packageFolder = m_temp.path() + QStringLiteral("/stakko/mypack/");
+}
+
+void FieldBrowsingTest::relativeToPackage_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("tail");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("inside the package") << "/tmp/stakko/mypack/bg1.bmp" << "stakko/mypack/" << "bg1.bmp";
+    QTest::newRow("sub-folder kept") << "/tmp/stakko/mypack/gfx/bg1.bmp" << "stakko/mypack/"
+                                     << "gfx/bg1.bmp";
+    QTest::newRow("case ignored") << "C:\\TEMP\\STAKKO\\MyPack\\a1.bmp" << "stakko\\mypack\\" << "a1.bmp";
+    QTest::newRow("slash tail, backslash path") << "C:\\Temp\\stakko\\mypack\\bg1.bmp" << "stakko/mypack/"
+                                                << "bg1.bmp";
+    QTest::newRow("backslash tail, slash path") << "/tmp/Stakko/MyPack/bg1.bmp" << "stakko\\mypack\\"
+                                                << "bg1.bmp";
+    QTest::newRow("first occurrence") << "/tmp/stakko/mypack/stakko/mypack/x.bmp" << "stakko/mypack/"
+                                      << "stakko/mypack/x.bmp";
+    QTest::newRow("outside the package") << "/home/me/art/bg1.bmp" << "stakko/mypack/"
+                                         << "/home/me/art/bg1.bmp";
+    QTest::newRow("other package") << "/tmp/stakko/other/bg1.bmp" << "stakko/mypack/"
+                                   << "/tmp/stakko/other/bg1.bmp";
+    QTest::newRow("no package unpacked") << "/tmp/stakko/mypack/bg1.bmp" << "" << "/tmp/stakko/mypack/bg1.bmp";
+    QTest::newRow("empty path") << "" << "stakko/mypack/" << "";
+}
+
+void FieldBrowsingTest::relativeToPackage()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, tail);
+    QFETCH(QString, expected);
+    QCOMPARE(makeThemeRelative(path, tail), expected);
+}
+
+void FieldBrowsingTest::frameFileSplit_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("splits");
+    QTest::addColumn<QString>("root");
+    QTest::addColumn<QString>("extension");
+
+    QTest::newRow("bg1.bmp") << "bg1.bmp" << true << "bg" << "bmp";
+    QTest::newRow("one digit dropped") << "bg10.bmp" << true << "bg1" << "bmp";
+    QTest::newRow("full path") << "C:\\Art\\blk1.jpg" << true << "C:\\Art\\blk" << "jpg";
+    QTest::newRow("dot in folder") << "C:\\My.Art\\bg1.bmp" << true << "C:\\M" << "Art\\bg1.bmp";
+    QTest::newRow("first dot counts") << "x1.y.bmp" << true << "x" << "y.bmp";
+    QTest::newRow("frame number only") << "a.bmp" << true << "" << "bmp";
+    QTest::newRow("dot first") << ".bmp" << true << "" << "bmp";
+    QTest::newRow("trailing dot") << "bg1." << true << "bg" << "";
+    QTest::newRow("no dot") << "bgone" << false << "" << "";
+    QTest::newRow("empty") << "" << false << "" << "";
+}
+
+void FieldBrowsingTest::frameFileSplit()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, splits);
+    QFETCH(QString, root);
+    QFETCH(QString, extension);
+
+    const std::optional<FrameFileName> split = splitFrameFileName(name);
+    QCOMPARE(split.has_value(), splits);
+    if (split) {
+        QCOMPARE(split->root, root);
+        QCOMPARE(split->extension, extension);
+    }
+}
+
+void FieldBrowsingTest::everyButtonStoresPackageRelativeName_data()
+{
+    QTest::addColumn<int>("button");
+    const QList<BrowseButton> buttons = packageBrowseButtons();
+    for (int i = 0; i < buttons.size(); ++i)
+        QTest::newRow(qPrintable(buttons[i].name)) << i;
+}
+
+void FieldBrowsingTest::everyButtonStoresPackageRelativeName()
+{
+    QFETCH(int, button);
+    const BrowseButton b = packageBrowseButtons().at(button);
+    ThemeDocument doc;
+    unpackedPackage(doc);
+    ScriptedDialogs dialogs;
+    dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("gfx/file1.dat"));
+
+    QVERIFY(b.run(doc, dialogs));
+
+    QCOMPARE(doc.value(b.key), QStringLiteral("gfx/file1.dat"));
+    QVERIFY(doc.isDirty());
+    QCOMPARE(dialogs.openFilters, QStringList{b.filter});
+    QCOMPARE(dialogs.openFolders, QStringList{m_packageFolder});
+    QVERIFY(dialogs.messages.isEmpty());
+}
+
+void FieldBrowsingTest::everyButtonKeepsFullPathOutsidePackage_data()
+{
+    everyButtonStoresPackageRelativeName_data();
+}
+
+void FieldBrowsingTest::everyButtonKeepsFullPathOutsidePackage()
+{
+    QFETCH(int, button);
+    const BrowseButton b = packageBrowseButtons().at(button);
+    const QString chosen = QStringLiteral("/home/me/art/file1.dat");
+
+    // Before any package was unpacked, and with a package the file is not in.
+    for (const bool withPackage : {false, true}) {
+        ThemeDocument doc;
+        if (withPackage)
+            unpackedPackage(doc);
+        ScriptedDialogs dialogs;
+        dialogs.openNames.enqueue(chosen);
+        QVERIFY(b.run(doc, dialogs));
+        QCOMPARE(doc.value(b.key), chosen);
+        QCOMPARE(dialogs.openFolders, QStringList{doc.packageFolder()});
+    }
+}
+
+void FieldBrowsingTest::cancelChangesNothing_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::addColumn<bool>("dirty");
+    const QList<BrowseButton> buttons = packageBrowseButtons();
+    for (int i = 0; i < buttons.size(); ++i) {
+        QTest::addRow("%s, clean", qPrintable(buttons[i].name)) << i << false;
+        QTest::addRow("%s, changed", qPrintable(buttons[i].name)) << i << true;
+    }
+}
+
+void FieldBrowsingTest::cancelChangesNothing()
+{
+    QFETCH(int, button);
+    QFETCH(bool, dirty);
+    const BrowseButton b = packageBrowseButtons().at(button);
+    ThemeDocument doc;
+    unpackedPackage(doc);
+    doc.setText(b.key, QStringLiteral("kept1.bmp"));
+    doc.setMusicFolder(QStringLiteral("/music/"));
+    doc.setDirty(dirty);
+    const QStringList before = allValues(doc);
+
+    ScriptedDialogs dialogs; // nothing queued: the dialog is cancelled
+    QVERIFY(!b.run(doc, dialogs));
+
+    QCOMPARE(dialogs.openFilters.size(), 1);
+    QCOMPARE(allValues(doc), before);
+    QCOMPARE(doc.isDirty(), dirty);
+    QCOMPARE(doc.musicFolder(), QStringLiteral("/music/"));
+    QVERIFY(dialogs.messages.isEmpty());
+}
+
+void FieldBrowsingTest::animatedElementFillsRootAndExtension_data()
+{
+    QTest::addColumn<int>("row");
+    for (int i = 0; i < int(std::size(animatedBrowseRows)); ++i)
+        QTest::newRow(animatedBrowseRows[i].button) << i;
+}
+
+void FieldBrowsingTest::animatedElementFillsRootAndExtension()
+{
+    QFETCH(int, row);
+    const AnimatedBrowseRow &r = animatedBrowseRows[row];
+    ThemeDocument doc;
+    unpackedPackage(doc);
+    ScriptedDialogs dialogs;
+    dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("bg1.bmp"));
+    dialogs.openNames.enqueue(QStringLiteral("/home/me/My.Art/bg1.bmp"));
+
+    QVERIFY(browseAnimatedImage(doc, dialogs, row));
+    QCOMPARE(doc.value(QLatin1StringView(r.imageKey)), QStringLiteral("bg1.bmp"));
+    QCOMPARE(doc.value(QLatin1StringView(r.rootKey)), QStringLiteral("bg"));
+    QCOMPARE(doc.value(QLatin1StringView(r.extensionKey)), QStringLiteral("bmp"));
+
+    // The split reads the stored text, so a full path splits at its folder's dot.
+    QVERIFY(browseAnimatedImage(doc, dialogs, row));
+    QCOMPARE(doc.value(QLatin1StringView(r.rootKey)), QStringLiteral("/home/me/M"));
+    QCOMPARE(doc.value(QLatin1StringView(r.extensionKey)), QStringLiteral("Art/bg1.bmp"));
+}
+
+void FieldBrowsingTest::nameWithoutDotKeepsRootAndExtension()
+{
+    ThemeDocument doc;
+    unpackedPackage(doc);
+    doc.setText(u"bgfilename", QStringLiteral("old"));
+    doc.setText(u"bgextension", QStringLiteral("png"));
+    ScriptedDialogs dialogs;
+    dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("background"));
+
+    QVERIFY(browseAnimatedImage(doc, dialogs, 0));
+    QCOMPARE(doc.value(u"bgimage"), QStringLiteral("background"));
+    QCOMPARE(doc.value(u"bgfilename"), QStringLiteral("old"));
+    QCOMPARE(doc.value(u"bgextension"), QStringLiteral("png"));
+}
+
+void FieldBrowsingTest::rowOutsideTableDoesNothing_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("row");
+    QTest::newRow("animated -1") << 0 << -1;
+    QTest::newRow("animated 7") << 0 << 7;
+    QTest::newRow("interface -1") << 1 << -1;
+    QTest::newRow("interface 10") << 1 << 10;
+    QTest::newRow("misc 8") << 2 << 8;
+    QTest::newRow("sound -1") << 3 << -1;
+    QTest::newRow("sound 11") << 3 << 11;
+}
+
+void FieldBrowsingTest::rowOutsideTableDoesNothing()
+{
+    QFETCH(int, kind);
+    QFETCH(int, row);
+    using RowBrowse = bool (*)(ThemeDocument &, Dialogs &, int);
+    const RowBrowse browse[] = {browseAnimatedImage, browseInterfaceImage, browseMiscImage, browseSound};
+    ThemeDocument doc;
+    const QStringList before = allValues(doc);
+    ScriptedDialogs dialogs;
+    dialogs.openNames.enqueue(QStringLiteral("/home/me/x1.bmp"));
+
+    QVERIFY(!browse[kind](doc, dialogs, row));
+    QCOMPARE(allValues(doc), before);
+    QVERIFY(!doc.isDirty());
+    QVERIFY(dialogs.openFilters.isEmpty());
+}
+
+void FieldBrowsingTest::musicFolderFollowsWhereMusicWasChosen_data()
+{
+    QTest::addColumn<bool>("insidePackage");
+    QTest::newRow("inside the package") << true;
+    QTest::newRow("elsewhere") << false;
+}
+
+void FieldBrowsingTest::musicFolderFollowsWhereMusicWasChosen()
+{
+    QFETCH(bool, insidePackage);
+    ThemeDocument doc;
+    unpackedPackage(doc);
+    doc.setMusicFolder(QStringLiteral("/old/music/"));
+    const QString chosen = insidePackage ? m_packageFolder + QStringLiteral("song.ogg")
+                                         : QStringLiteral("/home/me/song.ogg");
+    ScriptedDialogs dialogs;
+    dialogs.openNames.enqueue(chosen);
+
+    QVERIFY(browseMusic(doc, dialogs));
+
+    QCOMPARE(doc.value(u"midi"), insidePackage ? QStringLiteral("song.ogg") : chosen);
+    QCOMPARE(doc.musicFolder(), insidePackage ? m_packageFolder : QString());
+    // The music plays from the folder followed by the stored name: the chosen file.
+    QCOMPARE(doc.musicFolder() + doc.value(u"midi"), chosen);
+}
+
+void FieldBrowsingTest::resourcePackageIsUnpackedThenStored()
+{
+    QTemporaryDir source;
+    QVERIFY(source.isValid());
+    QFile frame(source.filePath(QStringLiteral("gfx/bg1.bmp")));
+    QVERIFY(QDir(source.path()).mkpath(QStringLiteral("gfx")));
+    QVERIFY(frame.open(QIODevice::WriteOnly));
+    frame.write("BM frame");
+    frame.close();
+    const QString zipPath = source.filePath(QStringLiteral("Ice.zip"));
+    QString error;
+    QVERIFY2(writeResourcePackage(zipPath, {frame.fileName()}, source.path(), &error), qPrintable(error));
+
+    ThemeDocument doc;
+    ScriptedDialogs dialogs;
+    dialogs.openNames.enqueue(zipPath);
+    QVERIFY(browseResourcePackage(doc, dialogs));
+
+    QCOMPARE(dialogs.openFilters, QStringList{zipFilter});
+    QCOMPARE(dialogs.openFolders, QStringList{QString()});
+    QCOMPARE(doc.value(u"resourcefile"), zipPath);
+    QCOMPARE(doc.packageFolderTail(), QStringLiteral("stakko/Ice/"));
+    QCOMPARE(QDir::cleanPath(doc.packageFolder()), m_temp.path() + QStringLiteral("/stakko/Ice"));
+    QVERIFY(QFile::exists(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp")));
+    QVERIFY(doc.isDirty());
+    QVERIFY(dialogs.messages.isEmpty());
+
+    // The next image dialog opens in the package and shortens names inside it.
+    dialogs.openNames.enqueue(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp"));
+    QVERIFY(browseAnimatedImage(doc, dialogs, 0));
+    QCOMPARE(dialogs.openFolders.last(), doc.packageFolder());
+    QCOMPARE(doc.value(u"bgimage"), QStringLiteral("gfx/bg1.bmp"));
+}
+
+void FieldBrowsingTest::cancelledResourceBrowseUnpacksNothing()
+{
+    ThemeDocument doc;
+    unpackedPackage(doc);
+    const QString resource = doc.value(u"resourcefile");
+    ScriptedDialogs dialogs;
+
+    QVERIFY(!browseResourcePackage(doc, dialogs));
+    QCOMPARE(doc.packageFolder(), m_packageFolder);
+    QCOMPARE(doc.packageFolderTail(), m_tail);
+    QCOMPARE(doc.value(u"resourcefile"), resource);
+    QVERIFY(!doc.isDirty());
+}
+
+void FieldBrowsingTest::qtFilterTranslation_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<QStringList>("expected");
+
+    QTest::newRow("image") << QString(imageFilter)
+                           << QStringList{"Bitmap Graphic (*.bmp) (*.bmp)", "JPEG Graphic (*.jpg) (*.jpg)",
+                                          "All Files(*.*) (*.*)"};
+    QTest::newRow("sound") << QString(soundFilter) << QStringList{"Wave Sound (*.wav) (*.WAV)"};
+    QTest::newRow("zip") << QString(zipFilter) << QStringList{"Zip File (*.zip) (*.ZIP)"};
+    QTest::newRow("music")
+        << QString(musicFilter)
+        << QStringList{"All Supported Sound Files (*.MP3 *.MP2 *.XM *.IT *.WAV *.S3M *.MOD *.OGG *.WMA "
+                       "*.ASF *.MID *.MIDI)",
+                       "MPEG Audio File (*.MP3, *.MP2) (*.MP3 *.MP2)",
+                       "Midi File(*.MID, *.MIDI) (*.MID *.MIDI)",
+                       "Mod Files (*.XM, *.MOD, *.S3M, *.IT) (*.XM *.MOD *.S3M *.IT)",
+                       "Windows Media Audio(*.WMA, *.ASF) (*.WMA *.ASF)",
+                       "Ogg Vorbis(*.OGG) (*.OGG)",
+                       "Wave File(*.WAV) (*.WAV)",
+                       "All Files(*.*) (*.*)"};
+    QTest::newRow("no closing bar") << "Theme|*.skt" << QStringList{"Theme (*.skt)"};
+    QTest::newRow("description without pattern") << "Theme|" << QStringList{};
+    QTest::newRow("empty") << "" << QStringList{};
+}
+
+void FieldBrowsingTest::qtFilterTranslation()
+{
+    QFETCH(QString, filter);
+    QFETCH(QStringList, expected);
+    QCOMPARE(QtDialogs::qtNameFilters(filter), expected);
+}
+
+QTEST_MAIN(FieldBrowsingTest)
+#include "tst_fieldbrowsing.moc"
