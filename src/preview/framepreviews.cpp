@@ -204,6 +204,7 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built)
     }
     if (showing)
         m_progress->end();
+    FrameStrip::clearFrom(*built, count * e.frame.height());
     return true;
 }
 

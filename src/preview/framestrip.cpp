@@ -3,6 +3,10 @@
 #include <cmath>
 #include <cstring>
 
+#ifdef Q_OS_LINUX
+#include <sys/mman.h>
+#endif
+
 namespace FrameStrip {
 
 static int stripHeight(const AnimatedElement &element, double frameCount)
@@ -21,54 +25,57 @@ qint64 bytesNeeded(const AnimatedElement &element, double frameCount)
 
 QImage allocate(const AnimatedElement &element, double frameCount)
 {
+    // Left uninitialised: placeFrame() and clearFrom() write every byte exactly once, which
+    // keeps building a long strip close to the cost of decoding its files.
     QImage strip(element.stripWidth, std::max(stripHeight(element, frameCount), 1),
                  QImage::Format_RGB888);
-    if (!strip.isNull())
-        std::memset(strip.bits(), 0, size_t(strip.sizeInBytes()));
+#ifdef Q_OS_LINUX
+    // Fresh memory costs a page fault per 4 KiB on first write; large pages cut that 500-fold.
+    constexpr quintptr hugePage = 2 * 1024 * 1024;
+    const auto begin = (quintptr(strip.bits()) + hugePage - 1) & ~(hugePage - 1);
+    const auto end = (quintptr(strip.bits()) + quintptr(strip.sizeInBytes())) & ~(hugePage - 1);
+    if (!strip.isNull() && end > begin)
+        madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE);
+#endif
     return strip;
 }
 
-static void copyRowsRgb32(const QImage &source, QImage &strip, int width, int height, int top)
+void clearFrom(QImage &strip, qint64 firstRow)
 {
-    for (int y = 0; y < height; ++y) {
-        const auto *from = reinterpret_cast<const QRgb *>(source.constScanLine(y));
-        uchar *to = strip.scanLine(top + y);
-        for (int x = 0; x < width; ++x) {
-            const QRgb pixel = from[x];
-            to[0] = uchar(qRed(pixel));
-            to[1] = uchar(qGreen(pixel));
-            to[2] = uchar(qBlue(pixel));
-            to += 3;
-        }
-    }
-}
-
-static void copyRowsRgb888(const QImage &source, QImage &strip, int width, int height, int top)
-{
-    for (int y = 0; y < height; ++y)
-        std::memcpy(strip.scanLine(top + y), source.constScanLine(y), size_t(width) * 3);
+    if (firstRow < 0 || firstRow >= strip.height())
+        return;
+    // Scan lines are contiguous, padding included.
+    std::memset(strip.scanLine(int(firstRow)), 0,
+                size_t(strip.bytesPerLine()) * size_t(strip.height() - firstRow));
 }
 
 void placeFrame(QImage &strip, QSize frame, qint64 slot, const QImage &picture)
 {
     const qint64 top = slot * frame.height();
-    if (picture.isNull() || slot < 0 || top >= strip.height())
+    if (slot < 0 || top >= strip.height())
         return;
-    const int width = std::min({frame.width(), picture.width(), strip.width()});
-    const int height = int(std::min<qint64>({frame.height(), picture.height(),
-                                             strip.height() - top}));
-    switch (picture.format()) {
-    case QImage::Format_RGB32:
-    case QImage::Format_ARGB32:
-        copyRowsRgb32(picture, strip, width, height, int(top));
-        break;
-    case QImage::Format_RGB888:
-        copyRowsRgb888(picture, strip, width, height, int(top));
-        break;
-    default:
-        copyRowsRgb888(picture.copy(0, 0, width, height).convertToFormat(QImage::Format_RGB888),
-                       strip, width, height, int(top));
-        break;
+    const int rows = int(std::min<qint64>(frame.height(), strip.height() - top));
+    const int width = picture.isNull() ? 0 : std::min({frame.width(), picture.width(), strip.width()});
+    const int height = picture.isNull() ? 0 : std::min(rows, picture.height());
+
+    // Qt's own converters are vectorised; a row loop of ours was twice as slow.
+    QImage converted;
+    const bool rgb888 = picture.format() == QImage::Format_RGB888;
+    if (height > 0 && !rgb888) {
+        const bool whole = picture.width() == width && picture.height() == height;
+        converted = (whole ? picture : picture.copy(0, 0, width, height))
+                        .convertToFormat(QImage::Format_RGB888);
+    }
+
+    const size_t rowBytes = size_t(strip.bytesPerLine());
+    for (int y = 0; y < rows; ++y) {
+        uchar *to = strip.scanLine(int(top) + y);
+        size_t written = 0;
+        if (y < height) {
+            std::memcpy(to, (rgb888 ? picture : converted).constScanLine(y), size_t(width) * 3);
+            written = size_t(width) * 3;
+        }
+        std::memset(to + written, 0, rowBytes - written);
     }
 }
 

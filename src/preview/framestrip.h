@@ -16,15 +16,21 @@ inline constexpr qint64 maximumBytes = qint64(1) << 30;
 /** Memory a strip for \a frameCount frames (as entered, fractions included) needs. */
 qint64 bytesNeeded(const AnimatedElement &element, double frameCount);
 
-/** A cleared strip for \a frameCount frames; a null image when memory ran out. */
+/**
+ * A strip for \a frameCount frames, its pixels not yet set: fill it slot by slot with
+ * placeFrame() and finish with clearFrom(). A null image when memory ran out.
+ */
 QImage allocate(const AnimatedElement &element, double frameCount);
 
 /**
- * Copies the frame rectangle at the top-left corner of \a picture to \a slot (0-based) of
- * \a strip: unscaled, opaque, a larger picture cut. A smaller picture leaves the rest of
- * the slot as it was (cleared in a fresh strip).
+ * Fills \a slot (0-based) of \a strip, whole rows, with the frame rectangle at the top-left
+ * corner of \a picture: unscaled, opaque, a larger picture cut; whatever a smaller (or
+ * null) picture leaves uncovered is cleared.
  */
 void placeFrame(QImage &strip, QSize frame, qint64 slot, const QImage &picture);
+
+/** Clears every row of \a strip from \a firstRow down. */
+void clearFrom(QImage &strip, qint64 firstRow);
 
 /**
  * Draws \a slot of \a strip at (0, 0) of \a surface, which must be RGB888; what the frame
