@@ -4,9 +4,12 @@
 
 #include "document/dialogs.h"
 #include "document/themedocument.h"
+#include "editor/buttonbinding.h"
 #include "editor/filecommands.h"
 #include "editor/mainwindow.h"
+#include "editor/previewbinding.h"
 #include "editor/qtdialogs.h"
+#include "sound/soundsystem.h"
 
 #include <QAction>
 #include <QApplication>
@@ -151,6 +154,13 @@ int main(int argc, char *argv[])
         commands.setEditorConfig(window.editorConfig());
         return commands.exitRequested();
     });
+
+    SoundSystem sound;
+    if (screenshotFolder.isEmpty())
+        window.setInitSound([&sound, &dialogs](const EditorConfig &config) { sound.initSound(config, dialogs); });
+    commands.setCloseSound([&sound] { sound.closeSound(); });
+    new PreviewBinding(window, doc, dialogs);
+    new ButtonBinding(window, doc, dialogs, sound, commands);
 
     window.startUp();
     if (!themePath.isEmpty())

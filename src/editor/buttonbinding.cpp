@@ -1,0 +1,99 @@
+#include "editor/buttonbinding.h"
+
+#include "document/themedocument.h"
+#include "editor/fieldbrowsing.h"
+#include "editor/filecommands.h"
+#include "sound/soundsystem.h"
+
+#include <QAbstractButton>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QWidget>
+
+#include <functional>
+
+namespace {
+
+const QString playMusicCaption = QStringLiteral("Play Music");
+const QString stopMusicCaption = QStringLiteral("Stop Music");
+
+QString droppedTheme(const QMimeData *mime)
+{
+    if (!mime || !mime->hasUrls() || mime->urls().size() != 1)
+        return {};
+    const QString path = mime->urls().first().toLocalFile();
+    return path.endsWith(QStringLiteral(".skt"), Qt::CaseInsensitive) ? path : QString();
+}
+
+} // namespace
+
+ButtonBinding::ButtonBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialogs, SoundSystem &sound,
+                             FileCommands &commands)
+    : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_sound(sound), m_commands(commands)
+{
+    for (int row = 0; row < int(std::size(animatedBrowseRows)); ++row)
+        onClick(QLatin1StringView(animatedBrowseRows[row].button), [this, row] { browseAnimatedImage(m_doc, m_dialogs, row); });
+    for (int i = 0; i < 10; ++i)
+        onClick(QStringLiteral("cmdBrowseIface(%1)").arg(i), [this, i] { browseInterfaceImage(m_doc, m_dialogs, i); });
+    for (int i = 0; i < 8; ++i)
+        onClick(QStringLiteral("cmdBrowseMisc(%1)").arg(i), [this, i] { browseMiscImage(m_doc, m_dialogs, i); });
+    for (int i = 0; i < 11; ++i) {
+        onClick(QStringLiteral("cmdBrowseSound(%1)").arg(i), [this, i] { browseSound(m_doc, m_dialogs, i); });
+        onClick(QStringLiteral("cmdPlaySound(%1)").arg(i), [this, i] {
+            m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRowKeys[i])));
+        });
+    }
+    onClick(QStringLiteral("cmdBrowseSkin"), [this] { browseSkinFile(m_doc, m_dialogs); });
+    onClick(QStringLiteral("cmdBrowseMusic"), [this] { browseMusic(m_doc, m_dialogs); });
+    onClick(QStringLiteral("cmdBrowseResource"), [this] { browseResourcePackage(m_doc, m_dialogs); });
+    onClick(QStringLiteral("cmdPlayMusic"), [this] { toggleMusic(); });
+
+    m_window.setAcceptDrops(true);
+    m_window.installEventFilter(this);
+}
+
+void ButtonBinding::onClick(const QString &button, std::function<void()> action)
+{
+    auto *widget = m_window.findChild<QAbstractButton *>(button);
+    if (!widget) {
+        qWarning("ButtonBinding: the window has no button %s", qPrintable(button));
+        return;
+    }
+    connect(widget, &QAbstractButton::clicked, this, std::move(action));
+}
+
+void ButtonBinding::toggleMusic()
+{
+    auto *button = m_window.findChild<QAbstractButton *>(QStringLiteral("cmdPlayMusic"));
+    // The caption is the state: it changes before opening, so a failed open still reads
+    // "Stop Music" and the next click merely resets it.
+    if (button->text() == playMusicCaption) {
+        button->setText(stopMusicCaption);
+        m_sound.openMusic(m_doc.musicFolder() + m_doc.value(u"midi"), m_dialogs);
+        m_sound.playMusic();
+    } else {
+        button->setText(playMusicCaption);
+        m_sound.stopMusic();
+        m_sound.freeMusic();
+    }
+}
+
+bool ButtonBinding::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == &m_window && event->type() == QEvent::DragEnter) {
+        auto *drag = static_cast<QDragEnterEvent *>(event);
+        if (!droppedTheme(drag->mimeData()).isEmpty())
+            drag->acceptProposedAction();
+        return true;
+    }
+    if (watched == &m_window && event->type() == QEvent::Drop) {
+        auto *drop = static_cast<QDropEvent *>(event);
+        const QString path = droppedTheme(drop->mimeData());
+        if (!path.isEmpty()) {
+            drop->acceptProposedAction();
+            m_commands.loadPath(path);
+        }
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+
+class Dialogs;
+class FileCommands;
+class QWidget;
+class SoundSystem;
+class ThemeDocument;
+
+/**
+ * Connects the window's Browse, play and music buttons to the field-editing and sound code,
+ * and loads a .skt file dropped on the window through the Load command's save guard.
+ * Controls are found by their object names, so the window needs no knowledge of this.
+ */
+class ButtonBinding : public QObject
+{
+    Q_OBJECT
+
+public:
+    ButtonBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialogs, SoundSystem &sound,
+                  FileCommands &commands);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void onClick(const QString &button, std::function<void()> action);
+    void toggleMusic();
+
+    QWidget &m_window;
+    ThemeDocument &m_doc;
+    Dialogs &m_dialogs;
+    SoundSystem &m_sound;
+    FileCommands &m_commands;
+};
