@@ -11,12 +11,15 @@
 #include "editor/qtdialogs.h"
 #include "sound/soundsystem.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QEventLoop>
 #include <QProcess>
 #include <QTextStream>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -51,9 +54,27 @@ QString fileSlug(const QString &caption)
     return slug;
 }
 
+/** Starts every preview the page shows and lets the animations play a moment. */
+void playVisiblePreviews(MainWindow &window)
+{
+    static const char *const buttons[] = {
+        "cmdPreviewBG", "cmdPreviewIBG", "cmdPreviewBlocks", "cmdPreviewNext", "cmdPreviewSpec",
+        "cmdPreviewExplosion", "cmdPreviewBomb", "cmdPreviewIface(0)", "cmdPreviewMisc(0)",
+    };
+    for (const char *name : buttons) {
+        auto *button = window.findChild<QAbstractButton *>(QLatin1StringView(name));
+        if (button && button->isVisibleTo(&window) && button->isEnabled())
+            button->click();
+    }
+    QEventLoop loop;
+    QTimer::singleShot(400, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 bool saveShot(MainWindow &window, const QString &path)
 {
     QApplication::processEvents();
+    playVisiblePreviews(window);
     if (!window.grab().save(path)) {
         std::fprintf(stderr, "Could not write %s\n", qPrintable(path));
         return false;
