@@ -165,27 +165,27 @@ void addFormRow(QGridLayout *grid, QWidget *field, const char *control)
     grid->addWidget(field, row, 1, Qt::AlignLeft);
 }
 
-QGroupBox *animationSettings(const AnimatedFrameSpec &spec)
+QGroupBox *animationSettings(const AnimatedFrameSpec &row)
 {
-    QGroupBox *settings = frame(spec.aniFrame, QStringLiteral("Animation Configuration"));
+    QGroupBox *settings = frame(row.aniFrame, QStringLiteral("Animation Configuration"));
     auto *grid = new QGridLayout(settings);
     compact(grid);
-    for (const char *control : {spec.number, spec.start, spec.still, spec.delay}) {
+    for (const char *control : {row.number, row.start, row.still, row.delay}) {
         if (control)
             addFormRow(grid, numberBox(control), control);
     }
-    if (spec.reverse)
-        grid->addWidget(fieldCheckBox(spec.reverse), grid->rowCount(), 0, 1, 2);
+    if (row.reverse)
+        grid->addWidget(fieldCheckBox(row.reverse), grid->rowCount(), 0, 1, 2);
     grid->setColumnStretch(2, 1);
     return settings;
 }
 
-QGroupBox *previewFrame(const AnimatedFrameSpec &spec)
+QGroupBox *previewFrame(const AnimatedFrameSpec &row)
 {
-    QGroupBox *box = frame(spec.previewFrame, QStringLiteral("Preview"));
+    QGroupBox *box = frame(row.previewFrame, QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 4, 6, 6);
-    layout->addWidget(new PreviewSurface(QLatin1StringView(spec.surface), spec.surfaceArea,
+    layout->addWidget(new PreviewSurface(QLatin1StringView(row.surface), row.surfaceArea,
                                          PreviewSurface::Mode::Natural),
                       0, Qt::AlignCenter);
     return box;
@@ -193,38 +193,38 @@ QGroupBox *previewFrame(const AnimatedFrameSpec &spec)
 
 } // namespace
 
-QGroupBox *animatedFrame(const AnimatedFrameSpec &spec)
+QGroupBox *animatedFrame(const AnimatedFrameSpec &row)
 {
-    QGroupBox *box = frame(spec.frame, QString::fromLatin1(spec.caption));
+    QGroupBox *box = frame(row.frame, QString::fromLatin1(row.caption));
 
     auto *fields = new QGridLayout;
     compact(fields);
-    QLineEdit *image = lineEdit(spec.image);
-    fields->addWidget(label(fieldCaption(spec.image), image), 0, 0, 1, 2);
+    QLineEdit *image = lineEdit(row.image);
+    fields->addWidget(label(fieldCaption(row.image), image), 0, 0, 1, 2);
     fields->addWidget(image, 1, 0, 1, 2);
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(6);
-    buttons->addWidget(button(QLatin1StringView(spec.browse), QStringLiteral("Browse")));
-    buttons->addWidget(button(QLatin1StringView(spec.preview), QStringLiteral("Preview")));
+    buttons->addWidget(button(QLatin1StringView(row.browse), QStringLiteral("Browse")));
+    buttons->addWidget(button(QLatin1StringView(row.preview), QStringLiteral("Preview")));
     buttons->addStretch(1);
     fields->addLayout(buttons, 2, 0, 1, 2);
-    addFormRow(fields, derivedBox(spec.root), spec.root);
-    addFormRow(fields, derivedBox(spec.extension), spec.extension);
-    for (const char *control : spec.switches) {
+    addFormRow(fields, derivedBox(row.root), row.root);
+    addFormRow(fields, derivedBox(row.extension), row.extension);
+    for (const char *control : row.switches) {
         if (control)
             fields->addWidget(fieldCheckBox(control), fields->rowCount(), 0, 1, 2);
     }
-    if (spec.transparency)
-        fields->addWidget(fieldCheckBox(spec.transparency), fields->rowCount(), 0, 1, 2);
+    if (row.transparency)
+        fields->addWidget(fieldCheckBox(row.transparency), fields->rowCount(), 0, 1, 2);
     fields->setColumnStretch(1, 1);
     fields->setRowStretch(fields->rowCount(), 1);
 
     // Side by side: a frame is only as tall as its longest column.
     auto *columns = new QHBoxLayout(box);
     columns->addLayout(fields, 1);
-    columns->addWidget(animationSettings(spec), 0, Qt::AlignTop);
-    if (spec.previewFrame)
-        columns->addWidget(previewFrame(spec), 0, Qt::AlignTop);
+    columns->addWidget(animationSettings(row), 0, Qt::AlignTop);
+    if (row.previewFrame)
+        columns->addWidget(previewFrame(row), 0, Qt::AlignTop);
     return box;
 }
 
