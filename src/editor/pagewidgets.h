@@ -71,6 +71,6 @@ struct AnimatedFrameSpec {
     QSize surfaceArea;        // the visible part of a frame
 };
 
-QGroupBox *animatedFrame(const AnimatedFrameSpec &spec);
+QGroupBox *animatedFrame(const AnimatedFrameSpec &row);
 
 } // namespace PageWidgets
