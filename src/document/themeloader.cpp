@@ -1,6 +1,7 @@
 #include "document/themeloader.h"
 
 #include "document/dialogs.h"
+#include "document/numbertext.h"
 #include "document/pathlookup.h"
 #include "document/profilereader.h"
 #include "document/themedocument.h"
@@ -10,7 +11,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include <cmath>
 #include <optional>
 
 namespace {
@@ -85,16 +85,6 @@ const char *const soundKeys[] = {
     "win", "lose", "chat", "click", "holyshield",
 };
 
-/** A number as the numeric conversion of a typed text reads it: blanks around, halves to even. */
-std::optional<qint64> wholeNumber(const QString &text)
-{
-    bool ok = false;
-    const double value = text.trimmed().toDouble(&ok);
-    if (!ok || !std::isfinite(value) || std::fabs(value) > 1e15)
-        return std::nullopt;
-    return qint64(std::nearbyint(value)); // the default rounding mode is to nearest, ties to even
-}
-
 class Loader
 {
 public:
@@ -119,7 +109,7 @@ public:
             m_doc.setText(key, value);
             return;
         }
-        const std::optional<qint64> n = wholeNumber(value);
+        const std::optional<qint64> n = storedWholeNumber(value);
         m_doc.setNumber(key, n && *n >= 0 && *n <= 2 ? int(*n) : 0);
     }
 
@@ -194,7 +184,7 @@ public:
             m_dialogs.error(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
             return;
         }
-        const std::optional<qint64> type = wholeNumber(*typeText);
+        const std::optional<qint64> type = storedWholeNumber(*typeText);
         if (!type || (*type != 0 && *type != 1)) {
             m_dialogs.error(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
                                            "only Theme Type 0 and Theme Type 1 can be loaded.")
@@ -250,7 +240,7 @@ private:
 /** A colour component: a whole number in the 16-bit range, not negative, above 255 counts as 255. */
 std::optional<quint32> component(const QString &text)
 {
-    const std::optional<qint64> n = wholeNumber(text);
+    const std::optional<qint64> n = storedWholeNumber(text);
     if (!n || *n < 0 || *n > 32767)
         return std::nullopt;
     return quint32(std::min<qint64>(*n, 255));

@@ -1,7 +1,5 @@
 #include "preview/framesequence.h"
 
-#include <QLocale>
-
 #include <cmath>
 
 std::optional<FrameSequence> FrameSequence::fromImageText(const QString &imageText)
@@ -18,37 +16,6 @@ std::optional<FrameSequence> FrameSequence::fromImageText(const QString &imageTe
 QString FrameSequence::frameName(const QString &folder, qint64 n) const
 {
     return folder + m_root + QString::number(n) + u'.' + m_extension;
-}
-
-static std::optional<double> parseIn(QLocale locale, const QString &text)
-{
-    locale.setNumberOptions(QLocale::RejectGroupSeparator);
-    bool ok = false;
-    const double value = locale.toDouble(text, &ok);
-    if (!ok || !std::isfinite(value))
-        return std::nullopt;
-    return value;
-}
-
-std::optional<double> parseAuthorNumber(const QString &text)
-{
-    const QString trimmed = text.trimmed();
-    if (trimmed.isEmpty())
-        return std::nullopt;
-    if (const auto value = parseIn(QLocale::system(), trimmed))
-        return value;
-    return parseIn(QLocale::c(), trimmed);
-}
-
-double roundHalfEven(double value)
-{
-    const double below = std::floor(value);
-    const double fraction = value - below;
-    if (fraction < 0.5)
-        return below;
-    if (fraction > 0.5)
-        return below + 1;
-    return std::fmod(below, 2.0) == 0 ? below : below + 1;
 }
 
 qint64 frameNumber(double value)

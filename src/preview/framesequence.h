@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/numbertext.h"
+
 #include <QString>
 
 #include <optional>
@@ -25,15 +27,6 @@ private:
     QString m_root;
     QString m_extension;
 };
-
-/**
- * A number as the author typed it: decimal in the user's locale or in the C locale, blanks
- * around it allowed, no thousands separators. nullopt for anything else, empty text included.
- */
-std::optional<double> parseAuthorNumber(const QString &text);
-
-/** \a value rounded to the nearest integer, halves to the even neighbour (2.5 -> 2, 3.5 -> 4). */
-double roundHalfEven(double value);
 
 /** roundHalfEven() as a frame number, clamped so that counting on from it cannot overflow. */
 qint64 frameNumber(double value);

@@ -1,6 +1,7 @@
 #include "sound/editorconfig.h"
 
 #include "document/ansitext.h"
+#include "document/numbertext.h"
 #include "document/profilereader.h"
 
 #include <QCoreApplication>
@@ -24,24 +25,13 @@ const QString fileName = QStringLiteral("skm.ini");
 const QString outputTexts[] = {QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("2"),
                                QStringLiteral("3")};
 
-std::optional<double> numberOf(const QString &text)
-{
-    QLocale plain = QLocale::c();
-    plain.setNumberOptions(QLocale::RejectGroupSeparator);
-    bool ok = false;
-    const double number = plain.toDouble(text, &ok);
-    if (!ok || !std::isfinite(number))
-        return std::nullopt;
-    return number;
-}
-
 // Whole numbers as the author typed them; fractions round half to even, as everywhere else.
 std::optional<qint32> integerOf(const QString &text)
 {
-    const std::optional<double> number = numberOf(text);
+    const std::optional<double> number = storedNumber(text);
     if (!number)
         return std::nullopt;
-    const double rounded = std::nearbyint(*number);
+    const double rounded = roundHalfEven(*number);
     if (rounded < std::numeric_limits<qint32>::min() || rounded > std::numeric_limits<qint32>::max())
         return std::nullopt;
     return qint32(rounded);
@@ -69,7 +59,7 @@ void readEditorConfig(EditorConfig &config, const QString &path)
     config.frequency = integerSetting(file, QStringLiteral("frequency"), 44100);
 
     QString output = file.text(mixerSection, QStringLiteral("output"));
-    const std::optional<double> outputNumber = numberOf(output);
+    const std::optional<double> outputNumber = storedNumber(output);
     if (output == missingValueMarker() || !outputNumber || *outputNumber < 0 || *outputNumber > 3)
         output = outputTexts[1];
     for (qint32 type = 0; type < 4; ++type) {
