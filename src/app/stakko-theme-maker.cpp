@@ -176,18 +176,20 @@ int main(int argc, char *argv[])
         return commands.exitRequested();
     });
 
+    // Start-up reads the configuration; the mixer opens once the window is on screen, so a
+    // failure message stands over the editor rather than over an empty desktop.
     SoundSystem sound;
-    if (screenshotFolder.isEmpty())
-        window.setInitSound([&sound, &dialogs](const EditorConfig &config) { sound.initSound(config, dialogs); });
+    std::optional<EditorConfig> soundConfig;
+    window.setInitSound([&soundConfig](const EditorConfig &config) { soundConfig = config; });
     commands.setCloseSound([&sound] { sound.closeSound(); });
     new PreviewBinding(window, doc, dialogs);
     new ButtonBinding(window, doc, dialogs, sound, commands);
 
     window.startUp();
-    if (!themePath.isEmpty())
-        commands.loadPath(themePath);
 
     if (!screenshotFolder.isEmpty()) {
+        if (!themePath.isEmpty())
+            commands.loadPath(themePath);
         bool ok = writeScreenshots(window, screenshotFolder, screenshotSuffix);
         if (!scaledPass) {
             QStringList childArgs{QStringLiteral("--screenshot"), screenshotFolder, QStringLiteral("--scaled-pass")};
@@ -201,5 +203,11 @@ int main(int argc, char *argv[])
     }
 
     window.show();
+    QTimer::singleShot(0, &window, [&] {
+        if (soundConfig)
+            sound.initSound(*soundConfig, dialogs);
+        if (!themePath.isEmpty())
+            commands.loadPath(themePath);
+    });
     return app.exec();
 }
