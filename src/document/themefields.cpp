@@ -164,6 +164,14 @@ int fieldIndex(QAnyStringView key)
     return -1;
 }
 
+const FieldSpec &fieldSpec(QAnyStringView key)
+{
+    const int index = fieldIndex(key);
+    if (index < 0)
+        qFatal("unknown field key %s", qPrintable(key.toString()));
+    return fields[index];
+}
+
 int fieldIndexOfControl(QAnyStringView objectName)
 {
     for (int i = 0; i < int(std::size(fields)); ++i) {

@@ -30,6 +30,9 @@ std::span<const FieldSpec> themeFields();
 /** Index of \a key in themeFields() (exact spelling), or -1. */
 int fieldIndex(QAnyStringView key);
 
+/** The field named \a key; the key must exist (a misspelt key is a programming error). */
+const FieldSpec &fieldSpec(QAnyStringView key);
+
 /** Index of the field edited by control \a objectName, or -1. */
 int fieldIndexOfControl(QAnyStringView objectName);
 

@@ -105,7 +105,7 @@ public:
     void set(const char *field, const QString &value)
     {
         const QLatin1StringView key(field);
-        if (themeFields()[size_t(ThemeDocument::requireIndex(key))].kind == FieldKind::Text) {
+        if (fieldSpec(key).kind == FieldKind::Text) {
             m_doc.setText(key, value);
             return;
         }

@@ -40,7 +40,7 @@ QWidget *createInterfacePage()
     auto *grid = new QGridLayout(screens);
     compact(grid);
     for (int i = 0; i < 10; ++i) {
-        const char *control = themeFields()[size_t(fieldIndex(QLatin1StringView(interfaceRowKeys[i])))].control;
+        const char *control = fieldSpec(interfaceRowKeys[i]).control;
         const QString index = QStringLiteral("(%1)").arg(i);
         QLineEdit *edit = lineEdit(control);
         QLabel *caption = label(fieldCaption(control), edit);

@@ -48,7 +48,7 @@ QGroupBox *colorFrame()
         edit->setObjectName(indexed("txtColor", i));
         edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("255,255,255")) + 14);
         const char *key = colorKeys[i];
-        grid->addWidget(label(QString::fromLatin1(themeFields()[size_t(fieldIndex(QLatin1StringView(key)))].caption), edit),
+        grid->addWidget(label(QString::fromLatin1(fieldSpec(key).caption), edit),
                         row, column);
         grid->addWidget(edit, row, column + 1);
         auto *swatch = new PreviewSurface(indexed("picPreviewColor", i), QSize(21, 21),
@@ -82,7 +82,7 @@ QGroupBox *miscImagesFrame()
         auto *edit = new QLineEdit;
         edit->setObjectName(indexed("txtMiscImage", i));
         const char *key = miscImageKeys[i];
-        grid->addWidget(label(QString::fromLatin1(themeFields()[size_t(fieldIndex(QLatin1StringView(key)))].caption), edit),
+        grid->addWidget(label(QString::fromLatin1(fieldSpec(key).caption), edit),
                         i, 0);
         grid->addWidget(edit, i, 1);
         grid->addWidget(button(indexed("cmdBrowseMisc", i), QStringLiteral("Browse")), i, 2);

@@ -27,7 +27,7 @@ QGroupBox *soundFrame()
         const int row = i % rowsPerColumn;
         const int column = (i / rowsPerColumn) * 5;
         const QString index = QStringLiteral("(%1)").arg(i);
-        const char *control = themeFields()[size_t(fieldIndex(QLatin1StringView(soundRowKeys[i])))].control;
+        const char *control = fieldSpec(soundRowKeys[i]).control;
         QLineEdit *edit = lineEdit(control);
         grid->addWidget(label(fieldCaption(control), edit), row, column);
         grid->addWidget(edit, row, column + 1);

@@ -101,7 +101,7 @@ private slots:
         }
         for (int i = 0; i < 10; ++i)
             QCOMPARE(control<QLabel>(QStringLiteral("lblIFace(%1)").arg(i))->buddy()->objectName(),
-                     QLatin1StringView(themeFields()[size_t(fieldIndex(QLatin1StringView(interfaceRowKeys[i])))].control));
+                     QLatin1StringView(fieldSpec(interfaceRowKeys[i]).control));
         for (const QString &name : allTimers) {
             QCOMPARE(control<QTimer>(name)->interval(), 1);
             QCOMPARE(control<QTimer>(name)->timerType(), Qt::PreciseTimer);
