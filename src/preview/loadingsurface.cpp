@@ -2,17 +2,14 @@
 
 #include "document/pathlookup.h"
 
-#include <QFileInfo>
 #include <QImageReader>
 
 bool LoadingSurface::load(const QString &path)
 {
     if (path.isEmpty())
         return false;
-    const QString file = resolveThemePath(path);
-    if (!QFileInfo(file).isFile())
-        return false;
-    QImageReader reader(file);
+    // A folder or a missing file fails the read below and keeps the previous picture.
+    QImageReader reader(resolveThemePath(path));
     // Authors rename files freely; trust the content over the extension.
     reader.setDecideFormatFromContent(true);
     if (!reader.read(&m_scratch) || m_scratch.isNull())
