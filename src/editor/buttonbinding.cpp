@@ -3,6 +3,7 @@
 #include "document/themedocument.h"
 #include "editor/fieldbrowsing.h"
 #include "editor/filecommands.h"
+#include "editor/mainwindow.h"
 #include "sound/soundsystem.h"
 
 #include <QAbstractButton>
@@ -27,7 +28,7 @@ QString droppedTheme(const QMimeData *mime)
 
 } // namespace
 
-ButtonBinding::ButtonBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialogs, SoundSystem &sound,
+ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, Dialogs &dialogs, SoundSystem &sound,
                              FileCommands &commands)
     : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_sound(sound), m_commands(commands)
 {
@@ -54,12 +55,14 @@ ButtonBinding::ButtonBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialo
 
 void ButtonBinding::onClick(const QString &button, std::function<void()> action)
 {
-    auto *widget = m_window.findChild<QAbstractButton *>(button);
-    if (!widget) {
-        qWarning("ButtonBinding: the window has no button %s", qPrintable(button));
-        return;
-    }
-    connect(widget, &QAbstractButton::clicked, this, std::move(action));
+    m_window.withControl(button, this, [this, button, action = std::move(action)](QWidget *control) {
+        auto *clickable = qobject_cast<QAbstractButton *>(control);
+        if (!clickable) {
+            qWarning("ButtonBinding: %s is not a button", qPrintable(button));
+            return;
+        }
+        connect(clickable, &QAbstractButton::clicked, this, action);
+    });
 }
 
 void ButtonBinding::toggleMusic()

@@ -4,21 +4,22 @@
 
 class Dialogs;
 class FileCommands;
-class QWidget;
+class MainWindow;
 class SoundSystem;
 class ThemeDocument;
 
 /**
  * Connects the window's Browse, play and music buttons to the field-editing and sound code,
  * and loads a .skt file dropped on the window through the Load command's save guard.
- * Controls are found by their object names, so the window needs no knowledge of this.
+ * Controls are found by their object names, also on pages built later, so the window needs
+ * no knowledge of this.
  */
 class ButtonBinding : public QObject
 {
     Q_OBJECT
 
 public:
-    ButtonBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialogs, SoundSystem &sound,
+    ButtonBinding(MainWindow &window, ThemeDocument &doc, Dialogs &dialogs, SoundSystem &sound,
                   FileCommands &commands);
 
 protected:
@@ -28,7 +29,7 @@ private:
     void onClick(const QString &button, std::function<void()> action);
     void toggleMusic();
 
-    QWidget &m_window;
+    MainWindow &m_window;
     ThemeDocument &m_doc;
     Dialogs &m_dialogs;
     SoundSystem &m_sound;

@@ -5,12 +5,14 @@
 #include "document/themefields.h"
 #include "editor/aboutwindow.h"
 #include "editor/pages.h"
+#include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFontMetricsF>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -21,6 +23,7 @@
 #include <QTabBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QtMath>
 
 #include <span>
 
@@ -34,6 +37,9 @@ constexpr const char *timerNames[7] = {
     "tmrBGPreview", "tmrPreviewIBG", "tmrPreviewBlk", "tmrPreviewNext",
     "tmrPreviewSW", "tmrPreviewExplosion", "tmrPreviewBomb",
 };
+
+// Wide enough for the widest page at common fonts; see buildPageArea().
+constexpr qreal pageAreaWidthInCharacters = 124;
 
 struct PageRow {
     QWidget *(*create)();
@@ -148,37 +154,20 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
 {
     Q_INIT_RESOURCE(icons);
     setObjectName(QStringLiteral("frmMain"));
-    setWindowIcon(QIcon(QStringLiteral(":/icons/app.png")));
+    setWindowIcon(PageWidgets::editorIcon("app"));
 
     buildMenus();
     buildTimers();
+    m_controls.fill(nullptr, qsizetype(themeFields().size()));
+    m_switchedFrames.fill(nullptr, qsizetype(std::size(switchedFrames)));
     setCentralWidget(buildPageArea());
-    m_type = findChild<QComboBox *>(QStringLiteral("cmbType"));
-    bindFields();
-    bindSwatches();
-
-    for (const Selector &selector : selectors) {
-        auto *combo = findChild<QComboBox *>(QLatin1StringView(selector.name));
-        const int which = int(&selector - selectors);
-        connect(combo, &QComboBox::currentIndexChanged, this, [this, which](int choice) {
-            chooseDataSet(which, choice);
-        });
-    }
-    connect(m_type, &QComboBox::currentIndexChanged, this, [this](int choice) {
-        if (choice < 0)
-            return;
-        m_doc.setNumber(u"themetype", choice);
-        applyThemeTypeChoice();
-    });
-    connect(findChild<QPushButton *>(QStringLiteral("cmdGenerateDescription")), &QPushButton::clicked, this,
-            [this] { m_doc.setText(u"description", generateDescription(m_doc)); });
+    connect(&m_doc, &ThemeDocument::fieldChanged, this, &MainWindow::showFieldValue);
+    connect(&m_doc, &ThemeDocument::swatchChanged, this, &MainWindow::showSwatch);
     connect(&m_doc, &ThemeDocument::themeReset, this, [this] {
         stopTimers(AllTimers);
         refreshThemeType();
     });
-
-    refreshSwitchedFrames();
-    refreshThemeType();
+    buildPage(int(Page::General));
 }
 
 MainWindow::~MainWindow()
@@ -251,7 +240,7 @@ QWidget *MainWindow::buildPageArea()
     m_tabs->setDrawBase(false);
     m_tabs->setExpanding(false);
     for (int i = 0; i < pageCount; ++i) {
-        m_tabs->addTab(QIcon(QStringLiteral(":/icons/%1.png").arg(QLatin1StringView(pageRows[i].icon))),
+        m_tabs->addTab(PageWidgets::editorIcon(pageRows[i].icon),
                        QString::fromLatin1(pageRows[i].tabCaption));
         m_tabs->setTabToolTip(i, QString::fromLatin1(pageRows[i].tabToolTip));
     }
@@ -261,34 +250,96 @@ QWidget *MainWindow::buildPageArea()
     });
     layout->addWidget(m_tabs);
 
-    auto *area = new QFrame;
+    m_area = new QFrame;
+    QFrame *area = m_area;
     area->setFrameShape(QFrame::StyledPanel);
     auto *stack = new QGridLayout(area);
     stack->setContentsMargins(6, 6, 6, 6);
-    int widest = 0;
-    for (int i = 0; i < pageCount; ++i) {
-        m_panels[i] = pageRows[i].create();
-        stack->addWidget(m_panels[i], 0, 0);
-        widest = qMax(widest, m_panels[i]->sizeHint().width());
-        m_panels[i]->setVisible(i == 0);
-    }
-    // Hidden panels do not count in a layout; the window is as wide as the widest page.
-    area->setMinimumWidth(widest + 12);
+    // Pages not built yet cannot be measured. This width, in average characters of the font,
+    // holds every page at common desktop fonts, so switching pages does not resize the window;
+    // a page that needs more widens it when it is built.
+    area->setMinimumWidth(qCeil(QFontMetricsF(area->font()).averageCharWidth() * pageAreaWidthInCharacters));
     layout->addWidget(area, 1);
     return central;
 }
 
-void MainWindow::bindFields()
+void MainWindow::buildPage(int page)
 {
-    for (const SwitchedFrame &row : switchedFrames)
-        m_switchedFrames << findChild<QWidget *>(QLatin1StringView(row.frame));
-    const auto fields = themeFields();
-    for (const FieldSpec &field : fields) {
-        m_controls << findChild<QWidget *>(QLatin1StringView(field.control));
-        Q_ASSERT_X(m_controls.last(), "MainWindow::bindFields", field.control);
+    if (m_panels[page])
+        return;
+    QWidget *panel = pageRows[page].create();
+    panel->setVisible(false); // shown filled, so selectors size themselves to their items
+    static_cast<QGridLayout *>(m_area->layout())->addWidget(panel, 0, 0);
+    m_panels[page] = panel;
+    // Hidden panels do not count in a layout; the window stays as wide as the widest page.
+    const int needed = panel->sizeHint().width() + 12;
+    if (needed > m_area->minimumWidth())
+        m_area->setMinimumWidth(needed);
+
+    if (page == int(Page::General)) {
+        m_type = panel->findChild<QComboBox *>(QStringLiteral("cmbType"));
+        connect(m_type, &QComboBox::currentIndexChanged, this, [this](int choice) {
+            if (choice < 0)
+                return;
+            m_doc.setNumber(u"themetype", choice);
+            applyThemeTypeChoice();
+        });
+        connect(panel->findChild<QPushButton *>(QStringLiteral("cmdGenerateDescription")), &QPushButton::clicked,
+                this, [this] { m_doc.setText(u"description", generateDescription(m_doc)); });
     }
+    for (int i = 0; i < int(std::size(switchedFrames)); ++i) {
+        if (!m_switchedFrames.at(i))
+            m_switchedFrames[i] = panel->findChild<QWidget *>(QLatin1StringView(switchedFrames[i].frame));
+    }
+    bindFields(panel);
+    bindSwatches(panel);
+    for (int selector = 0; selector < int(std::size(selectors)); ++selector)
+        bindSelector(panel, selector);
+    refreshSwitchedFrames();
+    refreshThemeType();
+
+    for (qsizetype i = 0; i < m_pending.size();) {
+        PendingControl &pending = m_pending[i];
+        QWidget *control = pending.context ? panel->findChild<QWidget *>(pending.name) : nullptr;
+        if (control)
+            pending.use(control);
+        if (control || !pending.context)
+            m_pending.removeAt(i);
+        else
+            ++i;
+    }
+    panel->setVisible(page == int(m_page));
+}
+
+void MainWindow::buildAllPages()
+{
+    for (int page = 0; page < pageCount; ++page)
+        buildPage(page);
+    for (const PendingControl &pending : std::as_const(m_pending)) {
+        if (pending.context)
+            qWarning("MainWindow: no control named %s", qPrintable(pending.name));
+    }
+    m_pending.clear();
+}
+
+void MainWindow::withControl(const QString &name, QObject *context, std::function<void(QWidget *)> use)
+{
+    if (QWidget *control = findChild<QWidget *>(name))
+        use(control);
+    else
+        m_pending.append({name, context, std::move(use)});
+}
+
+void MainWindow::bindFields(QWidget *panel)
+{
+    const auto fields = themeFields();
     for (int i = 0; i < int(fields.size()); ++i) {
-        QWidget *control = m_controls.at(i);
+        if (m_controls.at(i))
+            continue;
+        QWidget *control = panel->findChild<QWidget *>(QLatin1StringView(fields[size_t(i)].control));
+        if (!control)
+            continue;
+        m_controls[i] = control;
         if (auto *edit = qobject_cast<QLineEdit *>(control)) {
             connect(edit, &QLineEdit::textChanged, this, [this, i](const QString &text) {
                 if (!m_showingField)
@@ -310,7 +361,6 @@ void MainWindow::bindFields()
         }
         showFieldValue(i);
     }
-    connect(&m_doc, &ThemeDocument::fieldChanged, this, &MainWindow::showFieldValue);
 }
 
 void MainWindow::showFieldValue(int index)
@@ -337,17 +387,38 @@ void MainWindow::showFieldValue(int index)
         m_type->setCurrentIndex(m_doc.number(index)); // runs the choice handler when it moves
 }
 
-void MainWindow::bindSwatches()
+void MainWindow::bindSwatches(QWidget *panel)
 {
-    auto show = [this](int i) {
-        auto *swatch = findChild<PreviewSurface *>(QStringLiteral("picPreviewColor(%1)").arg(i));
-        const auto value = m_doc.swatch(i);
-        // No colour yet is saved as white, so that is what the swatch shows.
-        swatch->setFillColor(value ? swatchColor(*value) : QColor(Qt::white));
-    };
-    for (int i = 0; i < 12; ++i)
-        show(i);
-    connect(&m_doc, &ThemeDocument::swatchChanged, this, show);
+    if (panel->findChild<PreviewSurface *>(QStringLiteral("picPreviewColor(0)"))) {
+        for (int i = 0; i < 12; ++i)
+            showSwatch(i);
+    }
+}
+
+void MainWindow::showSwatch(int index)
+{
+    auto *swatch = findChild<PreviewSurface *>(QStringLiteral("picPreviewColor(%1)").arg(index));
+    if (!swatch)
+        return;
+    const auto value = m_doc.swatch(index);
+    // No colour yet is saved as white, so that is what the swatch shows.
+    swatch->setFillColor(value ? swatchColor(*value) : QColor(Qt::white));
+}
+
+void MainWindow::bindSelector(QWidget *panel, int selector)
+{
+    auto *combo = panel->findChild<QComboBox *>(QLatin1StringView(selectors[selector].name));
+    if (!combo)
+        return;
+    connect(combo, &QComboBox::currentIndexChanged, this, [this, selector](int choice) {
+        chooseDataSet(selector, choice);
+    });
+    if (m_started) {
+        for (const DataSet &set : selectors[selector].sets)
+            combo->addItem(QString::fromLatin1(set.caption));
+        combo->setCurrentIndex(m_dataSetChoice[selector]);
+    }
+    showDataSet(selector);
 }
 
 void MainWindow::refreshSwitchedFrames()
@@ -358,16 +429,20 @@ void MainWindow::refreshSwitchedFrames()
             if (key && m_doc.isOn(QLatin1StringView(key)))
                 on = true;
         }
-        m_switchedFrames.at(i)->setEnabled(on);
+        if (QWidget *frame = m_switchedFrames.at(i))
+            frame->setEnabled(on);
     }
 }
 
 void MainWindow::refreshThemeType()
 {
+    QWidget *general = m_panels[int(Page::General)];
+    if (!general)
+        return;
     const bool packaged = m_doc.number(u"themetype") == 1;
-    findChild<QWidget *>(QStringLiteral("txtResource"))->setEnabled(packaged);
-    findChild<QWidget *>(QStringLiteral("cmdBrowseResource"))->setEnabled(packaged);
-    findChild<QWidget *>(QStringLiteral("fraTheme0"))->setEnabled(!packaged);
+    general->findChild<QWidget *>(QStringLiteral("txtResource"))->setEnabled(packaged);
+    general->findChild<QWidget *>(QStringLiteral("cmdBrowseResource"))->setEnabled(packaged);
+    general->findChild<QWidget *>(QStringLiteral("fraTheme0"))->setEnabled(!packaged);
 }
 
 void MainWindow::applyThemeTypeChoice()
@@ -381,15 +456,27 @@ void MainWindow::chooseDataSet(int selector, int choice)
     const std::span<const DataSet> sets = selectors[selector].sets;
     if (choice < 0 || choice >= int(sets.size()))
         return;
+    m_dataSetChoice[selector] = choice;
     unsigned stopped = 0;
     for (int i = 0; i < int(sets.size()); ++i) {
-        const bool shown = i == choice;
-        findChild<QWidget *>(QLatin1StringView(sets[size_t(i)].frame))->setVisible(shown);
-        findChild<QWidget *>(QLatin1StringView(sets[size_t(i)].includeBox))->setVisible(shown);
-        if (!shown)
+        if (i != choice)
             stopped |= sets[size_t(i)].timer;
     }
+    showDataSet(selector);
     stopTimers(stopped);
+}
+
+void MainWindow::showDataSet(int selector)
+{
+    const std::span<const DataSet> sets = selectors[selector].sets;
+    for (int i = 0; i < int(sets.size()); ++i) {
+        const bool shown = i == m_dataSetChoice[selector];
+        // A page not built yet shows the choice when it is.
+        if (auto *frame = findChild<QWidget *>(QLatin1StringView(sets[size_t(i)].frame)))
+            frame->setVisible(shown);
+        if (auto *box = findChild<QWidget *>(QLatin1StringView(sets[size_t(i)].includeBox)))
+            box->setVisible(shown);
+    }
 }
 
 void MainWindow::stopTimers(unsigned timerBits)
@@ -406,8 +493,11 @@ void MainWindow::showPage(Page page)
     if (index < 0 || index >= pageCount)
         return;
     m_page = page;
-    for (int i = 0; i < pageCount; ++i)
-        m_panels[i]->setVisible(i == index);
+    buildPage(index);
+    for (int i = 0; i < pageCount; ++i) {
+        if (m_panels[i])
+            m_panels[i]->setVisible(i == index);
+    }
     applyWindowHeight();
     stopTimers(pageRows[index].timersStopped);
     for (int i = 0; i < pageCount; ++i)
@@ -430,12 +520,14 @@ void MainWindow::startUp()
     m_type->addItems({QStringLiteral("Theme Type 0"), QStringLiteral("Theme Type 1")});
     m_type->setCurrentIndex(1);
 
-    for (const Selector &selector : selectors) {
-        auto *combo = findChild<QComboBox *>(QLatin1StringView(selector.name));
-        for (const DataSet &set : selector.sets)
-            combo->addItem(QString::fromLatin1(set.caption));
-        combo->setCurrentIndex(0);
-        chooseDataSet(int(&selector - selectors), 0); // also when the first item was already current
+    m_started = true;
+    for (int selector = 0; selector < int(std::size(selectors)); ++selector) {
+        if (auto *combo = findChild<QComboBox *>(QLatin1StringView(selectors[selector].name))) {
+            for (const DataSet &set : selectors[selector].sets)
+                combo->addItem(QString::fromLatin1(set.caption));
+            combo->setCurrentIndex(0);
+        }
+        chooseDataSet(selector, 0); // also when the first item was already current
     }
 
     m_doc.resetTheme();

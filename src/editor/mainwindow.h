@@ -11,6 +11,7 @@ class AboutWindow;
 class QAction;
 class QCheckBox;
 class QComboBox;
+class QFrame;
 class QTabBar;
 class QTimer;
 class ThemeDocument;
@@ -18,8 +19,11 @@ class ThemeDocument;
 /**
  * The editor's one working window: the whole theme document as controls on six pages.
  * Controls carry their design names ("txtBGNum", "txtColor(3)", "tmrPreviewBlk") so the file
- * commands, the previews and tests reach them with findChild(). Every field control follows
- * the document both ways; the window keeps no theme state of its own.
+ * commands, the previews and tests reach them by name. Every field control follows the
+ * document both ways; the window keeps no theme state of its own.
+ *
+ * A page's controls are made when the page is first shown, so the window appears without
+ * waiting for pages nobody has opened yet. Timers and menu items exist from the start.
  */
 class MainWindow : public QMainWindow
 {
@@ -52,6 +56,14 @@ public:
      */
     void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
 
+    /**
+     * Calls \a use with the control named \a name as soon as it exists: at once, or when its
+     * page is built. Nothing happens once \a context is gone.
+     */
+    void withControl(const QString &name, QObject *context, std::function<void(QWidget *)> use);
+    /** Builds the pages not shown yet, for tools and tests that reach every control at once. */
+    void buildAllPages();
+
     /** Makes \a page current: panel, window height, preview timers, menu check, tab. */
     void showPage(Page page);
     Page currentPage() const { return m_page; }
@@ -77,8 +89,12 @@ private:
     void buildMenus();
     void buildTimers();
     QWidget *buildPageArea();
-    void bindFields();
-    void bindSwatches();
+    void buildPage(int page);
+    void bindFields(QWidget *panel);
+    void bindSwatches(QWidget *panel);
+    void bindSelector(QWidget *panel, int selector);
+    void showSwatch(int index);
+    void showDataSet(int selector);
     void showFieldValue(int index);
     void refreshSwitchedFrames();
     void refreshThemeType();
@@ -89,12 +105,21 @@ private:
     ThemeDocument &m_doc;
     Page m_page = Page::General;
     QTabBar *m_tabs = nullptr;
-    QWidget *m_panels[pageCount] = {};
+    QFrame *m_area = nullptr;
+    QWidget *m_panels[pageCount] = {};  // nullptr until first shown
     QAction *m_pageActions[pageCount] = {};
     QTimer *m_timers[7] = {};
     QComboBox *m_type = nullptr;
-    QList<QWidget *> m_controls;        // by field index
-    QList<QWidget *> m_switchedFrames;  // by row of the switched-frame table
+    QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
+    QList<QWidget *> m_switchedFrames;  // by row of the switched-frame table, likewise
+    int m_dataSetChoice[3] = {};
+    bool m_started = false;             // startUp() has filled the selectors
+    struct PendingControl {
+        QString name;
+        QPointer<QObject> context;
+        std::function<void(QWidget *)> use;
+    };
+    QList<PendingControl> m_pending;
     QPointer<AboutWindow> m_about;
     EditorConfig m_config;
     std::function<void(const EditorConfig &)> m_initSound;

@@ -50,7 +50,6 @@ QWidget *createGeneralPage()
 
     auto *type = new QComboBox;
     type->setObjectName(QStringLiteral("cmbType"));
-    type->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     int row = grid->rowCount();
     grid->addWidget(label(fieldCaption("cmbType"), type), row, 0);
     grid->addWidget(type, row, 1, Qt::AlignLeft);

@@ -48,7 +48,7 @@ QWidget *createInterfacePage()
         grid->addWidget(caption, i, 0);
         grid->addWidget(edit, i, 1);
         grid->addWidget(button(QStringLiteral("cmdBrowseIface") + index, QStringLiteral("Browse")), i, 2);
-        grid->addWidget(iconButton(QStringLiteral("cmdPreviewIface") + index, QStringLiteral(":/icons/preview.png"),
+        grid->addWidget(iconButton(QStringLiteral("cmdPreviewIface") + index, "preview",
                                    QStringLiteral("Preview")),
                         i, 3);
     }

@@ -55,7 +55,7 @@ QGroupBox *colorFrame()
                                           PreviewSurface::Mode::Natural);
         swatch->setOutlined(true);
         grid->addWidget(swatch, row, column + 2);
-        grid->addWidget(iconButton(indexed("cmdBrowseColor", i), QStringLiteral(":/icons/color.png"),
+        grid->addWidget(iconButton(indexed("cmdBrowseColor", i), "color",
                                    QStringLiteral("Choose Color")),
                         row, column + 3);
     }

@@ -32,7 +32,7 @@ QGroupBox *soundFrame()
         grid->addWidget(label(fieldCaption(control), edit), row, column);
         grid->addWidget(edit, row, column + 1);
         grid->addWidget(button(QStringLiteral("cmdBrowseSound") + index, QStringLiteral("Browse")), row, column + 2);
-        grid->addWidget(iconButton(QStringLiteral("cmdPlaySound") + index, QStringLiteral(":/icons/play.png"),
+        grid->addWidget(iconButton(QStringLiteral("cmdPlaySound") + index, "play",
                                    QStringLiteral("Play Sound")),
                         row, column + 3);
     }
@@ -49,7 +49,7 @@ QGroupBox *musicFrame()
     row->addWidget(lineEdit("txtMusic"), 1);
     row->addWidget(button(QStringLiteral("cmdBrowseMusic"), QStringLiteral("Browse")));
     auto *play = button(QStringLiteral("cmdPlayMusic"), QStringLiteral("Play Music"));
-    play->setIcon(QIcon(QStringLiteral(":/icons/play.png")));
+    play->setIcon(editorIcon("play"));
     row->addWidget(play);
     return box;
 }

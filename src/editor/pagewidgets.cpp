@@ -9,11 +9,18 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHash>
+#include <QIcon>
+#include <QImage>
+#include <QPixmap>
+#include <QResource>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <cmath>
 
 namespace PageWidgets {
 
@@ -26,6 +33,28 @@ int boxHeight()
 }
 
 } // namespace
+
+QIcon editorIcon(const char *name)
+{
+    // Rows share their icon. The pixels are stored raw, so no image reader runs at start-up.
+    static QHash<QByteArray, QIcon> made;
+    QIcon &icon = made[QByteArray(name)];
+    if (!icon.isNull())
+        return icon;
+    for (const char *suffix : {".rgba", "@2x.rgba"}) {
+        const QResource resource(QStringLiteral(":/icons/") + QLatin1StringView(name) + QLatin1StringView(suffix));
+        const QByteArray pixels = resource.uncompressedData();
+        const int side = int(std::sqrt(double(pixels.size() / 4)));
+        if (side == 0 || qsizetype(side) * side * 4 != pixels.size())
+            continue;
+        const QImage stored(reinterpret_cast<const uchar *>(pixels.constData()), side, side, side * 4,
+                            QImage::Format_RGBA8888);
+        // The conversion copies, so the pixmap does not point into the buffer that goes away here.
+        icon.addPixmap(QPixmap::fromImage(stored.convertToFormat(QImage::Format_ARGB32_Premultiplied)));
+    }
+    Q_ASSERT_X(!icon.isNull(), "editorIcon", name);
+    return icon;
+}
 
 QString fieldCaption(const char *control)
 {
@@ -78,11 +107,11 @@ QPushButton *button(const QString &name, const QString &caption)
     return push;
 }
 
-QToolButton *iconButton(const QString &name, const QString &iconPath, const QString &toolTip)
+QToolButton *iconButton(const QString &name, const char *icon, const QString &toolTip)
 {
     auto *tool = new QToolButton;
     tool->setObjectName(name);
-    tool->setIcon(QIcon(iconPath));
+    tool->setIcon(editorIcon(icon));
     tool->setToolTip(toolTip);
     tool->setAutoRaise(false);
     tool->setMaximumHeight(boxHeight());
@@ -123,7 +152,6 @@ QWidget *dataSetRow(const char *selectorName)
     layout->setContentsMargins(0, 0, 0, 0);
     auto *selector = new QComboBox;
     selector->setObjectName(QLatin1StringView(selectorName));
-    selector->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     layout->addWidget(label(QStringLiteral("Data Set to Edit:"), selector));
     layout->addWidget(selector);
     layout->addStretch(1);

@@ -6,6 +6,7 @@
 #include <initializer_list>
 
 class QCheckBox;
+class QIcon;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
@@ -23,6 +24,9 @@ namespace PageWidgets {
 /** The caption of the document field edited by \a control ("txtBGNum" -> "Number of frames:"). */
 QString fieldCaption(const char *control);
 
+/** One of the editor's own icons by name ("play"), with its double-size variant for high DPI. */
+QIcon editorIcon(const char *name);
+
 QLineEdit *lineEdit(const char *name);
 /** A root or extension box: filled by the program only, drawn grey. */
 QLineEdit *derivedBox(const char *name);
@@ -31,7 +35,7 @@ QLineEdit *numberBox(const char *name);
 /** A field check box with its caption from the field table. */
 QCheckBox *fieldCheckBox(const char *name);
 QPushButton *button(const QString &name, const QString &caption);
-QToolButton *iconButton(const QString &name, const QString &iconPath, const QString &toolTip);
+QToolButton *iconButton(const QString &name, const char *icon, const QString &toolTip);
 QGroupBox *frame(const char *name, const QString &caption);
 QLabel *label(const QString &text, QWidget *buddy = nullptr);
 /** A sunken picture box holding a still-image display that stretches pictures to \a area. */

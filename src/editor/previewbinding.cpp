@@ -1,5 +1,6 @@
 #include "editor/previewbinding.h"
 
+#include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
 #include "preview/loadprogress.h"
 
@@ -51,7 +52,7 @@ private:
 
 } // namespace
 
-PreviewBinding::PreviewBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialogs)
+PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, Dialogs &dialogs)
     : QObject(&window)
     , m_window(window)
     , m_frames(doc, dialogs, m_loading)
@@ -71,8 +72,10 @@ PreviewBinding::~PreviewBinding()
 template<typename Handler>
 void PreviewBinding::onClick(const QString &button, Handler handler)
 {
-    if (auto *control = m_window.findChild<QAbstractButton *>(button))
-        connect(control, &QAbstractButton::clicked, this, handler);
+    m_window.withControl(button, this, [this, handler](QWidget *control) {
+        if (auto *clickable = qobject_cast<QAbstractButton *>(control))
+            connect(clickable, &QAbstractButton::clicked, this, handler);
+    });
 }
 
 void PreviewBinding::bindAnimations()
@@ -82,7 +85,9 @@ void PreviewBinding::bindAnimations()
         if (auto *timer = m_window.findChild<QTimer *>(QLatin1StringView(e.timer)))
             m_frames.attachTimer(element, timer);
         onClick(QLatin1StringView(e.button), [this, element] { m_frames.startFramePreview(element); });
-        m_surfaces[size_t(element)] = m_window.findChild<PreviewSurface *>(QLatin1StringView(e.surface));
+        m_window.withControl(QLatin1StringView(e.surface), this, [this, element](QWidget *control) {
+            m_surfaces[size_t(element)] = qobject_cast<PreviewSurface *>(control);
+        });
     }
     connect(&m_frames, &FramePreviews::surfaceChanged, this,
             [this](int element, const QImage &image) {
@@ -103,11 +108,10 @@ void PreviewBinding::bindStills()
     for (int i = 0; i < 12; ++i)
         onClick(indexed("cmdBrowseColor", i), [this, i] { m_stills.chooseThemeColor(i); });
 
+    // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.
     const auto show = [this](const char *display) {
-        QPointer<PreviewSurface> surface =
-            m_window.findChild<PreviewSurface *>(QLatin1StringView(display));
-        return [surface](const QImage &picture) {
-            if (surface)
+        return [this, display](const QImage &picture) {
+            if (auto *surface = m_window.findChild<PreviewSurface *>(QLatin1StringView(display)))
                 surface->setImage(picture);
         };
     };

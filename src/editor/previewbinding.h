@@ -12,22 +12,22 @@
 
 class Dialogs;
 class LoadProgress;
+class MainWindow;
 class PreviewSurface;
-class QWidget;
 class ThemeDocument;
 
 /**
  * Connects the preview controls of the main window to the preview engines: the Preview
  * buttons, the seven preview timers (which the window's page switches stop), the preview
  * surfaces, the two still-image displays and the colour buttons. Controls are found by
- * their object names; one that is missing is simply not connected.
+ * their object names, also on pages built later; one that is missing is simply not connected.
  */
 class PreviewBinding : public QObject
 {
     Q_OBJECT
 
 public:
-    PreviewBinding(QWidget &window, ThemeDocument &doc, Dialogs &dialogs);
+    PreviewBinding(MainWindow &window, ThemeDocument &doc, Dialogs &dialogs);
     ~PreviewBinding() override;
 
     FramePreviews &frames() { return m_frames; }
@@ -39,11 +39,11 @@ private:
     template<typename Handler>
     void onClick(const QString &button, Handler handler);
 
-    QWidget &m_window;
+    MainWindow &m_window;
     LoadingSurface m_loading;
     FramePreviews m_frames;
     StillPreviews m_stills;
     std::unique_ptr<LoadProgress> m_progress;
-    // Looked up once: a frame change must not search the whole window.
+    // Looked up once, when their page is built: a frame change must not search the whole window.
     std::array<QPointer<PreviewSurface>, AnimatedElementCount> m_surfaces;
 };

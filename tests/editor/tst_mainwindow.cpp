@@ -42,6 +42,7 @@ private:
     template<typename T = QWidget>
     T *control(const QString &name)
     {
+        window->buildAllPages();
         T *found = window->findChild<T *>(name);
         if (!found)
             qWarning("no control %s", qPrintable(name));
@@ -106,6 +107,32 @@ private slots:
             QCOMPARE(control<QTimer>(name)->interval(), 1);
             QCOMPARE(control<QTimer>(name)->timerType(), Qt::PreciseTimer);
         }
+    }
+
+    void pagesAreBuiltWhenFirstShown()
+    {
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        const int width = window->width();
+        QVERIFY(!window->findChild<QWidget *>(QStringLiteral("txtBGNum")));
+
+        // Edits and choices made before the page exists show once it does.
+        doc->setText(u"bgframecount", QStringLiteral("12"));
+        doc->setNumber(u"includebackground", 1);
+        doc->setNumber(u"bganimated", 1);
+        doc->setSwatch(2, 0x00FF00u);
+        window->showPage(MainWindow::Page::Background);
+        QCOMPARE(window->findChild<QLineEdit *>(QStringLiteral("txtBGNum"))->text(), QStringLiteral("12"));
+        QVERIFY(window->findChild<QWidget *>(QStringLiteral("fraBGAni"))->isEnabled());
+        QVERIFY(window->findChild<QWidget *>(QStringLiteral("fraBackground"))->isVisibleTo(window.get()));
+        QVERIFY(!window->findChild<QWidget *>(QStringLiteral("fraIBG"))->isVisibleTo(window.get()));
+        QCOMPARE(window->findChild<QComboBox *>(QStringLiteral("cmbFields"))->count(), 2);
+
+        // The first width holds every page, so switching pages never resizes the window sideways.
+        window->buildAllPages();
+        QCoreApplication::processEvents();
+        QCOMPARE(window->width(), width);
+        QCOMPARE(control<PreviewSurface>("picPreviewColor(2)")->fillColor(), QColor(0, 0xFF, 0));
     }
 
     void startUpState()
@@ -378,6 +405,7 @@ private slots:
     void greyedSwitchIsLeftByAClickAndNeverReturns()
     {
         includeEverySection();
+        doc->setNumber(u"includebackground", 1);
         doc->setNumber(u"bganimated", 1);
         auto *check = control<QCheckBox>("chkBGReverse");
         doc->setNumber(u"bgreverseanimation", 2);
@@ -438,6 +466,7 @@ private slots:
         QFETCH(QString, controlName);
         QFETCH(QString, key);
         includeEverySection();
+        doc->setNumber(u"includebackground", 1);
         doc->setNumber(u"bganimated", 1);
         auto *edit = control<QLineEdit>(controlName);
         edit->clear();

@@ -31,7 +31,11 @@ private slots:
 
 private:
     template<typename T = QWidget>
-    T *control(const QString &name) { return m_window->findChild<T *>(name); }
+    T *control(const QString &name)
+    {
+        m_window->buildAllPages();
+        return m_window->findChild<T *>(name);
+    }
     void click(const QString &button) { control<QAbstractButton>(button)->click(); }
     int shownFrame(const QString &surface)
     {
