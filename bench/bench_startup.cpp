@@ -3,7 +3,12 @@
 // stops at the paint. Prints the medians and their ratio (target <= 1.5).
 
 #include "document/themedocument.h"
+#include "editor/buttonbinding.h"
+#include "editor/filecommands.h"
 #include "editor/mainwindow.h"
+#include "editor/previewbinding.h"
+#include "editor/qtdialogs.h"
+#include "sound/soundsystem.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -54,9 +59,17 @@ int runChild(int argc, char *argv[], const QByteArray &mode)
     FirstPaint watcher;
     app.installEventFilter(&watcher);
     ThemeDocument doc;
+    SoundSystem sound;
     std::unique_ptr<QWidget> window;
+    std::unique_ptr<QtDialogs> dialogs;
+    std::unique_ptr<FileCommands> commands;
     if (mode == "editor") {
+        // What the editor's main() builds before it shows the window.
         auto main = std::make_unique<MainWindow>(doc);
+        dialogs = std::make_unique<QtDialogs>(main.get());
+        commands = std::make_unique<FileCommands>(doc, *dialogs);
+        new PreviewBinding(*main, doc, *dialogs);
+        new ButtonBinding(*main, doc, *dialogs, sound, *commands);
         main->startUp();
         window = std::move(main);
     } else {
