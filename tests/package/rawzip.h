@@ -4,6 +4,8 @@
 #include <QList>
 
 #include <array>
+#include <initializer_list>
+#include <utility>
 
 /**
  * Zip bytes built by hand, for archives no well-behaved writer makes: names with "..",
@@ -38,68 +40,45 @@ inline quint32 crc32(const QByteArray &bytes)
     return c ^ 0xFFFFFFFFu;
 }
 
-inline void put16(QByteArray &out, quint32 v)
+/** Appends each (value, byte count) pair little-endian, as every zip header field is stored. */
+inline void put(QByteArray &out, std::initializer_list<std::pair<quint32, int>> fields)
 {
-    out.append(char(v & 0xFF)).append(char((v >> 8) & 0xFF));
-}
-
-inline void put32(QByteArray &out, quint32 v)
-{
-    put16(out, v & 0xFFFF);
-    put16(out, v >> 16);
+    for (const auto &[value, size] : fields) {
+        for (int i = 0; i < size; ++i)
+            out.append(char((value >> (8 * i)) & 0xFF));
+    }
 }
 
 inline QByteArray build(const QList<Entry> &entries)
 {
+    constexpr quint32 date = 0x21; // 1980-01-01
     QByteArray out;
     QByteArray central;
     for (const Entry &e : entries) {
         const quint32 offset = quint32(out.size());
         const quint32 crc = crc32(e.data) ^ (e.badCrc ? 0x1u : 0u);
+        const quint32 size = quint32(e.data.size());
+        const quint32 nameSize = quint32(e.name.size());
         const quint32 mode = e.kind == Kind::Symlink ? 0120777 : e.kind == Kind::Directory ? 040755 : 0100644;
+        const quint32 attributes = (mode << 16) | (e.kind == Kind::Directory ? 0x10 : 0);
 
-        put32(out, 0x04034b50);
-        put16(out, 10);            // version needed
-        put16(out, 0);             // flags
-        put16(out, 0);             // stored
-        put16(out, 0);             // time
-        put16(out, 0x21);          // 1980-01-01
-        put32(out, crc);
-        put32(out, quint32(e.data.size()));
-        put32(out, quint32(e.data.size()));
-        put16(out, quint32(e.name.size()));
-        put16(out, 0);
+        // Local header: signature, version needed, flags, stored, time, date, crc, sizes, name, extra.
+        put(out, {{0x04034b50, 4}, {10, 2}, {0, 2}, {0, 2}, {0, 2}, {date, 2}, {crc, 4}, {size, 4}, {size, 4},
+                  {nameSize, 2}, {0, 2}});
         out.append(e.name).append(e.data);
 
-        put32(central, 0x02014b50);
-        put16(central, (3u << 8) | 20);   // made on Unix, so the mode below counts
-        put16(central, 10);
-        put16(central, 0);
-        put16(central, 0);
-        put16(central, 0);
-        put16(central, 0x21);
-        put32(central, crc);
-        put32(central, quint32(e.data.size()));
-        put32(central, quint32(e.data.size()));
-        put16(central, quint32(e.name.size()));
-        put16(central, 0);   // extra
-        put16(central, 0);   // comment
-        put16(central, 0);   // disk
-        put16(central, 0);   // internal attributes
-        put32(central, (mode << 16) | (e.kind == Kind::Directory ? 0x10 : 0));
-        put32(central, offset);
+        // Central entry: made on Unix (so the mode counts), then as above, comment, disk,
+        // internal and external attributes, local header offset.
+        put(central, {{0x02014b50, 4}, {(3u << 8) | 20, 2}, {10, 2}, {0, 2}, {0, 2}, {0, 2}, {date, 2},
+                      {crc, 4}, {size, 4}, {size, 4}, {nameSize, 2}, {0, 2}, {0, 2}, {0, 2}, {0, 2},
+                      {attributes, 4}, {offset, 4}});
         central.append(e.name);
     }
     const quint32 centralOffset = quint32(out.size());
+    const quint32 count = quint32(entries.size());
     out.append(central);
-    put32(out, 0x06054b50);
-    put16(out, 0);
-    put16(out, 0);
-    put16(out, quint32(entries.size()));
-    put16(out, quint32(entries.size()));
-    put32(out, quint32(central.size()));
-    put32(out, centralOffset);
-    put16(out, 0);
+    put(out, {{0x06054b50, 4}, {0, 2}, {0, 2}, {count, 2}, {count, 2}, {quint32(central.size()), 4},
+              {centralOffset, 4}, {0, 2}});
     return out;
 }
 

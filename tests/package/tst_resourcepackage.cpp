@@ -13,7 +13,7 @@ using PackageTest::readFile;
 using PackageTest::writeFile;
 using RawZip::Kind;
 
-Q_DECLARE_METATYPE(PackageEncryption)
+using Answers = QList<std::optional<QString>>;
 
 class ResourcePackageTest : public QObject
 {
@@ -117,23 +117,14 @@ private slots:
         QCOMPARE(readFile(iceFolder() + expected), QByteArray("pixels"));
     }
 
-    void storedFoldersAreCreatedEvenWhenEmpty()
+    void windowsPathAndEmptyFolders()
     {
-        const QString package = rawPackage({{"sounds/", {}, Kind::Directory}});
+        rawPackage({{"bg1.bmp", "pixels"}, {"sounds/", {}, Kind::Directory}});
         ScriptedDialogs dialogs;
-        extractResourcePackage(package, dialogs);
-        QCOMPARE(dialogs.messageLines(), QStringList());
-        QVERIFY(QFileInfo(iceFolder() + QStringLiteral("sounds")).isDir());
-    }
-
-    void packagePathIsFoundLikeOnWindows()
-    {
-        rawPackage({{"bg1.bmp", "pixels"}});
-        const QString asWritten = work(QStringLiteral("THEMES")) + QStringLiteral("\\Ice.zip");
-        ScriptedDialogs dialogs;
-        extractResourcePackage(asWritten, dialogs);
+        extractResourcePackage(work(QStringLiteral("THEMES")) + QStringLiteral("\\Ice.zip"), dialogs);
         QCOMPARE(dialogs.messageLines(), QStringList());
         QCOMPARE(readFile(iceFolder() + QStringLiteral("bg1.bmp")), QByteArray("pixels"));
+        QVERIFY(QFileInfo(iceFolder() + QStringLiteral("sounds")).isDir());
     }
 
     void replacesFilesAndDeletesNothing()
@@ -152,45 +143,35 @@ private slots:
         QCOMPARE(filesBelow(iceFolder()), (QStringList{QStringLiteral("gfx/bg1.bmp"), QStringLiteral("gfx/mine.bmp")}));
     }
 
-    void missingPackageIsReportedAndTheFolderStillMade()
-    {
-        const QString package = work(QStringLiteral("themes/Ice.zip"));
-        ScriptedDialogs dialogs;
-
-        const PackageLocation location = extractResourcePackage(package, dialogs);
-
-        QCOMPARE(dialogs.messageLines(), QStringList{errorLine(package, QStringLiteral("The file does not exist."))});
-        QCOMPARE(dialogs.messages.at(0).icon, Dialogs::Icon::Critical);
-        QCOMPARE(location.folder, iceFolder());
-        QVERIFY(QFileInfo(iceFolder()).isDir());
-        QCOMPARE(filesBelow(iceFolder()), QStringList());
-    }
-
-    void damagedPackageIsReported_data()
+    void unreadablePackageIsReported_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("reason");
+        QTest::newRow("missing") << QByteArray() << QStringLiteral("The file does not exist.");
         const QString notZip = QStringLiteral("It is not a zip archive or it is damaged.");
         QTest::newRow("text file") << QByteArray("[Theme Info]\r\nname=Ice\r\n") << notZip;
-        QTest::newRow("empty file") << QByteArray() << notZip;
+        QTest::newRow("empty file") << QByteArray("") << notZip;
         const QByteArray whole = RawZip::build({{"gfx/bg1.bmp", QByteArray(4000, 'x')}});
         QTest::newRow("cut short") << whole.left(2000) << QStringLiteral("It is damaged at gfx/bg1.bmp.");
         QTest::newRow("wrong checksum") << RawZip::build({{"gfx/bg1.bmp", "pixels", Kind::File, true}})
                                         << QStringLiteral("It is damaged at gfx/bg1.bmp.");
     }
 
-    void damagedPackageIsReported()
+    void unreadablePackageIsReported()
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, reason);
         const QString package = work(QStringLiteral("themes/Ice.zip"));
-        writeFile(package, bytes);
+        if (!bytes.isNull())
+            writeFile(package, bytes);
         ScriptedDialogs dialogs;
 
         const PackageLocation location = extractResourcePackage(package, dialogs);
 
         QCOMPARE(dialogs.messageLines(), QStringList{errorLine(package, reason)});
+        QCOMPARE(dialogs.messages.at(0).icon, Dialogs::Icon::Critical);
         QCOMPARE(location.folder, iceFolder());
+        QVERIFY(QFileInfo(iceFolder()).isDir()); // made even so, for the caller to publish
         QCOMPARE(filesBelow(iceFolder()), QStringList());
     }
 
@@ -315,69 +296,52 @@ private slots:
         QVERIFY(total <= cap);
     }
 
-    void rightPasswordIsAskedForOnce_data()
+    void passwords_data()
     {
         QTest::addColumn<PackageEncryption>("encryption");
-        QTest::newRow("traditional") << PackageEncryption::Traditional;
-        QTest::newRow("AES-256") << PackageEncryption::Aes256;
+        QTest::addColumn<Answers>("answers");
+        QTest::addColumn<int>("prompts");
+        QTest::addColumn<bool>("unpacked");
+        const Answers right{QStringLiteral("s3cret")};
+        QTest::newRow("traditional, right") << PackageEncryption::Traditional << right << 1 << true;
+        QTest::newRow("AES-256, right") << PackageEncryption::Aes256 << right << 1 << true;
+        // A wrong answer is asked again; the unanswered second question cancels.
+        const Answers wrong{QStringLiteral("guess")};
+        QTest::newRow("traditional, wrong") << PackageEncryption::Traditional << wrong << 2 << false;
+        QTest::newRow("AES-256, wrong") << PackageEncryption::Aes256 << wrong << 2 << false;
+        // A refused answer stops the asking: the right one queued behind it is never used.
+        QTest::newRow("cancelled") << PackageEncryption::Traditional << Answers{std::nullopt, QStringLiteral("s3cret")}
+                                   << 1 << false;
+        QTest::newRow("empty") << PackageEncryption::Traditional << Answers{QString(), QStringLiteral("s3cret")}
+                               << 1 << false;
     }
 
-    void rightPasswordIsAskedForOnce()
+    void passwords()
     {
         QFETCH(PackageEncryption, encryption);
-        const QString package = packedPackage({encryption, QStringLiteral("s3cret")});
-        ScriptedDialogs dialogs;
-        dialogs.inputs.enqueue(QStringLiteral("s3cret"));
-
-        extractResourcePackage(package, dialogs);
-
-        QCOMPARE(dialogs.messageLines(), QStringList());
-        QCOMPARE(dialogs.inputPrompts, QStringList{QStringLiteral("Please Enter The Password!")});
-        QCOMPARE(filesBelow(iceFolder()), (QStringList{QStringLiteral("gfx/bg1.bmp"), QStringLiteral("gfx/bg2.bmp"),
-                                                       QStringLiteral("snd/drop.wav")}));
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("snd/drop.wav")), QByteArray("content of snd/drop.wav"));
-    }
-
-    void wrongPasswordIsReportedAndLosesNothing_data() { rightPasswordIsAskedForOnce_data(); }
-
-    void wrongPasswordIsReportedAndLosesNothing()
-    {
-        QFETCH(PackageEncryption, encryption);
+        QFETCH(Answers, answers);
+        QFETCH(int, prompts);
+        QFETCH(bool, unpacked);
         const QString package = packedPackage({encryption, QStringLiteral("s3cret")});
         writeFile(iceFolder() + QStringLiteral("gfx/bg1.bmp"), "old frame");
         ScriptedDialogs dialogs;
-        dialogs.inputs.enqueue(QStringLiteral("guess"));   // then cancel when asked again
+        for (const auto &answer : answers)
+            dialogs.inputs.enqueue(answer);
 
         extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.messageLines(),
-                 QStringList{errorLine(package, QStringLiteral("The password is wrong or missing for gfx/bg1.bmp."))});
-        QVERIFY(!dialogs.inputPrompts.isEmpty());
-        QCOMPARE(filesBelow(iceFolder()), QStringList{QStringLiteral("gfx/bg1.bmp")});
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("gfx/bg1.bmp")), QByteArray("old frame"));
-    }
-
-    void refusedPasswordStopsTheAsking_data()
-    {
-        QTest::addColumn<std::optional<QString>>("answer");
-        QTest::newRow("cancelled") << std::optional<QString>();
-        QTest::newRow("empty") << std::optional<QString>(QString());
-    }
-
-    void refusedPasswordStopsTheAsking()
-    {
-        QFETCH(std::optional<QString>, answer);
-        const QString package = packedPackage({PackageEncryption::Traditional, QStringLiteral("s3cret")});
-        ScriptedDialogs dialogs;
-        dialogs.inputs.enqueue(answer);
-        dialogs.inputs.enqueue(QStringLiteral("s3cret"));   // must never be asked for
-
-        extractResourcePackage(package, dialogs);
-
-        QCOMPARE(dialogs.inputPrompts.size(), 1);
-        QCOMPARE(dialogs.messageLines(),
-                 QStringList{errorLine(package, QStringLiteral("The password is wrong or missing for gfx/bg1.bmp."))});
-        QCOMPARE(filesBelow(iceFolder()), QStringList());
+        QCOMPARE(dialogs.inputPrompts, QStringList(prompts, QStringLiteral("Please Enter The Password!")));
+        if (unpacked) {
+            QCOMPARE(dialogs.messageLines(), QStringList());
+            QCOMPARE(filesBelow(iceFolder()), (QStringList{QStringLiteral("gfx/bg1.bmp"), QStringLiteral("gfx/bg2.bmp"),
+                                                           QStringLiteral("snd/drop.wav")}));
+            QCOMPARE(readFile(iceFolder() + QStringLiteral("snd/drop.wav")), QByteArray("content of snd/drop.wav"));
+        } else {
+            QCOMPARE(dialogs.messageLines(),
+                     QStringList{errorLine(package, QStringLiteral("The password is wrong or missing for gfx/bg1.bmp."))});
+            QCOMPARE(filesBelow(iceFolder()), QStringList{QStringLiteral("gfx/bg1.bmp")});
+            QCOMPARE(readFile(iceFolder() + QStringLiteral("gfx/bg1.bmp")), QByteArray("old frame"));
+        }
     }
 
     void passwordStateStartsAfreshWithEachExtraction()
