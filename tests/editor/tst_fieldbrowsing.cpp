@@ -57,6 +57,8 @@ QStringList allValues(const ThemeDocument &doc)
     return values;
 }
 
+enum class Choice { InsidePackage, OutsideNoPackage, OutsidePackage, CancelClean, CancelChanged };
+
 } // namespace
 
 class FieldBrowsingTest : public QObject
@@ -71,23 +73,17 @@ private slots:
     void frameFileSplit_data();
     void frameFileSplit();
 
-    void everyButtonStoresPackageRelativeName_data();
-    void everyButtonStoresPackageRelativeName();
-    void everyButtonKeepsFullPathOutsidePackage_data();
-    void everyButtonKeepsFullPathOutsidePackage();
-    void cancelChangesNothing_data();
-    void cancelChangesNothing();
+    void everyButton_data();
+    void everyButton();
 
     void animatedElementFillsRootAndExtension_data();
     void animatedElementFillsRootAndExtension();
-    void nameWithoutDotKeepsRootAndExtension();
     void rowOutsideTableDoesNothing_data();
     void rowOutsideTableDoesNothing();
 
     void musicFolderFollowsWhereMusicWasChosen_data();
     void musicFolderFollowsWhereMusicWasChosen();
     void resourcePackageIsUnpackedThenStored();
-    void cancelledResourceBrowseUnpacksNothing();
 
     void qtFilterTranslation_data();
     void qtFilterTranslation();
@@ -115,22 +111,16 @@ void FieldBrowsingTest::relativeToPackage_data()
     QTest::addColumn<QString>("tail");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("inside the package") << "/tmp/stakko/mypack/bg1.bmp" << "stakko/mypack/" << "bg1.bmp";
-    QTest::newRow("sub-folder kept") << "/tmp/stakko/mypack/gfx/bg1.bmp" << "stakko/mypack/"
-                                     << "gfx/bg1.bmp";
+    const QString tail = QStringLiteral("stakko/mypack/");
+    QTest::newRow("inside the package") << "/tmp/stakko/mypack/bg1.bmp" << tail << "bg1.bmp";
+    QTest::newRow("sub-folder kept") << "/tmp/stakko/mypack/gfx/bg1.bmp" << tail << "gfx/bg1.bmp";
     QTest::newRow("case ignored") << "C:\\TEMP\\STAKKO\\MyPack\\a1.bmp" << "stakko\\mypack\\" << "a1.bmp";
-    QTest::newRow("slash tail, backslash path") << "C:\\Temp\\stakko\\mypack\\bg1.bmp" << "stakko/mypack/"
-                                                << "bg1.bmp";
-    QTest::newRow("backslash tail, slash path") << "/tmp/Stakko/MyPack/bg1.bmp" << "stakko\\mypack\\"
-                                                << "bg1.bmp";
-    QTest::newRow("first occurrence") << "/tmp/stakko/mypack/stakko/mypack/x.bmp" << "stakko/mypack/"
-                                      << "stakko/mypack/x.bmp";
-    QTest::newRow("outside the package") << "/home/me/art/bg1.bmp" << "stakko/mypack/"
-                                         << "/home/me/art/bg1.bmp";
-    QTest::newRow("other package") << "/tmp/stakko/other/bg1.bmp" << "stakko/mypack/"
-                                   << "/tmp/stakko/other/bg1.bmp";
+    QTest::newRow("slash tail, backslash path") << "C:\\Temp\\stakko\\mypack\\bg1.bmp" << tail << "bg1.bmp";
+    QTest::newRow("backslash tail, slash path") << "/tmp/Stakko/MyPack/bg1.bmp" << "stakko\\mypack\\" << "bg1.bmp";
+    QTest::newRow("first occurrence") << "/tmp/stakko/mypack/stakko/mypack/x.bmp" << tail << "stakko/mypack/x.bmp";
+    QTest::newRow("other package") << "/tmp/stakko/other/bg1.bmp" << tail << "/tmp/stakko/other/bg1.bmp";
     QTest::newRow("no package unpacked") << "/tmp/stakko/mypack/bg1.bmp" << "" << "/tmp/stakko/mypack/bg1.bmp";
-    QTest::newRow("empty path") << "" << "stakko/mypack/" << "";
+    QTest::newRow("empty path") << "" << tail << "";
 }
 
 void FieldBrowsingTest::relativeToPackage()
@@ -148,9 +138,8 @@ void FieldBrowsingTest::frameFileSplit_data()
     QTest::addColumn<QString>("root");
     QTest::addColumn<QString>("extension");
 
-    QTest::newRow("bg1.bmp") << "bg1.bmp" << true << "bg" << "bmp";
-    QTest::newRow("one digit dropped") << "bg10.bmp" << true << "bg1" << "bmp";
     QTest::newRow("full path") << "C:\\Art\\blk1.jpg" << true << "C:\\Art\\blk" << "jpg";
+    QTest::newRow("one digit dropped") << "bg10.bmp" << true << "bg1" << "bmp";
     QTest::newRow("dot in folder") << "C:\\My.Art\\bg1.bmp" << true << "C:\\M" << "Art\\bg1.bmp";
     QTest::newRow("first dot counts") << "x1.y.bmp" << true << "x" << "y.bmp";
     QTest::newRow("frame number only") << "a.bmp" << true << "" << "bmp";
@@ -175,87 +164,54 @@ void FieldBrowsingTest::frameFileSplit()
     }
 }
 
-void FieldBrowsingTest::everyButtonStoresPackageRelativeName_data()
+void FieldBrowsingTest::everyButton_data()
 {
     QTest::addColumn<int>("button");
-    const QList<BrowseButton> buttons = packageBrowseButtons();
-    for (int i = 0; i < buttons.size(); ++i)
-        QTest::newRow(qPrintable(buttons[i].name)) << i;
-}
-
-void FieldBrowsingTest::everyButtonStoresPackageRelativeName()
-{
-    QFETCH(int, button);
-    const BrowseButton b = packageBrowseButtons().at(button);
-    ThemeDocument doc;
-    unpackedPackage(doc);
-    ScriptedDialogs dialogs;
-    dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("gfx/file1.dat"));
-
-    QVERIFY(b.run(doc, dialogs));
-
-    QCOMPARE(doc.value(b.key), QStringLiteral("gfx/file1.dat"));
-    QVERIFY(doc.isDirty());
-    QCOMPARE(dialogs.openFilters, QStringList{b.filter});
-    QCOMPARE(dialogs.openFolders, QStringList{m_packageFolder});
-    QVERIFY(dialogs.messages.isEmpty());
-}
-
-void FieldBrowsingTest::everyButtonKeepsFullPathOutsidePackage_data()
-{
-    everyButtonStoresPackageRelativeName_data();
-}
-
-void FieldBrowsingTest::everyButtonKeepsFullPathOutsidePackage()
-{
-    QFETCH(int, button);
-    const BrowseButton b = packageBrowseButtons().at(button);
-    const QString chosen = QStringLiteral("/home/me/art/file1.dat");
-
-    // Before any package was unpacked, and with a package the file is not in.
-    for (const bool withPackage : {false, true}) {
-        ThemeDocument doc;
-        if (withPackage)
-            unpackedPackage(doc);
-        ScriptedDialogs dialogs;
-        dialogs.openNames.enqueue(chosen);
-        QVERIFY(b.run(doc, dialogs));
-        QCOMPARE(doc.value(b.key), chosen);
-        QCOMPARE(dialogs.openFolders, QStringList{doc.packageFolder()});
-    }
-}
-
-void FieldBrowsingTest::cancelChangesNothing_data()
-{
-    QTest::addColumn<int>("button");
-    QTest::addColumn<bool>("dirty");
+    QTest::addColumn<Choice>("choice");
     const QList<BrowseButton> buttons = packageBrowseButtons();
     for (int i = 0; i < buttons.size(); ++i) {
-        QTest::addRow("%s, clean", qPrintable(buttons[i].name)) << i << false;
-        QTest::addRow("%s, changed", qPrintable(buttons[i].name)) << i << true;
+        const QByteArray name = buttons[i].name.toLatin1();
+        QTest::addRow("%s, inside the package", name.data()) << i << Choice::InsidePackage;
+        QTest::addRow("%s, no package", name.data()) << i << Choice::OutsideNoPackage;
+        QTest::addRow("%s, outside the package", name.data()) << i << Choice::OutsidePackage;
+        QTest::addRow("%s, cancelled, clean", name.data()) << i << Choice::CancelClean;
+        QTest::addRow("%s, cancelled, changed", name.data()) << i << Choice::CancelChanged;
     }
 }
 
-void FieldBrowsingTest::cancelChangesNothing()
+void FieldBrowsingTest::everyButton()
 {
     QFETCH(int, button);
-    QFETCH(bool, dirty);
+    QFETCH(Choice, choice);
     const BrowseButton b = packageBrowseButtons().at(button);
     ThemeDocument doc;
-    unpackedPackage(doc);
+    if (choice != Choice::OutsideNoPackage)
+        unpackedPackage(doc);
     doc.setText(b.key, QStringLiteral("kept1.bmp"));
     doc.setMusicFolder(QStringLiteral("/music/"));
-    doc.setDirty(dirty);
+    doc.setDirty(choice == Choice::CancelChanged);
     const QStringList before = allValues(doc);
-
+    const QString outside = QStringLiteral("/home/me/art/file1.dat");
     ScriptedDialogs dialogs; // nothing queued: the dialog is cancelled
-    QVERIFY(!b.run(doc, dialogs));
+    if (choice == Choice::InsidePackage)
+        dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("gfx/file1.dat"));
+    else if (choice == Choice::OutsideNoPackage || choice == Choice::OutsidePackage)
+        dialogs.openNames.enqueue(outside);
 
-    QCOMPARE(dialogs.openFilters.size(), 1);
-    QCOMPARE(allValues(doc), before);
-    QCOMPARE(doc.isDirty(), dirty);
-    QCOMPARE(doc.musicFolder(), QStringLiteral("/music/"));
+    const bool cancelled = choice == Choice::CancelClean || choice == Choice::CancelChanged;
+    QCOMPARE(b.run(doc, dialogs), !cancelled);
+
+    QCOMPARE(dialogs.openFilters, QStringList{b.filter});
+    QCOMPARE(dialogs.openFolders, QStringList{doc.packageFolder()});
     QVERIFY(dialogs.messages.isEmpty());
+    if (cancelled) {
+        QCOMPARE(allValues(doc), before);
+        QCOMPARE(doc.isDirty(), choice == Choice::CancelChanged);
+        QCOMPARE(doc.musicFolder(), QStringLiteral("/music/"));
+    } else {
+        QCOMPARE(doc.value(b.key), choice == Choice::InsidePackage ? QStringLiteral("gfx/file1.dat") : outside);
+        QVERIFY(doc.isDirty());
+    }
 }
 
 void FieldBrowsingTest::animatedElementFillsRootAndExtension_data()
@@ -270,35 +226,28 @@ void FieldBrowsingTest::animatedElementFillsRootAndExtension()
     QFETCH(int, row);
     const AnimatedBrowseRow &r = animatedBrowseRows[row];
     ThemeDocument doc;
+    const auto field = [&](const char *key) { return doc.value(QLatin1StringView(key)); };
     unpackedPackage(doc);
     ScriptedDialogs dialogs;
     dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("bg1.bmp"));
     dialogs.openNames.enqueue(QStringLiteral("/home/me/My.Art/bg1.bmp"));
+    dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("background"));
 
     QVERIFY(browseAnimatedImage(doc, dialogs, row));
-    QCOMPARE(doc.value(QLatin1StringView(r.imageKey)), QStringLiteral("bg1.bmp"));
-    QCOMPARE(doc.value(QLatin1StringView(r.rootKey)), QStringLiteral("bg"));
-    QCOMPARE(doc.value(QLatin1StringView(r.extensionKey)), QStringLiteral("bmp"));
+    QCOMPARE(field(r.imageKey), QStringLiteral("bg1.bmp"));
+    QCOMPARE(field(r.rootKey), QStringLiteral("bg"));
+    QCOMPARE(field(r.extensionKey), QStringLiteral("bmp"));
 
     // The split reads the stored text, so a full path splits at its folder's dot.
     QVERIFY(browseAnimatedImage(doc, dialogs, row));
-    QCOMPARE(doc.value(QLatin1StringView(r.rootKey)), QStringLiteral("/home/me/M"));
-    QCOMPARE(doc.value(QLatin1StringView(r.extensionKey)), QStringLiteral("Art/bg1.bmp"));
-}
+    QCOMPARE(field(r.rootKey), QStringLiteral("/home/me/M"));
+    QCOMPARE(field(r.extensionKey), QStringLiteral("Art/bg1.bmp"));
 
-void FieldBrowsingTest::nameWithoutDotKeepsRootAndExtension()
-{
-    ThemeDocument doc;
-    unpackedPackage(doc);
-    doc.setText(u"bgfilename", QStringLiteral("old"));
-    doc.setText(u"bgextension", QStringLiteral("png"));
-    ScriptedDialogs dialogs;
-    dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("background"));
-
-    QVERIFY(browseAnimatedImage(doc, dialogs, 0));
-    QCOMPARE(doc.value(u"bgimage"), QStringLiteral("background"));
-    QCOMPARE(doc.value(u"bgfilename"), QStringLiteral("old"));
-    QCOMPARE(doc.value(u"bgextension"), QStringLiteral("png"));
+    // A name without a dot is stored but leaves root and extension alone.
+    QVERIFY(browseAnimatedImage(doc, dialogs, row));
+    QCOMPARE(field(r.imageKey), QStringLiteral("background"));
+    QCOMPARE(field(r.rootKey), QStringLiteral("/home/me/M"));
+    QCOMPARE(field(r.extensionKey), QStringLiteral("Art/bg1.bmp"));
 }
 
 void FieldBrowsingTest::rowOutsideTableDoesNothing_data()
@@ -363,20 +312,26 @@ void FieldBrowsingTest::resourcePackageIsUnpackedThenStored()
     QVERIFY(source.isValid());
     QFile frame(source.filePath(QStringLiteral("gfx/bg1.bmp")));
     QVERIFY(QDir(source.path()).mkpath(QStringLiteral("gfx")));
-    QVERIFY(frame.open(QIODevice::WriteOnly));
-    frame.write("BM frame");
+    QVERIFY(frame.open(QIODevice::WriteOnly) && frame.write("BM frame") == 8);
     frame.close();
     const QString zipPath = source.filePath(QStringLiteral("Ice.zip"));
     QString error;
     QVERIFY2(writeResourcePackage(zipPath, {frame.fileName()}, source.path(), &error), qPrintable(error));
 
     ThemeDocument doc;
+    unpackedPackage(doc);
+    const QString resource = doc.value(u"resourcefile");
     ScriptedDialogs dialogs;
+    QVERIFY(!browseResourcePackage(doc, dialogs)); // cancelled: the old package stays
+    QCOMPARE(doc.packageFolder(), m_packageFolder);
+    QCOMPARE(doc.packageFolderTail(), m_tail);
+    QCOMPARE(doc.value(u"resourcefile"), resource);
+    QVERIFY(!doc.isDirty());
+
     dialogs.openNames.enqueue(zipPath);
     QVERIFY(browseResourcePackage(doc, dialogs));
-
-    QCOMPARE(dialogs.openFilters, QStringList{zipFilter});
-    QCOMPARE(dialogs.openFolders, QStringList{QString()});
+    QCOMPARE(dialogs.openFilters, (QStringList{zipFilter, zipFilter}));
+    QCOMPARE(dialogs.openFolders, (QStringList{QString(), QString()}));
     QCOMPARE(doc.value(u"resourcefile"), zipPath);
     QCOMPARE(doc.packageFolderTail(), QStringLiteral("stakko/Ice/"));
     QCOMPARE(QDir::cleanPath(doc.packageFolder()), m_temp.path() + QStringLiteral("/stakko/Ice"));
@@ -389,20 +344,6 @@ void FieldBrowsingTest::resourcePackageIsUnpackedThenStored()
     QVERIFY(browseAnimatedImage(doc, dialogs, 0));
     QCOMPARE(dialogs.openFolders.last(), doc.packageFolder());
     QCOMPARE(doc.value(u"bgimage"), QStringLiteral("gfx/bg1.bmp"));
-}
-
-void FieldBrowsingTest::cancelledResourceBrowseUnpacksNothing()
-{
-    ThemeDocument doc;
-    unpackedPackage(doc);
-    const QString resource = doc.value(u"resourcefile");
-    ScriptedDialogs dialogs;
-
-    QVERIFY(!browseResourcePackage(doc, dialogs));
-    QCOMPARE(doc.packageFolder(), m_packageFolder);
-    QCOMPARE(doc.packageFolderTail(), m_tail);
-    QCOMPARE(doc.value(u"resourcefile"), resource);
-    QVERIFY(!doc.isDirty());
 }
 
 void FieldBrowsingTest::qtFilterTranslation_data()

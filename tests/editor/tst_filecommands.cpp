@@ -73,15 +73,11 @@ private slots:
 
     void guardedCommands_data();
     void guardedCommands();
-    void cleanDocumentIsNotPrompted_data();
-    void cleanDocumentIsNotPrompted();
-    void yesAlwaysAsksForANewFile();
 
     void saveCommands_data();
     void saveCommands();
+    void failedSaveKeepsChangesAndSaysWhy_data();
     void failedSaveKeepsChangesAndSaysWhy();
-    void failedSaveAsKeepsCurrentFile();
-    void typedNameIsSavedWithoutExtension();
 
     void loadSetsCurrentFileAndCountsLoaderEdits();
     void loadOpensInDataFolder_data();
@@ -126,6 +122,7 @@ QString FileCommandsTest::savedTheme(const QString &name)
 void FileCommandsTest::guardedCommands_data()
 {
     QTest::addColumn<Command>("command");
+    QTest::addColumn<bool>("dirty");
     QTest::addColumn<Answer>("answer");
     QTest::addColumn<QString>("saveName");  // Save As dialog after "Yes"; "" cancels it
     QTest::addColumn<bool>("goesOn");
@@ -133,25 +130,29 @@ void FileCommandsTest::guardedCommands_data()
     const struct { const char *name; Command command; } commands[] = {
         {"New", Command::New}, {"Load", Command::Load}, {"Exit", Command::Exit}};
     for (const auto &c : commands) {
-        QTest::addRow("%s, Cancel", c.name) << c.command << Answer::Cancel << QString() << false;
-        QTest::addRow("%s, No", c.name) << c.command << Answer::No << QString() << true;
-        QTest::addRow("%s, Yes, saved", c.name) << c.command << Answer::Yes << "saved.skt" << true;
-        QTest::addRow("%s, Yes, Save As cancelled", c.name) << c.command << Answer::Yes << QString() << false;
+        QTest::addRow("%s, clean, no question", c.name) << c.command << false << Answer::Cancel << QString() << true;
+        QTest::addRow("%s, Cancel", c.name) << c.command << true << Answer::Cancel << QString() << false;
+        QTest::addRow("%s, No", c.name) << c.command << true << Answer::No << QString() << true;
+        QTest::addRow("%s, Yes, saved", c.name) << c.command << true << Answer::Yes << "saved.skt" << true;
+        QTest::addRow("%s, Yes, Save As cancelled", c.name) << c.command << true << Answer::Yes << QString() << false;
     }
 }
 
 void FileCommandsTest::guardedCommands()
 {
     QFETCH(Command, command);
+    QFETCH(bool, dirty);
     QFETCH(Answer, answer);
     QFETCH(QString, saveName);
     QFETCH(bool, goesOn);
 
+    const QString current = path(QStringLiteral("current.skt"));
+    QVERIFY(writeFile(current, "untouched"));
     ThemeDocument doc;
     doc.resetTheme();
-    doc.setCurrentThemeFile(path(QStringLiteral("current.skt")));
+    doc.setCurrentThemeFile(current);
     doc.setText(u"name", QStringLiteral("Unsaved Work"));
-    QVERIFY(doc.isDirty());
+    doc.setDirty(dirty);
 
     ScriptedDialogs dialogs;
     dialogs.answers.enqueue(answer);
@@ -171,10 +172,14 @@ void FileCommandsTest::guardedCommands()
     case Command::Exit: exitAllowed = commands.exitRequested(); break;
     }
 
-    QCOMPARE(dialogs.messageLines(), QStringList{promptText});
-    QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Exclamation);
-    QCOMPARE(dialogs.messages.first().buttons, Dialogs::Buttons::YesNoCancel);
-    QCOMPARE(dialogs.saveFilters.size(), answer == Answer::Yes ? 1 : 0);
+    QCOMPARE(dialogs.messageLines(), dirty ? QStringList{promptText} : QStringList());
+    if (dirty) {
+        QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Exclamation);
+        QCOMPARE(dialogs.messages.first().buttons, Dialogs::Buttons::YesNoCancel);
+    }
+    // "Yes" always asks for a new file, even when the theme has one.
+    QCOMPARE(dialogs.saveFilters, dirty && answer == Answer::Yes ? QStringList{themeFileFilter} : QStringList());
+    QCOMPARE(contents(current), QByteArray("untouched"));
     if (!saveName.isEmpty()) {
         QVERIFY(contents(path(saveName)).contains("Unsaved Work"));
         QCOMPARE(doc.currentThemeFile(), command == Command::New ? QString() : path(saveName));
@@ -183,7 +188,7 @@ void FileCommandsTest::guardedCommands()
     if (!goesOn) {
         QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
         QVERIFY(doc.isDirty());
-        QCOMPARE(doc.currentThemeFile(), path(QStringLiteral("current.skt")));
+        QCOMPARE(doc.currentThemeFile(), current);
         QVERIFY(dialogs.openFilters.isEmpty());
         QVERIFY(!exitAllowed);
         QVERIFY(!soundClosed);
@@ -210,63 +215,6 @@ void FileCommandsTest::guardedCommands()
     }
 }
 
-void FileCommandsTest::cleanDocumentIsNotPrompted_data()
-{
-    QTest::addColumn<Command>("command");
-    QTest::newRow("New") << Command::New;
-    QTest::newRow("Load") << Command::Load;
-    QTest::newRow("Exit") << Command::Exit;
-}
-
-void FileCommandsTest::cleanDocumentIsNotPrompted()
-{
-    QFETCH(Command, command);
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setText(u"name", QStringLiteral("Edited"));
-    doc.setDirty(false);
-    ScriptedDialogs dialogs;
-    FileCommands commands(doc, dialogs);
-    commands.setProgramFolder(m_dir.path());
-
-    switch (command) {
-    case Command::New:
-        commands.newTheme();
-        QCOMPARE(doc.value(u"name"), QStringLiteral("Stakko Theme"));
-        break;
-    case Command::Load:
-        commands.loadTheme();
-        QCOMPARE(dialogs.openFilters.size(), 1);
-        break;
-    case Command::Exit:
-        QVERIFY(commands.exitRequested());
-        break;
-    }
-    QVERIFY(dialogs.messages.isEmpty());
-    QVERIFY(!doc.isDirty());
-    QCOMPARE(doc.currentThemeFile(), QString());
-}
-
-void FileCommandsTest::yesAlwaysAsksForANewFile()
-{
-    const QString current = path(QStringLiteral("current.skt"));
-    QVERIFY(writeFile(current, "untouched"));
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setCurrentThemeFile(current);
-    doc.setText(u"name", QStringLiteral("Changed"));
-    ScriptedDialogs dialogs;
-    dialogs.answers.enqueue(Answer::Yes);
-    dialogs.saveNames.enqueue(path(QStringLiteral("copy.skt")));
-    FileCommands commands(doc, dialogs);
-
-    QVERIFY(commands.promptToSave());
-    QCOMPARE(dialogs.saveFilters, QStringList{themeFileFilter});
-    QCOMPARE(contents(current), QByteArray("untouched"));
-    QVERIFY(contents(path(QStringLiteral("copy.skt"))).contains("Changed"));
-    QCOMPARE(doc.currentThemeFile(), path(QStringLiteral("copy.skt")));
-}
-
 void FileCommandsTest::saveCommands_data()
 {
     QTest::addColumn<bool>("saveAs");          // Save As instead of Save
@@ -283,6 +231,8 @@ void FileCommandsTest::saveCommands_data()
     QTest::newRow("Save, new theme, cancelled") << false << false << true << "" << true << true << "";
     QTest::newRow("Save, new clean theme, cancelled") << false << false << false << "" << true << true << "";
     QTest::newRow("Save As, saved") << true << true << true << "chosen.skt" << true << false << "chosen.skt";
+    QTest::newRow("Save As, typed name kept without extension") << true << false << true << "mytheme" << true
+                                                                << false << "mytheme";
     QTest::newRow("Save As, cancelled") << true << true << true << "" << true << true << "current.skt";
     QTest::newRow("Save As on clean theme, cancelled") << true << true << false << "" << true << true
                                                        << "current.skt";
@@ -319,64 +269,41 @@ void FileCommandsTest::saveCommands()
     QCOMPARE(doc.currentThemeFile(), currentAfter.isEmpty() ? QString() : path(currentAfter));
     if (!dirtyAfter)
         QVERIFY(contents(doc.currentThemeFile()).contains("Ice Age"));
+    QCOMPARE(m_dir.entryList({QStringLiteral("*.skt.skt"), QStringLiteral("mytheme.skt")}), QStringList());
     QVERIFY(dialogs.messages.isEmpty());
+}
+
+void FileCommandsTest::failedSaveKeepsChangesAndSaysWhy_data()
+{
+    QTest::addColumn<bool>("saveAs");
+    QTest::newRow("Save") << false;
+    QTest::newRow("Save As") << true;
 }
 
 void FileCommandsTest::failedSaveKeepsChangesAndSaysWhy()
 {
+    QFETCH(bool, saveAs);
     // A folder that cannot exist: its parent is a plain file (permissions do not stop root).
     QVERIFY(writeFile(path(QStringLiteral("plain")), "x"));
     const QString unwritable = path(QStringLiteral("plain/theme.skt"));
+    const QString current = saveAs ? path(QStringLiteral("current.skt")) : unwritable;
     ThemeDocument doc;
     doc.resetTheme();
-    doc.setCurrentThemeFile(unwritable);
+    doc.setCurrentThemeFile(current);
     doc.setDirty(false);
     ScriptedDialogs dialogs;
+    dialogs.saveNames.enqueue(unwritable);
     FileCommands commands(doc, dialogs);
 
-    commands.saveTheme();
+    saveAs ? commands.saveAs() : commands.saveTheme();
 
     QVERIFY(doc.isDirty());
-    QCOMPARE(doc.currentThemeFile(), unwritable);
+    QCOMPARE(doc.currentThemeFile(), current);
+    QCOMPARE(dialogs.saveFilters.size(), saveAs ? 1 : 0);
     QCOMPARE(dialogs.messages.size(), 1);
     QCOMPARE(dialogs.messages.first().title, QStringLiteral("Error"));
     QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Critical);
     QVERIFY(dialogs.messages.first().text.contains(unwritable));
-    QVERIFY(dialogs.saveFilters.isEmpty());
-}
-
-void FileCommandsTest::failedSaveAsKeepsCurrentFile()
-{
-    QVERIFY(writeFile(path(QStringLiteral("plain")), "x"));
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setCurrentThemeFile(path(QStringLiteral("current.skt")));
-    doc.setDirty(false);
-    ScriptedDialogs dialogs;
-    dialogs.saveNames.enqueue(path(QStringLiteral("plain/theme.skt")));
-    FileCommands commands(doc, dialogs);
-
-    commands.saveAs();
-
-    QVERIFY(doc.isDirty());
-    QCOMPARE(doc.currentThemeFile(), path(QStringLiteral("current.skt")));
-    QCOMPARE(dialogs.messages.size(), 1);
-    QCOMPARE(dialogs.messages.first().title, QStringLiteral("Error"));
-}
-
-void FileCommandsTest::typedNameIsSavedWithoutExtension()
-{
-    ThemeDocument doc;
-    doc.resetTheme();
-    ScriptedDialogs dialogs;
-    dialogs.saveNames.enqueue(path(QStringLiteral("mytheme")));
-    FileCommands commands(doc, dialogs);
-
-    commands.saveAs();
-
-    QVERIFY(QFile::exists(path(QStringLiteral("mytheme"))));
-    QVERIFY(!QFile::exists(path(QStringLiteral("mytheme.skt"))));
-    QCOMPARE(doc.currentThemeFile(), path(QStringLiteral("mytheme")));
 }
 
 void FileCommandsTest::loadSetsCurrentFileAndCountsLoaderEdits()
