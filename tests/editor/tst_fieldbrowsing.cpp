@@ -65,319 +65,296 @@ class FieldBrowsingTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-
-    void relativeToPackage_data();
-    void relativeToPackage();
-    void frameFileSplit_data();
-    void frameFileSplit();
-
-    void everyButton_data();
-    void everyButton();
-
-    void animatedElementFillsRootAndExtension_data();
-    void animatedElementFillsRootAndExtension();
-    void rowOutsideTableDoesNothing_data();
-    void rowOutsideTableDoesNothing();
-
-    void musicFolderFollowsWhereMusicWasChosen_data();
-    void musicFolderFollowsWhereMusicWasChosen();
-    void resourcePackageIsUnpackedThenStored();
-
-    void qtFilterTranslation_data();
-    void qtFilterTranslation();
-
-private:
     QTemporaryDir m_temp;
     QString m_packageFolder;
     const QString m_tail = QStringLiteral("stakko/mypack/");
 
     void unpackedPackage(ThemeDocument &doc) { doc.setPackageFolder(m_packageFolder, m_tail); }
-};
 
-void FieldBrowsingTest::initTestCase()
-{
-    QVERIFY(m_temp.isValid());
-    // Packages unpack below the temporary folder: keep them inside this test's own folder.
-    qputenv("TMPDIR", QFile::encodeName(m_temp.path()));
-    QCOMPARE(QDir::tempPath(), m_temp.path());
-    m_packageFolder = m_temp.path() + QStringLiteral("/stakko/mypack/");
-}
-
-void FieldBrowsingTest::relativeToPackage_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("tail");
-    QTest::addColumn<QString>("expected");
-
-    const QString tail = QStringLiteral("stakko/mypack/");
-    QTest::newRow("inside the package") << "/tmp/stakko/mypack/bg1.bmp" << tail << "bg1.bmp";
-    QTest::newRow("sub-folder kept") << "/tmp/stakko/mypack/gfx/bg1.bmp" << tail << "gfx/bg1.bmp";
-    QTest::newRow("case ignored") << "C:\\TEMP\\STAKKO\\MyPack\\a1.bmp" << "stakko\\mypack\\" << "a1.bmp";
-    QTest::newRow("slash tail, backslash path") << "C:\\Temp\\stakko\\mypack\\bg1.bmp" << tail << "bg1.bmp";
-    QTest::newRow("backslash tail, slash path") << "/tmp/Stakko/MyPack/bg1.bmp" << "stakko\\mypack\\" << "bg1.bmp";
-    QTest::newRow("first occurrence") << "/tmp/stakko/mypack/stakko/mypack/x.bmp" << tail << "stakko/mypack/x.bmp";
-    QTest::newRow("other package") << "/tmp/stakko/other/bg1.bmp" << tail << "/tmp/stakko/other/bg1.bmp";
-    QTest::newRow("no package unpacked") << "/tmp/stakko/mypack/bg1.bmp" << "" << "/tmp/stakko/mypack/bg1.bmp";
-    QTest::newRow("empty path") << "" << tail << "";
-}
-
-void FieldBrowsingTest::relativeToPackage()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, tail);
-    QFETCH(QString, expected);
-    QCOMPARE(makeThemeRelative(path, tail), expected);
-}
-
-void FieldBrowsingTest::frameFileSplit_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("splits");
-    QTest::addColumn<QString>("root");
-    QTest::addColumn<QString>("extension");
-
-    QTest::newRow("full path") << "C:\\Art\\blk1.jpg" << true << "C:\\Art\\blk" << "jpg";
-    QTest::newRow("one digit dropped") << "bg10.bmp" << true << "bg1" << "bmp";
-    QTest::newRow("dot in folder") << "C:\\My.Art\\bg1.bmp" << true << "C:\\M" << "Art\\bg1.bmp";
-    QTest::newRow("first dot counts") << "x1.y.bmp" << true << "x" << "y.bmp";
-    QTest::newRow("frame number only") << "a.bmp" << true << "" << "bmp";
-    QTest::newRow("dot first") << ".bmp" << true << "" << "bmp";
-    QTest::newRow("trailing dot") << "bg1." << true << "bg" << "";
-    QTest::newRow("no dot") << "bgone" << false << "" << "";
-    QTest::newRow("empty") << "" << false << "" << "";
-}
-
-void FieldBrowsingTest::frameFileSplit()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, splits);
-    QFETCH(QString, root);
-    QFETCH(QString, extension);
-
-    const std::optional<FrameFileName> split = splitFrameFileName(name);
-    QCOMPARE(split.has_value(), splits);
-    if (split) {
-        QCOMPARE(split->root, root);
-        QCOMPARE(split->extension, extension);
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_temp.isValid());
+        // Packages unpack below the temporary folder: keep them inside this test's own folder.
+        qputenv("TMPDIR", QFile::encodeName(m_temp.path()));
+        QCOMPARE(QDir::tempPath(), m_temp.path());
+        m_packageFolder = m_temp.path() + QStringLiteral("/stakko/mypack/");
     }
-}
 
-void FieldBrowsingTest::everyButton_data()
-{
-    QTest::addColumn<int>("button");
-    QTest::addColumn<Choice>("choice");
-    const QList<BrowseButton> buttons = packageBrowseButtons();
-    for (int i = 0; i < buttons.size(); ++i) {
-        const QByteArray name = buttons[i].name.toLatin1();
-        QTest::addRow("%s, inside the package", name.data()) << i << Choice::InsidePackage;
-        QTest::addRow("%s, no package", name.data()) << i << Choice::OutsideNoPackage;
-        QTest::addRow("%s, outside the package", name.data()) << i << Choice::OutsidePackage;
-        QTest::addRow("%s, cancelled, clean", name.data()) << i << Choice::CancelClean;
-        QTest::addRow("%s, cancelled, changed", name.data()) << i << Choice::CancelChanged;
+    void relativeToPackage_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("tail");
+        QTest::addColumn<QString>("expected");
+
+        const QString tail = QStringLiteral("stakko/mypack/");
+        QTest::newRow("inside the package") << "/tmp/stakko/mypack/bg1.bmp" << tail << "bg1.bmp";
+        QTest::newRow("sub-folder kept") << "/tmp/stakko/mypack/gfx/bg1.bmp" << tail << "gfx/bg1.bmp";
+        QTest::newRow("case ignored") << "C:\\TEMP\\STAKKO\\MyPack\\a1.bmp" << "stakko\\mypack\\" << "a1.bmp";
+        QTest::newRow("slash tail, backslash path") << "C:\\Temp\\stakko\\mypack\\bg1.bmp" << tail << "bg1.bmp";
+        QTest::newRow("backslash tail, slash path") << "/tmp/Stakko/MyPack/bg1.bmp" << "stakko\\mypack\\" << "bg1.bmp";
+        QTest::newRow("first occurrence") << "/tmp/stakko/mypack/stakko/mypack/x.bmp" << tail << "stakko/mypack/x.bmp";
+        QTest::newRow("other package") << "/tmp/stakko/other/bg1.bmp" << tail << "/tmp/stakko/other/bg1.bmp";
+        QTest::newRow("no package unpacked") << "/tmp/stakko/mypack/bg1.bmp" << "" << "/tmp/stakko/mypack/bg1.bmp";
+        QTest::newRow("empty path") << "" << tail << "";
     }
-}
 
-void FieldBrowsingTest::everyButton()
-{
-    QFETCH(int, button);
-    QFETCH(Choice, choice);
-    const BrowseButton b = packageBrowseButtons().at(button);
-    ThemeDocument doc;
-    if (choice != Choice::OutsideNoPackage)
+    void relativeToPackage()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, tail);
+        QFETCH(QString, expected);
+        QCOMPARE(makeThemeRelative(path, tail), expected);
+    }
+
+    void frameFileSplit_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("splits");
+        QTest::addColumn<QString>("root");
+        QTest::addColumn<QString>("extension");
+
+        QTest::newRow("full path") << "C:\\Art\\blk1.jpg" << true << "C:\\Art\\blk" << "jpg";
+        QTest::newRow("one digit dropped") << "bg10.bmp" << true << "bg1" << "bmp";
+        QTest::newRow("dot in folder") << "C:\\My.Art\\bg1.bmp" << true << "C:\\M" << "Art\\bg1.bmp";
+        QTest::newRow("first dot counts") << "x1.y.bmp" << true << "x" << "y.bmp";
+        QTest::newRow("frame number only") << "a.bmp" << true << "" << "bmp";
+        QTest::newRow("dot first") << ".bmp" << true << "" << "bmp";
+        QTest::newRow("trailing dot") << "bg1." << true << "bg" << "";
+        QTest::newRow("no dot") << "bgone" << false << "" << "";
+        QTest::newRow("empty") << "" << false << "" << "";
+    }
+
+    void frameFileSplit()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, splits);
+        QFETCH(QString, root);
+        QFETCH(QString, extension);
+
+        const std::optional<FrameFileName> split = splitFrameFileName(name);
+        QCOMPARE(split.has_value(), splits);
+        if (split) {
+            QCOMPARE(split->root, root);
+            QCOMPARE(split->extension, extension);
+        }
+    }
+
+    void everyButton_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<Choice>("choice");
+        const QList<BrowseButton> buttons = packageBrowseButtons();
+        for (int i = 0; i < buttons.size(); ++i) {
+            const QByteArray name = buttons[i].name.toLatin1();
+            QTest::addRow("%s, inside the package", name.data()) << i << Choice::InsidePackage;
+            QTest::addRow("%s, no package", name.data()) << i << Choice::OutsideNoPackage;
+            QTest::addRow("%s, outside the package", name.data()) << i << Choice::OutsidePackage;
+            QTest::addRow("%s, cancelled, clean", name.data()) << i << Choice::CancelClean;
+            QTest::addRow("%s, cancelled, changed", name.data()) << i << Choice::CancelChanged;
+        }
+    }
+
+    void everyButton()
+    {
+        QFETCH(int, button);
+        QFETCH(Choice, choice);
+        const BrowseButton b = packageBrowseButtons().at(button);
+        ThemeDocument doc;
+        if (choice != Choice::OutsideNoPackage)
+            unpackedPackage(doc);
+        doc.setText(b.key, QStringLiteral("kept1.bmp"));
+        doc.setMusicFolder(QStringLiteral("/music/"));
+        doc.setDirty(choice == Choice::CancelChanged);
+        const QStringList before = allValues(doc);
+        const QString outside = QStringLiteral("/home/me/art/file1.dat");
+        ScriptedDialogs dialogs; // nothing queued: the dialog is cancelled
+        if (choice == Choice::InsidePackage)
+            dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("gfx/file1.dat"));
+        else if (choice == Choice::OutsideNoPackage || choice == Choice::OutsidePackage)
+            dialogs.openNames.enqueue(outside);
+
+        const bool cancelled = choice == Choice::CancelClean || choice == Choice::CancelChanged;
+        QCOMPARE(b.run(doc, dialogs), !cancelled);
+
+        QCOMPARE(dialogs.openFilters, QStringList{b.filter});
+        QCOMPARE(dialogs.openFolders, QStringList{doc.packageFolder()});
+        QVERIFY(dialogs.messages.isEmpty());
+        if (cancelled) {
+            QCOMPARE(allValues(doc), before);
+            QCOMPARE(doc.isDirty(), choice == Choice::CancelChanged);
+            QCOMPARE(doc.musicFolder(), QStringLiteral("/music/"));
+        } else {
+            QCOMPARE(doc.value(b.key), choice == Choice::InsidePackage ? QStringLiteral("gfx/file1.dat") : outside);
+            QVERIFY(doc.isDirty());
+        }
+    }
+
+    void animatedElementFillsRootAndExtension_data()
+    {
+        QTest::addColumn<int>("row");
+        for (int i = 0; i < int(std::size(animatedBrowseRows)); ++i)
+            QTest::newRow(animatedBrowseRows[i].button) << i;
+    }
+
+    void animatedElementFillsRootAndExtension()
+    {
+        QFETCH(int, row);
+        const AnimatedBrowseRow &r = animatedBrowseRows[row];
+        ThemeDocument doc;
+        const auto field = [&](const char *key) { return doc.value(QLatin1StringView(key)); };
         unpackedPackage(doc);
-    doc.setText(b.key, QStringLiteral("kept1.bmp"));
-    doc.setMusicFolder(QStringLiteral("/music/"));
-    doc.setDirty(choice == Choice::CancelChanged);
-    const QStringList before = allValues(doc);
-    const QString outside = QStringLiteral("/home/me/art/file1.dat");
-    ScriptedDialogs dialogs; // nothing queued: the dialog is cancelled
-    if (choice == Choice::InsidePackage)
-        dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("gfx/file1.dat"));
-    else if (choice == Choice::OutsideNoPackage || choice == Choice::OutsidePackage)
-        dialogs.openNames.enqueue(outside);
+        ScriptedDialogs dialogs;
+        dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("bg1.bmp"));
+        dialogs.openNames.enqueue(QStringLiteral("/home/me/My.Art/bg1.bmp"));
+        dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("background"));
 
-    const bool cancelled = choice == Choice::CancelClean || choice == Choice::CancelChanged;
-    QCOMPARE(b.run(doc, dialogs), !cancelled);
+        QVERIFY(browseAnimatedImage(doc, dialogs, row));
+        QCOMPARE(field(r.imageKey), QStringLiteral("bg1.bmp"));
+        QCOMPARE(field(r.rootKey), QStringLiteral("bg"));
+        QCOMPARE(field(r.extensionKey), QStringLiteral("bmp"));
 
-    QCOMPARE(dialogs.openFilters, QStringList{b.filter});
-    QCOMPARE(dialogs.openFolders, QStringList{doc.packageFolder()});
-    QVERIFY(dialogs.messages.isEmpty());
-    if (cancelled) {
-        QCOMPARE(allValues(doc), before);
-        QCOMPARE(doc.isDirty(), choice == Choice::CancelChanged);
-        QCOMPARE(doc.musicFolder(), QStringLiteral("/music/"));
-    } else {
-        QCOMPARE(doc.value(b.key), choice == Choice::InsidePackage ? QStringLiteral("gfx/file1.dat") : outside);
-        QVERIFY(doc.isDirty());
+        // The split reads the stored text, so a full path splits at its folder's dot.
+        QVERIFY(browseAnimatedImage(doc, dialogs, row));
+        QCOMPARE(field(r.rootKey), QStringLiteral("/home/me/M"));
+        QCOMPARE(field(r.extensionKey), QStringLiteral("Art/bg1.bmp"));
+
+        // A name without a dot is stored but leaves root and extension alone.
+        QVERIFY(browseAnimatedImage(doc, dialogs, row));
+        QCOMPARE(field(r.imageKey), QStringLiteral("background"));
+        QCOMPARE(field(r.rootKey), QStringLiteral("/home/me/M"));
+        QCOMPARE(field(r.extensionKey), QStringLiteral("Art/bg1.bmp"));
     }
-}
 
-void FieldBrowsingTest::animatedElementFillsRootAndExtension_data()
-{
-    QTest::addColumn<int>("row");
-    for (int i = 0; i < int(std::size(animatedBrowseRows)); ++i)
-        QTest::newRow(animatedBrowseRows[i].button) << i;
-}
+    void rowOutsideTableDoesNothing_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("row");
+        QTest::newRow("animated -1") << 0 << -1;
+        QTest::newRow("animated 7") << 0 << 7;
+        QTest::newRow("interface -1") << 1 << -1;
+        QTest::newRow("interface 10") << 1 << 10;
+        QTest::newRow("misc 8") << 2 << 8;
+        QTest::newRow("sound -1") << 3 << -1;
+        QTest::newRow("sound 11") << 3 << 11;
+    }
 
-void FieldBrowsingTest::animatedElementFillsRootAndExtension()
-{
-    QFETCH(int, row);
-    const AnimatedBrowseRow &r = animatedBrowseRows[row];
-    ThemeDocument doc;
-    const auto field = [&](const char *key) { return doc.value(QLatin1StringView(key)); };
-    unpackedPackage(doc);
-    ScriptedDialogs dialogs;
-    dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("bg1.bmp"));
-    dialogs.openNames.enqueue(QStringLiteral("/home/me/My.Art/bg1.bmp"));
-    dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("background"));
+    void rowOutsideTableDoesNothing()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, row);
+        using RowBrowse = bool (*)(ThemeDocument &, Dialogs &, int);
+        const RowBrowse browse[] = {browseAnimatedImage, browseInterfaceImage, browseMiscImage, browseSound};
+        ThemeDocument doc;
+        const QStringList before = allValues(doc);
+        ScriptedDialogs dialogs;
+        dialogs.openNames.enqueue(QStringLiteral("/home/me/x1.bmp"));
 
-    QVERIFY(browseAnimatedImage(doc, dialogs, row));
-    QCOMPARE(field(r.imageKey), QStringLiteral("bg1.bmp"));
-    QCOMPARE(field(r.rootKey), QStringLiteral("bg"));
-    QCOMPARE(field(r.extensionKey), QStringLiteral("bmp"));
+        QVERIFY(!browse[kind](doc, dialogs, row));
+        QCOMPARE(allValues(doc), before);
+        QVERIFY(!doc.isDirty());
+        QVERIFY(dialogs.openFilters.isEmpty());
+    }
 
-    // The split reads the stored text, so a full path splits at its folder's dot.
-    QVERIFY(browseAnimatedImage(doc, dialogs, row));
-    QCOMPARE(field(r.rootKey), QStringLiteral("/home/me/M"));
-    QCOMPARE(field(r.extensionKey), QStringLiteral("Art/bg1.bmp"));
+    void musicFolderFollowsWhereMusicWasChosen_data()
+    {
+        QTest::addColumn<bool>("insidePackage");
+        QTest::newRow("inside the package") << true;
+        QTest::newRow("elsewhere") << false;
+    }
 
-    // A name without a dot is stored but leaves root and extension alone.
-    QVERIFY(browseAnimatedImage(doc, dialogs, row));
-    QCOMPARE(field(r.imageKey), QStringLiteral("background"));
-    QCOMPARE(field(r.rootKey), QStringLiteral("/home/me/M"));
-    QCOMPARE(field(r.extensionKey), QStringLiteral("Art/bg1.bmp"));
-}
+    void musicFolderFollowsWhereMusicWasChosen()
+    {
+        QFETCH(bool, insidePackage);
+        ThemeDocument doc;
+        unpackedPackage(doc);
+        doc.setMusicFolder(QStringLiteral("/old/music/"));
+        const QString chosen = insidePackage ? m_packageFolder + QStringLiteral("song.ogg")
+                                             : QStringLiteral("/home/me/song.ogg");
+        ScriptedDialogs dialogs;
+        dialogs.openNames.enqueue(chosen);
 
-void FieldBrowsingTest::rowOutsideTableDoesNothing_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("row");
-    QTest::newRow("animated -1") << 0 << -1;
-    QTest::newRow("animated 7") << 0 << 7;
-    QTest::newRow("interface -1") << 1 << -1;
-    QTest::newRow("interface 10") << 1 << 10;
-    QTest::newRow("misc 8") << 2 << 8;
-    QTest::newRow("sound -1") << 3 << -1;
-    QTest::newRow("sound 11") << 3 << 11;
-}
+        QVERIFY(browseMusic(doc, dialogs));
 
-void FieldBrowsingTest::rowOutsideTableDoesNothing()
-{
-    QFETCH(int, kind);
-    QFETCH(int, row);
-    using RowBrowse = bool (*)(ThemeDocument &, Dialogs &, int);
-    const RowBrowse browse[] = {browseAnimatedImage, browseInterfaceImage, browseMiscImage, browseSound};
-    ThemeDocument doc;
-    const QStringList before = allValues(doc);
-    ScriptedDialogs dialogs;
-    dialogs.openNames.enqueue(QStringLiteral("/home/me/x1.bmp"));
+        QCOMPARE(doc.value(u"midi"), insidePackage ? QStringLiteral("song.ogg") : chosen);
+        QCOMPARE(doc.musicFolder(), insidePackage ? m_packageFolder : QString());
+        // The music plays from the folder followed by the stored name: the chosen file.
+        QCOMPARE(doc.musicFolder() + doc.value(u"midi"), chosen);
+    }
 
-    QVERIFY(!browse[kind](doc, dialogs, row));
-    QCOMPARE(allValues(doc), before);
-    QVERIFY(!doc.isDirty());
-    QVERIFY(dialogs.openFilters.isEmpty());
-}
+    void resourcePackageIsUnpackedThenStored()
+    {
+        QTemporaryDir source;
+        QVERIFY(source.isValid());
+        QFile frame(source.filePath(QStringLiteral("gfx/bg1.bmp")));
+        QVERIFY(QDir(source.path()).mkpath(QStringLiteral("gfx")));
+        QVERIFY(frame.open(QIODevice::WriteOnly) && frame.write("BM frame") == 8);
+        frame.close();
+        const QString zipPath = source.filePath(QStringLiteral("Ice.zip"));
+        QString error;
+        QVERIFY2(writeResourcePackage(zipPath, {frame.fileName()}, source.path(), &error), qPrintable(error));
 
-void FieldBrowsingTest::musicFolderFollowsWhereMusicWasChosen_data()
-{
-    QTest::addColumn<bool>("insidePackage");
-    QTest::newRow("inside the package") << true;
-    QTest::newRow("elsewhere") << false;
-}
+        ThemeDocument doc;
+        unpackedPackage(doc);
+        const QString resource = doc.value(u"resourcefile");
+        ScriptedDialogs dialogs;
+        QVERIFY(!browseResourcePackage(doc, dialogs)); // cancelled: the old package stays
+        QCOMPARE(doc.packageFolder(), m_packageFolder);
+        QCOMPARE(doc.packageFolderTail(), m_tail);
+        QCOMPARE(doc.value(u"resourcefile"), resource);
+        QVERIFY(!doc.isDirty());
 
-void FieldBrowsingTest::musicFolderFollowsWhereMusicWasChosen()
-{
-    QFETCH(bool, insidePackage);
-    ThemeDocument doc;
-    unpackedPackage(doc);
-    doc.setMusicFolder(QStringLiteral("/old/music/"));
-    const QString chosen = insidePackage ? m_packageFolder + QStringLiteral("song.ogg")
-                                         : QStringLiteral("/home/me/song.ogg");
-    ScriptedDialogs dialogs;
-    dialogs.openNames.enqueue(chosen);
+        dialogs.openNames.enqueue(zipPath);
+        QVERIFY(browseResourcePackage(doc, dialogs));
+        QCOMPARE(dialogs.openFilters, (QStringList{zipFilter, zipFilter}));
+        QCOMPARE(dialogs.openFolders, (QStringList{QString(), QString()}));
+        QCOMPARE(doc.value(u"resourcefile"), zipPath);
+        QCOMPARE(doc.packageFolderTail(), QStringLiteral("stakko/Ice/"));
+        QCOMPARE(QDir::cleanPath(doc.packageFolder()), m_temp.path() + QStringLiteral("/stakko/Ice"));
+        QVERIFY(QFile::exists(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp")));
+        QVERIFY(doc.isDirty());
+        QVERIFY(dialogs.messages.isEmpty());
 
-    QVERIFY(browseMusic(doc, dialogs));
+        // The next image dialog opens in the package and shortens names inside it.
+        dialogs.openNames.enqueue(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp"));
+        QVERIFY(browseAnimatedImage(doc, dialogs, 0));
+        QCOMPARE(dialogs.openFolders.last(), doc.packageFolder());
+        QCOMPARE(doc.value(u"bgimage"), QStringLiteral("gfx/bg1.bmp"));
+    }
 
-    QCOMPARE(doc.value(u"midi"), insidePackage ? QStringLiteral("song.ogg") : chosen);
-    QCOMPARE(doc.musicFolder(), insidePackage ? m_packageFolder : QString());
-    // The music plays from the folder followed by the stored name: the chosen file.
-    QCOMPARE(doc.musicFolder() + doc.value(u"midi"), chosen);
-}
+    void qtFilterTranslation_data()
+    {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QStringList>("expected");
 
-void FieldBrowsingTest::resourcePackageIsUnpackedThenStored()
-{
-    QTemporaryDir source;
-    QVERIFY(source.isValid());
-    QFile frame(source.filePath(QStringLiteral("gfx/bg1.bmp")));
-    QVERIFY(QDir(source.path()).mkpath(QStringLiteral("gfx")));
-    QVERIFY(frame.open(QIODevice::WriteOnly) && frame.write("BM frame") == 8);
-    frame.close();
-    const QString zipPath = source.filePath(QStringLiteral("Ice.zip"));
-    QString error;
-    QVERIFY2(writeResourcePackage(zipPath, {frame.fileName()}, source.path(), &error), qPrintable(error));
+        QTest::newRow("image") << QString(imageFilter)
+                               << QStringList{"Bitmap Graphic (*.bmp) (*.bmp)", "JPEG Graphic (*.jpg) (*.jpg)",
+                                              "All Files(*.*) (*.*)"};
+        QTest::newRow("sound") << QString(soundFilter) << QStringList{"Wave Sound (*.wav) (*.WAV)"};
+        QTest::newRow("zip") << QString(zipFilter) << QStringList{"Zip File (*.zip) (*.ZIP)"};
+        QTest::newRow("music")
+            << QString(musicFilter)
+            << QStringList{"All Supported Sound Files (*.MP3 *.MP2 *.XM *.IT *.WAV *.S3M *.MOD *.OGG *.WMA "
+                           "*.ASF *.MID *.MIDI)",
+                           "MPEG Audio File (*.MP3, *.MP2) (*.MP3 *.MP2)",
+                           "Midi File(*.MID, *.MIDI) (*.MID *.MIDI)",
+                           "Mod Files (*.XM, *.MOD, *.S3M, *.IT) (*.XM *.MOD *.S3M *.IT)",
+                           "Windows Media Audio(*.WMA, *.ASF) (*.WMA *.ASF)",
+                           "Ogg Vorbis(*.OGG) (*.OGG)",
+                           "Wave File(*.WAV) (*.WAV)",
+                           "All Files(*.*) (*.*)"};
+        QTest::newRow("no closing bar") << "Theme|*.skt" << QStringList{"Theme (*.skt)"};
+        QTest::newRow("description without pattern") << "Theme|" << QStringList{};
+        QTest::newRow("empty") << "" << QStringList{};
+    }
 
-    ThemeDocument doc;
-    unpackedPackage(doc);
-    const QString resource = doc.value(u"resourcefile");
-    ScriptedDialogs dialogs;
-    QVERIFY(!browseResourcePackage(doc, dialogs)); // cancelled: the old package stays
-    QCOMPARE(doc.packageFolder(), m_packageFolder);
-    QCOMPARE(doc.packageFolderTail(), m_tail);
-    QCOMPARE(doc.value(u"resourcefile"), resource);
-    QVERIFY(!doc.isDirty());
-
-    dialogs.openNames.enqueue(zipPath);
-    QVERIFY(browseResourcePackage(doc, dialogs));
-    QCOMPARE(dialogs.openFilters, (QStringList{zipFilter, zipFilter}));
-    QCOMPARE(dialogs.openFolders, (QStringList{QString(), QString()}));
-    QCOMPARE(doc.value(u"resourcefile"), zipPath);
-    QCOMPARE(doc.packageFolderTail(), QStringLiteral("stakko/Ice/"));
-    QCOMPARE(QDir::cleanPath(doc.packageFolder()), m_temp.path() + QStringLiteral("/stakko/Ice"));
-    QVERIFY(QFile::exists(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp")));
-    QVERIFY(doc.isDirty());
-    QVERIFY(dialogs.messages.isEmpty());
-
-    // The next image dialog opens in the package and shortens names inside it.
-    dialogs.openNames.enqueue(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp"));
-    QVERIFY(browseAnimatedImage(doc, dialogs, 0));
-    QCOMPARE(dialogs.openFolders.last(), doc.packageFolder());
-    QCOMPARE(doc.value(u"bgimage"), QStringLiteral("gfx/bg1.bmp"));
-}
-
-void FieldBrowsingTest::qtFilterTranslation_data()
-{
-    QTest::addColumn<QString>("filter");
-    QTest::addColumn<QStringList>("expected");
-
-    QTest::newRow("image") << QString(imageFilter)
-                           << QStringList{"Bitmap Graphic (*.bmp) (*.bmp)", "JPEG Graphic (*.jpg) (*.jpg)",
-                                          "All Files(*.*) (*.*)"};
-    QTest::newRow("sound") << QString(soundFilter) << QStringList{"Wave Sound (*.wav) (*.WAV)"};
-    QTest::newRow("zip") << QString(zipFilter) << QStringList{"Zip File (*.zip) (*.ZIP)"};
-    QTest::newRow("music")
-        << QString(musicFilter)
-        << QStringList{"All Supported Sound Files (*.MP3 *.MP2 *.XM *.IT *.WAV *.S3M *.MOD *.OGG *.WMA "
-                       "*.ASF *.MID *.MIDI)",
-                       "MPEG Audio File (*.MP3, *.MP2) (*.MP3 *.MP2)",
-                       "Midi File(*.MID, *.MIDI) (*.MID *.MIDI)",
-                       "Mod Files (*.XM, *.MOD, *.S3M, *.IT) (*.XM *.MOD *.S3M *.IT)",
-                       "Windows Media Audio(*.WMA, *.ASF) (*.WMA *.ASF)",
-                       "Ogg Vorbis(*.OGG) (*.OGG)",
-                       "Wave File(*.WAV) (*.WAV)",
-                       "All Files(*.*) (*.*)"};
-    QTest::newRow("no closing bar") << "Theme|*.skt" << QStringList{"Theme (*.skt)"};
-    QTest::newRow("description without pattern") << "Theme|" << QStringList{};
-    QTest::newRow("empty") << "" << QStringList{};
-}
-
-void FieldBrowsingTest::qtFilterTranslation()
-{
-    QFETCH(QString, filter);
-    QFETCH(QStringList, expected);
-    QCOMPARE(QtDialogs::qtNameFilters(filter), expected);
-}
+    void qtFilterTranslation()
+    {
+        QFETCH(QString, filter);
+        QFETCH(QStringList, expected);
+        QCOMPARE(QtDialogs::qtNameFilters(filter), expected);
+    }
+};
 
 QTEST_MAIN(FieldBrowsingTest)
 #include "tst_fieldbrowsing.moc"

@@ -68,393 +68,369 @@ class FileCommandsTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void init();
-
-    void guardedCommands_data();
-    void guardedCommands();
-
-    void saveCommands_data();
-    void saveCommands();
-    void failedSaveKeepsChangesAndSaysWhy_data();
-    void failedSaveKeepsChangesAndSaysWhy();
-
-    void loadSetsCurrentFileAndCountsLoaderEdits();
-    void loadOpensInDataFolder_data();
-    void loadOpensInDataFolder();
-    void loadPathIsGuarded();
-
-    void exitClosesSoundThenWritesSettings();
-
-    void fileDialogsShareOneFolder();
-    void saveDialogTakesTypedNameAsIs_data();
-    void saveDialogTakesTypedNameAsIs();
-
-private:
     QString path(const QString &name) const { return m_dir.filePath(name); }
-    /** A saved Type 0 theme named \a name, so loading it needs no package. */
-    QString savedTheme(const QString &name);
 
     std::unique_ptr<QTemporaryDir> m_dirOwner;
     QDir m_dir;
-};
 
-void FileCommandsTest::init()
-{
-    m_dirOwner = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dirOwner->isValid());
-    m_dir = QDir(m_dirOwner->path());
-}
-
-QString FileCommandsTest::savedTheme(const QString &name)
-{
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setNumber(u"themetype", 0);
-    doc.setText(u"name", name);
-    const QString file = path(name + QStringLiteral(".skt"));
-    QString error;
-    if (!writeThemeFile(doc, file, &error))
-        qWarning() << error;
-    return file;
-}
-
-void FileCommandsTest::guardedCommands_data()
-{
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<bool>("dirty");
-    QTest::addColumn<Answer>("answer");
-    QTest::addColumn<QString>("saveName");  // Save As dialog after "Yes"; "" cancels it
-    QTest::addColumn<bool>("goesOn");
-
-    const struct { const char *name; Command command; } commands[] = {
-        {"New", Command::New}, {"Load", Command::Load}, {"Exit", Command::Exit}};
-    for (const auto &c : commands) {
-        QTest::addRow("%s, clean, no question", c.name) << c.command << false << Answer::Cancel << QString() << true;
-        QTest::addRow("%s, Cancel", c.name) << c.command << true << Answer::Cancel << QString() << false;
-        QTest::addRow("%s, No", c.name) << c.command << true << Answer::No << QString() << true;
-        QTest::addRow("%s, Yes, saved", c.name) << c.command << true << Answer::Yes << "saved.skt" << true;
-        QTest::addRow("%s, Yes, Save As cancelled", c.name) << c.command << true << Answer::Yes << QString() << false;
-    }
-}
-
-void FileCommandsTest::guardedCommands()
-{
-    QFETCH(Command, command);
-    QFETCH(bool, dirty);
-    QFETCH(Answer, answer);
-    QFETCH(QString, saveName);
-    QFETCH(bool, goesOn);
-
-    const QString current = path(QStringLiteral("current.skt"));
-    QVERIFY(writeFile(current, "untouched"));
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setCurrentThemeFile(current);
-    doc.setText(u"name", QStringLiteral("Unsaved Work"));
-    doc.setDirty(dirty);
-
-    ScriptedDialogs dialogs;
-    dialogs.answers.enqueue(answer);
-    if (!saveName.isEmpty())
-        dialogs.saveNames.enqueue(path(saveName));
-    FileCommands commands(doc, dialogs);
-    commands.setProgramFolder(m_dir.path());
-    commands.setEditorConfig({22050, 16, 2});
-    commands.setEditorConfigPath(path(QStringLiteral("skm.ini")));
-    bool soundClosed = false;
-    commands.setCloseSound([&] { soundClosed = true; });
-
-    bool exitAllowed = false;
-    switch (command) {
-    case Command::New: commands.newTheme(); break;
-    case Command::Load: commands.loadTheme(); break; // the open dialog is cancelled
-    case Command::Exit: exitAllowed = commands.exitRequested(); break;
+    QString savedTheme(const QString &name)
+    {
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setNumber(u"themetype", 0);
+        doc.setText(u"name", name);
+        const QString file = path(name + QStringLiteral(".skt"));
+        QString error;
+        if (!writeThemeFile(doc, file, &error))
+            qWarning() << error;
+        return file;
     }
 
-    QCOMPARE(dialogs.messageLines(), dirty ? QStringList{promptText} : QStringList());
-    if (dirty) {
-        QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Exclamation);
-        QCOMPARE(dialogs.messages.first().buttons, Dialogs::Buttons::YesNoCancel);
-    }
-    // "Yes" always asks for a new file, even when the theme has one.
-    QCOMPARE(dialogs.saveFilters, dirty && answer == Answer::Yes ? QStringList{themeFileFilter} : QStringList());
-    QCOMPARE(contents(current), QByteArray("untouched"));
-    if (!saveName.isEmpty()) {
-        QVERIFY(contents(path(saveName)).contains("Unsaved Work"));
-        QCOMPARE(doc.currentThemeFile(), command == Command::New ? QString() : path(saveName));
+private slots:
+    void init()
+    {
+        m_dirOwner = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_dirOwner->isValid());
+        m_dir = QDir(m_dirOwner->path());
     }
 
-    if (!goesOn) {
-        QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
+    void guardedCommands_data()
+    {
+        QTest::addColumn<Command>("command");
+        QTest::addColumn<bool>("dirty");
+        QTest::addColumn<Answer>("answer");
+        QTest::addColumn<QString>("saveName");  // Save As dialog after "Yes"; "" cancels it
+        QTest::addColumn<bool>("goesOn");
+
+        const struct { const char *name; Command command; } commands[] = {
+            {"New", Command::New}, {"Load", Command::Load}, {"Exit", Command::Exit}};
+        for (const auto &c : commands) {
+            QTest::addRow("%s, clean, no question", c.name) << c.command << false << Answer::Cancel << QString() << true;
+            QTest::addRow("%s, Cancel", c.name) << c.command << true << Answer::Cancel << QString() << false;
+            QTest::addRow("%s, No", c.name) << c.command << true << Answer::No << QString() << true;
+            QTest::addRow("%s, Yes, saved", c.name) << c.command << true << Answer::Yes << "saved.skt" << true;
+            QTest::addRow("%s, Yes, Save As cancelled", c.name) << c.command << true << Answer::Yes << QString() << false;
+        }
+    }
+
+    void guardedCommands()
+    {
+        QFETCH(Command, command);
+        QFETCH(bool, dirty);
+        QFETCH(Answer, answer);
+        QFETCH(QString, saveName);
+        QFETCH(bool, goesOn);
+
+        const QString current = path(QStringLiteral("current.skt"));
+        QVERIFY(writeFile(current, "untouched"));
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setCurrentThemeFile(current);
+        doc.setText(u"name", QStringLiteral("Unsaved Work"));
+        doc.setDirty(dirty);
+
+        ScriptedDialogs dialogs;
+        dialogs.answers.enqueue(answer);
+        if (!saveName.isEmpty())
+            dialogs.saveNames.enqueue(path(saveName));
+        FileCommands commands(doc, dialogs);
+        commands.setProgramFolder(m_dir.path());
+        commands.setEditorConfig({22050, 16, 2});
+        commands.setEditorConfigPath(path(QStringLiteral("skm.ini")));
+        bool soundClosed = false;
+        commands.setCloseSound([&] { soundClosed = true; });
+
+        bool exitAllowed = false;
+        switch (command) {
+        case Command::New: commands.newTheme(); break;
+        case Command::Load: commands.loadTheme(); break; // the open dialog is cancelled
+        case Command::Exit: exitAllowed = commands.exitRequested(); break;
+        }
+
+        QCOMPARE(dialogs.messageLines(), dirty ? QStringList{promptText} : QStringList());
+        if (dirty) {
+            QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Exclamation);
+            QCOMPARE(dialogs.messages.first().buttons, Dialogs::Buttons::YesNoCancel);
+        }
+        // "Yes" always asks for a new file, even when the theme has one.
+        QCOMPARE(dialogs.saveFilters, dirty && answer == Answer::Yes ? QStringList{themeFileFilter} : QStringList());
+        QCOMPARE(contents(current), QByteArray("untouched"));
+        if (!saveName.isEmpty()) {
+            QVERIFY(contents(path(saveName)).contains("Unsaved Work"));
+            QCOMPARE(doc.currentThemeFile(), command == Command::New ? QString() : path(saveName));
+        }
+
+        if (!goesOn) {
+            QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
+            QVERIFY(doc.isDirty());
+            QCOMPARE(doc.currentThemeFile(), current);
+            QVERIFY(dialogs.openFilters.isEmpty());
+            QVERIFY(!exitAllowed);
+            QVERIFY(!soundClosed);
+            QVERIFY(!QFile::exists(path(QStringLiteral("skm.ini"))));
+            return;
+        }
+
+        QVERIFY(!doc.isDirty());
+        switch (command) {
+        case Command::New:
+            QCOMPARE(doc.value(u"name"), QStringLiteral("Stakko Theme"));
+            QCOMPARE(doc.number(u"themetype"), 1);
+            QCOMPARE(doc.currentThemeFile(), QString());
+            break;
+        case Command::Load:
+            QCOMPARE(dialogs.openFilters, QStringList{themeFileFilter});
+            QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
+            break;
+        case Command::Exit:
+            QVERIFY(exitAllowed);
+            QVERIFY(soundClosed);
+            QVERIFY(QFile::exists(path(QStringLiteral("skm.ini"))));
+            break;
+        }
+    }
+
+    void saveCommands_data()
+    {
+        QTest::addColumn<bool>("saveAs");          // Save As instead of Save
+        QTest::addColumn<bool>("hasCurrentFile");
+        QTest::addColumn<bool>("dirtyBefore");
+        QTest::addColumn<QString>("saveName");    // "" cancels the dialog
+        QTest::addColumn<bool>("dialogShown");
+        QTest::addColumn<bool>("dirtyAfter");
+        QTest::addColumn<QString>("currentAfter");
+
+        QTest::newRow("Save, current file") << false << true << true << "" << false << false << "current.skt";
+        QTest::newRow("Save, new theme, saved") << false << false << true << "chosen.skt" << true << false
+                                                << "chosen.skt";
+        QTest::newRow("Save, new theme, cancelled") << false << false << true << "" << true << true << "";
+        QTest::newRow("Save, new clean theme, cancelled") << false << false << false << "" << true << true << "";
+        QTest::newRow("Save As, saved") << true << true << true << "chosen.skt" << true << false << "chosen.skt";
+        QTest::newRow("Save As, typed name kept without extension") << true << false << true << "mytheme" << true
+                                                                    << false << "mytheme";
+        QTest::newRow("Save As, cancelled") << true << true << true << "" << true << true << "current.skt";
+        QTest::newRow("Save As on clean theme, cancelled") << true << true << false << "" << true << true
+                                                           << "current.skt";
+    }
+
+    void saveCommands()
+    {
+        QFETCH(bool, saveAs);
+        QFETCH(bool, hasCurrentFile);
+        QFETCH(bool, dirtyBefore);
+        QFETCH(QString, saveName);
+        QFETCH(bool, dialogShown);
+        QFETCH(bool, dirtyAfter);
+        QFETCH(QString, currentAfter);
+
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setText(u"name", QStringLiteral("Ice Age"));
+        if (hasCurrentFile)
+            doc.setCurrentThemeFile(path(QStringLiteral("current.skt")));
+        doc.setDirty(dirtyBefore);
+        ScriptedDialogs dialogs;
+        if (!saveName.isEmpty())
+            dialogs.saveNames.enqueue(path(saveName));
+        FileCommands commands(doc, dialogs);
+
+        if (saveAs)
+            commands.saveAs();
+        else
+            commands.saveTheme();
+
+        QCOMPARE(dialogs.saveFilters.size(), dialogShown ? 1 : 0);
+        QCOMPARE(doc.isDirty(), dirtyAfter);
+        QCOMPARE(doc.currentThemeFile(), currentAfter.isEmpty() ? QString() : path(currentAfter));
+        if (!dirtyAfter)
+            QVERIFY(contents(doc.currentThemeFile()).contains("Ice Age"));
+        QCOMPARE(m_dir.entryList({QStringLiteral("*.skt.skt"), QStringLiteral("mytheme.skt")}), QStringList());
+        QVERIFY(dialogs.messages.isEmpty());
+    }
+
+    void failedSaveKeepsChangesAndSaysWhy_data()
+    {
+        QTest::addColumn<bool>("saveAs");
+        QTest::newRow("Save") << false;
+        QTest::newRow("Save As") << true;
+    }
+
+    void failedSaveKeepsChangesAndSaysWhy()
+    {
+        QFETCH(bool, saveAs);
+        // A folder that cannot exist: its parent is a plain file (permissions do not stop root).
+        QVERIFY(writeFile(path(QStringLiteral("plain")), "x"));
+        const QString unwritable = path(QStringLiteral("plain/theme.skt"));
+        const QString current = saveAs ? path(QStringLiteral("current.skt")) : unwritable;
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setCurrentThemeFile(current);
+        doc.setDirty(false);
+        ScriptedDialogs dialogs;
+        dialogs.saveNames.enqueue(unwritable);
+        FileCommands commands(doc, dialogs);
+
+        saveAs ? commands.saveAs() : commands.saveTheme();
+
         QVERIFY(doc.isDirty());
         QCOMPARE(doc.currentThemeFile(), current);
-        QVERIFY(dialogs.openFilters.isEmpty());
-        QVERIFY(!exitAllowed);
-        QVERIFY(!soundClosed);
-        QVERIFY(!QFile::exists(path(QStringLiteral("skm.ini"))));
-        return;
+        QCOMPARE(dialogs.saveFilters.size(), saveAs ? 1 : 0);
+        QCOMPARE(dialogs.messages.size(), 1);
+        QCOMPARE(dialogs.messages.first().title, QStringLiteral("Error"));
+        QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Critical);
+        QVERIFY(dialogs.messages.first().text.contains(unwritable));
     }
 
-    QVERIFY(!doc.isDirty());
-    switch (command) {
-    case Command::New:
-        QCOMPARE(doc.value(u"name"), QStringLiteral("Stakko Theme"));
-        QCOMPARE(doc.number(u"themetype"), 1);
-        QCOMPARE(doc.currentThemeFile(), QString());
-        break;
-    case Command::Load:
+    void loadSetsCurrentFileAndCountsLoaderEdits()
+    {
+        const QString theme = savedTheme(QStringLiteral("Glacier"));
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setDirty(false);
+        ScriptedDialogs dialogs;
+        dialogs.openNames.enqueue(theme);
+        FileCommands commands(doc, dialogs);
+        commands.setProgramFolder(m_dir.path());
+
+        commands.loadTheme();
+
+        QCOMPARE(doc.currentThemeFile(), theme);
+        QCOMPARE(doc.value(u"name"), QStringLiteral("Glacier"));
+        QCOMPARE(doc.number(u"themetype"), 0);
+        // The loader's writes are edits like any other.
+        QVERIFY(doc.isDirty());
+        QVERIFY(dialogs.messages.isEmpty());
+    }
+
+    void loadOpensInDataFolder_data()
+    {
+        QTest::addColumn<bool>("dataFolderExists");
+        QTest::newRow("program folder with data") << true;
+        QTest::newRow("program folder without data") << false;
+    }
+
+    void loadOpensInDataFolder()
+    {
+        QFETCH(bool, dataFolderExists);
+        if (dataFolderExists)
+            QVERIFY(m_dir.mkdir(QStringLiteral("data")));
+        ThemeDocument doc;
+        ScriptedDialogs dialogs;
+        FileCommands commands(doc, dialogs);
+        commands.setProgramFolder(m_dir.path());
+
+        QCOMPARE(commands.chooseThemeToLoad(), QString());
+
+        const QString expected = dataFolderExists
+            ? m_dir.path() + QStringLiteral("/data/")
+            : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        QCOMPARE(dialogs.openFolders, QStringList{expected});
         QCOMPARE(dialogs.openFilters, QStringList{themeFileFilter});
-        QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
-        break;
-    case Command::Exit:
-        QVERIFY(exitAllowed);
-        QVERIFY(soundClosed);
-        QVERIFY(QFile::exists(path(QStringLiteral("skm.ini"))));
-        break;
     }
-}
 
-void FileCommandsTest::saveCommands_data()
-{
-    QTest::addColumn<bool>("saveAs");          // Save As instead of Save
-    QTest::addColumn<bool>("hasCurrentFile");
-    QTest::addColumn<bool>("dirtyBefore");
-    QTest::addColumn<QString>("saveName");    // "" cancels the dialog
-    QTest::addColumn<bool>("dialogShown");
-    QTest::addColumn<bool>("dirtyAfter");
-    QTest::addColumn<QString>("currentAfter");
+    void loadPathIsGuarded()
+    {
+        const QString theme = savedTheme(QStringLiteral("Dropped"));
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setText(u"name", QStringLiteral("Unsaved Work"));
+        ScriptedDialogs dialogs;
+        dialogs.answers.enqueue(Answer::Cancel);
+        dialogs.answers.enqueue(Answer::No);
+        FileCommands commands(doc, dialogs);
 
-    QTest::newRow("Save, current file") << false << true << true << "" << false << false << "current.skt";
-    QTest::newRow("Save, new theme, saved") << false << false << true << "chosen.skt" << true << false
-                                            << "chosen.skt";
-    QTest::newRow("Save, new theme, cancelled") << false << false << true << "" << true << true << "";
-    QTest::newRow("Save, new clean theme, cancelled") << false << false << false << "" << true << true << "";
-    QTest::newRow("Save As, saved") << true << true << true << "chosen.skt" << true << false << "chosen.skt";
-    QTest::newRow("Save As, typed name kept without extension") << true << false << true << "mytheme" << true
-                                                                << false << "mytheme";
-    QTest::newRow("Save As, cancelled") << true << true << true << "" << true << true << "current.skt";
-    QTest::newRow("Save As on clean theme, cancelled") << true << true << false << "" << true << true
-                                                       << "current.skt";
-}
+        QVERIFY(!commands.loadPath(theme));
+        QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
+        QCOMPARE(doc.currentThemeFile(), QString());
 
-void FileCommandsTest::saveCommands()
-{
-    QFETCH(bool, saveAs);
-    QFETCH(bool, hasCurrentFile);
-    QFETCH(bool, dirtyBefore);
-    QFETCH(QString, saveName);
-    QFETCH(bool, dialogShown);
-    QFETCH(bool, dirtyAfter);
-    QFETCH(QString, currentAfter);
+        QVERIFY(commands.loadPath(theme));
+        QCOMPARE(doc.value(u"name"), QStringLiteral("Dropped"));
+        QCOMPARE(doc.currentThemeFile(), theme);
+        QCOMPARE(dialogs.messageLines(), QStringList(2, promptText));
+        QVERIFY(dialogs.openFilters.isEmpty());
+    }
 
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setText(u"name", QStringLiteral("Ice Age"));
-    if (hasCurrentFile)
-        doc.setCurrentThemeFile(path(QStringLiteral("current.skt")));
-    doc.setDirty(dirtyBefore);
-    ScriptedDialogs dialogs;
-    if (!saveName.isEmpty())
-        dialogs.saveNames.enqueue(path(saveName));
-    FileCommands commands(doc, dialogs);
+    void exitClosesSoundThenWritesSettings()
+    {
+        const QString ini = path(QStringLiteral("skm.ini"));
+        ThemeDocument doc;
+        ScriptedDialogs dialogs;
+        FileCommands commands(doc, dialogs);
+        commands.setEditorConfig({22050, 16, 2});
+        commands.setEditorConfigPath(ini);
+        bool iniExistedAtClose = true;
+        commands.setCloseSound([&] { iniExistedAtClose = QFile::exists(ini); });
 
-    if (saveAs)
-        commands.saveAs();
-    else
-        commands.saveTheme();
+        QVERIFY(commands.exitRequested());
 
-    QCOMPARE(dialogs.saveFilters.size(), dialogShown ? 1 : 0);
-    QCOMPARE(doc.isDirty(), dirtyAfter);
-    QCOMPARE(doc.currentThemeFile(), currentAfter.isEmpty() ? QString() : path(currentAfter));
-    if (!dirtyAfter)
-        QVERIFY(contents(doc.currentThemeFile()).contains("Ice Age"));
-    QCOMPARE(m_dir.entryList({QStringLiteral("*.skt.skt"), QStringLiteral("mytheme.skt")}), QStringList());
-    QVERIFY(dialogs.messages.isEmpty());
-}
+        QVERIFY(!iniExistedAtClose);
+        const QByteArray written = contents(ini);
+        QVERIFY(written.contains("frequency=22050\r\n"));
+        QVERIFY(written.contains("numchannels=16\r\n"));
+        QVERIFY(written.contains("output=2\r\n"));
+        QVERIFY(dialogs.messages.isEmpty());
+    }
 
-void FileCommandsTest::failedSaveKeepsChangesAndSaysWhy_data()
-{
-    QTest::addColumn<bool>("saveAs");
-    QTest::newRow("Save") << false;
-    QTest::newRow("Save As") << true;
-}
+    void fileDialogsShareOneFolder()
+    {
+        QVERIFY(m_dir.mkpath(QStringLiteral("data")));
+        QVERIFY(m_dir.mkpath(QStringLiteral("art")));
+        const QString data = QDir::cleanPath(path(QStringLiteral("data")));
+        const QString art = QDir::cleanPath(path(QStringLiteral("art")));
+        ThemeDocument doc;
+        QtDialogs dialogs;
+        FileCommands commands(doc, dialogs);
+        commands.setProgramFolder(m_dir.path());
+        QStringList shownIn;
+        const auto record = [&](QFileDialog *d) { shownIn.append(QDir::cleanPath(d->directory().path())); };
 
-void FileCommandsTest::failedSaveKeepsChangesAndSaysWhy()
-{
-    QFETCH(bool, saveAs);
-    // A folder that cannot exist: its parent is a plain file (permissions do not stop root).
-    QVERIFY(writeFile(path(QStringLiteral("plain")), "x"));
-    const QString unwritable = path(QStringLiteral("plain/theme.skt"));
-    const QString current = saveAs ? path(QStringLiteral("current.skt")) : unwritable;
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setCurrentThemeFile(current);
-    doc.setDirty(false);
-    ScriptedDialogs dialogs;
-    dialogs.saveNames.enqueue(unwritable);
-    FileCommands commands(doc, dialogs);
+        onNextFileDialog(record);
+        QCOMPARE(commands.chooseThemeToLoad(), QString());
+        onNextFileDialog(record);
+        QVERIFY(!commands.saveThemeAs());
+        QCOMPARE(shownIn, (QStringList{data, data}));
 
-    saveAs ? commands.saveAs() : commands.saveTheme();
+        // A dialog given a folder moves the shared one; a dialog given none opens where the
+        // author last chose a file.
+        onNextFileDialog([&](QFileDialog *d) {
+            record(d);
+            typeAndAccept(d, art + QStringLiteral("/bg1.bmp"));
+        });
+        QCOMPARE(dialogs.openFileName(QStringLiteral("Bitmap|*.bmp|"), art), art + QStringLiteral("/bg1.bmp"));
+        onNextFileDialog(record);
+        QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), QString()), QString());
+        QCOMPARE(shownIn, (QStringList{data, data, art, art}));
+    }
 
-    QVERIFY(doc.isDirty());
-    QCOMPARE(doc.currentThemeFile(), current);
-    QCOMPARE(dialogs.saveFilters.size(), saveAs ? 1 : 0);
-    QCOMPARE(dialogs.messages.size(), 1);
-    QCOMPARE(dialogs.messages.first().title, QStringLiteral("Error"));
-    QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Critical);
-    QVERIFY(dialogs.messages.first().text.contains(unwritable));
-}
+    void saveDialogTakesTypedNameAsIs_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("no extension added") << "mytheme" << false;
+        QTest::newRow("existing file, no overwrite question") << "existing.skt" << true;
+    }
 
-void FileCommandsTest::loadSetsCurrentFileAndCountsLoaderEdits()
-{
-    const QString theme = savedTheme(QStringLiteral("Glacier"));
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setDirty(false);
-    ScriptedDialogs dialogs;
-    dialogs.openNames.enqueue(theme);
-    FileCommands commands(doc, dialogs);
-    commands.setProgramFolder(m_dir.path());
+    void saveDialogTakesTypedNameAsIs()
+    {
+        QFETCH(QString, typed);
+        QFETCH(bool, exists);
+        if (exists)
+            QVERIFY(writeFile(path(typed), "old"));
+        QtDialogs dialogs;
+        onNextFileDialog([](QFileDialog *) {});
+        QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), m_dir.path()), QString());
 
-    commands.loadTheme();
-
-    QCOMPARE(doc.currentThemeFile(), theme);
-    QCOMPARE(doc.value(u"name"), QStringLiteral("Glacier"));
-    QCOMPARE(doc.number(u"themetype"), 0);
-    // The loader's writes are edits like any other.
-    QVERIFY(doc.isDirty());
-    QVERIFY(dialogs.messages.isEmpty());
-}
-
-void FileCommandsTest::loadOpensInDataFolder_data()
-{
-    QTest::addColumn<bool>("dataFolderExists");
-    QTest::newRow("program folder with data") << true;
-    QTest::newRow("program folder without data") << false;
-}
-
-void FileCommandsTest::loadOpensInDataFolder()
-{
-    QFETCH(bool, dataFolderExists);
-    if (dataFolderExists)
-        QVERIFY(m_dir.mkdir(QStringLiteral("data")));
-    ThemeDocument doc;
-    ScriptedDialogs dialogs;
-    FileCommands commands(doc, dialogs);
-    commands.setProgramFolder(m_dir.path());
-
-    QCOMPARE(commands.chooseThemeToLoad(), QString());
-
-    const QString expected = dataFolderExists
-        ? m_dir.path() + QStringLiteral("/data/")
-        : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    QCOMPARE(dialogs.openFolders, QStringList{expected});
-    QCOMPARE(dialogs.openFilters, QStringList{themeFileFilter});
-}
-
-void FileCommandsTest::loadPathIsGuarded()
-{
-    const QString theme = savedTheme(QStringLiteral("Dropped"));
-    ThemeDocument doc;
-    doc.resetTheme();
-    doc.setText(u"name", QStringLiteral("Unsaved Work"));
-    ScriptedDialogs dialogs;
-    dialogs.answers.enqueue(Answer::Cancel);
-    dialogs.answers.enqueue(Answer::No);
-    FileCommands commands(doc, dialogs);
-
-    QVERIFY(!commands.loadPath(theme));
-    QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
-    QCOMPARE(doc.currentThemeFile(), QString());
-
-    QVERIFY(commands.loadPath(theme));
-    QCOMPARE(doc.value(u"name"), QStringLiteral("Dropped"));
-    QCOMPARE(doc.currentThemeFile(), theme);
-    QCOMPARE(dialogs.messageLines(), QStringList(2, promptText));
-    QVERIFY(dialogs.openFilters.isEmpty());
-}
-
-void FileCommandsTest::exitClosesSoundThenWritesSettings()
-{
-    const QString ini = path(QStringLiteral("skm.ini"));
-    ThemeDocument doc;
-    ScriptedDialogs dialogs;
-    FileCommands commands(doc, dialogs);
-    commands.setEditorConfig({22050, 16, 2});
-    commands.setEditorConfigPath(ini);
-    bool iniExistedAtClose = true;
-    commands.setCloseSound([&] { iniExistedAtClose = QFile::exists(ini); });
-
-    QVERIFY(commands.exitRequested());
-
-    QVERIFY(!iniExistedAtClose);
-    const QByteArray written = contents(ini);
-    QVERIFY(written.contains("frequency=22050\r\n"));
-    QVERIFY(written.contains("numchannels=16\r\n"));
-    QVERIFY(written.contains("output=2\r\n"));
-    QVERIFY(dialogs.messages.isEmpty());
-}
-
-void FileCommandsTest::fileDialogsShareOneFolder()
-{
-    QVERIFY(m_dir.mkpath(QStringLiteral("data")));
-    QVERIFY(m_dir.mkpath(QStringLiteral("art")));
-    const QString data = QDir::cleanPath(path(QStringLiteral("data")));
-    const QString art = QDir::cleanPath(path(QStringLiteral("art")));
-    ThemeDocument doc;
-    QtDialogs dialogs;
-    FileCommands commands(doc, dialogs);
-    commands.setProgramFolder(m_dir.path());
-    QStringList shownIn;
-    const auto record = [&](QFileDialog *d) { shownIn.append(QDir::cleanPath(d->directory().path())); };
-
-    onNextFileDialog(record);
-    QCOMPARE(commands.chooseThemeToLoad(), QString());
-    onNextFileDialog(record);
-    QVERIFY(!commands.saveThemeAs());
-    QCOMPARE(shownIn, (QStringList{data, data}));
-
-    // A dialog given a folder moves the shared one; a dialog given none opens where the
-    // author last chose a file.
-    onNextFileDialog([&](QFileDialog *d) {
-        record(d);
-        typeAndAccept(d, art + QStringLiteral("/bg1.bmp"));
-    });
-    QCOMPARE(dialogs.openFileName(QStringLiteral("Bitmap|*.bmp|"), art), art + QStringLiteral("/bg1.bmp"));
-    onNextFileDialog(record);
-    QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), QString()), QString());
-    QCOMPARE(shownIn, (QStringList{data, data, art, art}));
-}
-
-void FileCommandsTest::saveDialogTakesTypedNameAsIs_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("exists");
-    QTest::newRow("no extension added") << "mytheme" << false;
-    QTest::newRow("existing file, no overwrite question") << "existing.skt" << true;
-}
-
-void FileCommandsTest::saveDialogTakesTypedNameAsIs()
-{
-    QFETCH(QString, typed);
-    QFETCH(bool, exists);
-    if (exists)
-        QVERIFY(writeFile(path(typed), "old"));
-    QtDialogs dialogs;
-    onNextFileDialog([](QFileDialog *) {});
-    QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), m_dir.path()), QString());
-
-    // An overwrite question would block the dialog: close it so the test fails instead.
-    QTimer::singleShot(3000, [] {
-        for (QWidget *w : QApplication::topLevelWidgets()) {
-            if (auto *dialog = qobject_cast<QDialog *>(w); dialog && dialog->isVisible())
-                dialog->reject();
-        }
-    });
-    onNextFileDialog([&](QFileDialog *d) { typeAndAccept(d, typed); });
-    QCOMPARE(dialogs.saveFileName(QString(themeFileFilter)), path(typed));
-}
+        // An overwrite question would block the dialog: close it so the test fails instead.
+        QTimer::singleShot(3000, [] {
+            for (QWidget *w : QApplication::topLevelWidgets()) {
+                if (auto *dialog = qobject_cast<QDialog *>(w); dialog && dialog->isVisible())
+                    dialog->reject();
+            }
+        });
+        onNextFileDialog([&](QFileDialog *d) { typeAndAccept(d, typed); });
+        QCOMPARE(dialogs.saveFileName(QString(themeFileFilter)), path(typed));
+    }
+};
 
 QTEST_MAIN(FileCommandsTest)
 #include "tst_filecommands.moc"
