@@ -6,6 +6,7 @@
 #include "preview/framestrip.h"
 #include "preview/loadingsurface.h"
 #include "preview/loadprogress.h"
+#include "preview/stripprefault.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -183,6 +184,7 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built)
         return false;
     }
 
+    const StripPrefault prefault(*built);
     const qint64 count = frameNumber(frameCount);
     const QString folder = m_doc.packageFolder();
     const quint32 started = m_clock();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <QString>
 
@@ -23,6 +24,9 @@ public:
     const QImage &picture() const { return m_picture; }
 
 private:
+    bool keepScratch(const QByteArray &format);
+
     QImage m_picture;
     QImage m_scratch; // decode target, so a failed decode never touches the picture
+    QByteArray m_lastFormat; // content format of the picture
 };

@@ -1,3 +1,4 @@
+#include "preview/framestrip.h"
 #include "preview/loadingsurface.h"
 
 #include <QBuffer>
@@ -5,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtEndian>
+
+#include <cstring>
 
 // Every picture here is 4 x 2: red in the left half, blue in the right half.
 static constexpr QRgb red = 0xFFFF0000;
@@ -118,6 +121,23 @@ QImage halves()
     return image;
 }
 
+/** A picture whose every pixel differs from its neighbours, so a shifted byte shows. */
+QImage pattern(QSize size, QImage::Format format)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgba(x * 7 + y, x * 3 + y * 5, 255 - x - y * 11, 80 + x % 170));
+    return image.convertToFormat(format);
+}
+
+QImage solid(QRgb color)
+{
+    QImage image(6, 4, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
+}
+
 bool near(QRgb a, QRgb b)
 {
     return qAbs(qRed(a) - qRed(b)) <= 12 && qAbs(qGreen(a) - qGreen(b)) <= 12
@@ -136,6 +156,10 @@ private slots:
     void jpegVariantsAreWhatTheyClaim();
     void grayscaleJpeg();
     void failedLoadKeepsThePicture();
+    void framesOfAnyFormatLoadInAnyOrder_data();
+    void framesOfAnyFormatLoadInAnyOrder();
+    void stripHoldsThePictureAsQtConvertsIt_data();
+    void stripHoldsThePictureAsQtConvertsIt();
 };
 
 void ImageFormatsTest::previewsReadThemeImages_data()
@@ -230,6 +254,88 @@ void ImageFormatsTest::failedLoadKeepsThePicture()
     QVERIFY(!surface.load(dir.filePath("none.bmp")));
     QCOMPARE(surface.picture().size(), QSize(4, 2));
     QVERIFY(near(surface.picture().pixel(3, 1), blue));
+}
+
+void ImageFormatsTest::framesOfAnyFormatLoadInAnyOrder_data()
+{
+    QTest::addColumn<QStringList>("files"); // "format:name" per frame, loaded in this order
+
+    QTest::newRow("bitmaps, then a renamed jpeg") << QStringList{"bmp:1.bmp", "bmp:2.bmp", "jpeg:3.bmp"};
+    QTest::newRow("jpegs, then a renamed bitmap") << QStringList{"jpeg:1.jpg", "bmp:2.jpg", "jpeg:3.jpg"};
+    QTest::newRow("png among bitmaps") << QStringList{"bmp:1.bmp", "png:2.bmp", "bmp:3.bmp"};
+    QTest::newRow("gif after a bitmap") << QStringList{"bmp:1.bmp", "gif:2.bmp"};
+    QTest::newRow("bitmap after a gif") << QStringList{"gif:1.gif", "bmp:2.gif"};
+}
+
+void ImageFormatsTest::framesOfAnyFormatLoadInAnyOrder()
+{
+    QFETCH(QStringList, files);
+    const QList<QRgb> colors{red, blue, qRgb(0, 160, 0)};
+
+    QTemporaryDir dir;
+    LoadingSurface surface;
+    for (qsizetype i = 0; i < files.size(); ++i) {
+        const QStringList formatAndName = files.at(i).split(u':');
+        const QByteArray format = formatAndName.at(0).toLatin1();
+        QImage image = solid(colors.at(i));
+        if (format == "gif")
+            image = image.convertToFormat(QImage::Format_Indexed8);
+        QFile file(dir.filePath(formatAndName.at(1)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(format == "gif" ? gif() : written(image, format.constData()));
+        file.close();
+
+        QVERIFY2(surface.load(file.fileName()), qPrintable(files.at(i)));
+        // The gif helper draws the red and blue halves.
+        const QRgb expected = format == "gif" ? red : colors.at(i);
+        QVERIFY2(near(surface.picture().pixel(0, 0), expected), qPrintable(files.at(i)));
+    }
+}
+
+void ImageFormatsTest::stripHoldsThePictureAsQtConvertsIt_data()
+{
+    QTest::addColumn<int>("element");
+    QTest::addColumn<QImage>("picture");
+
+    const QList<QSize> sizes{{1, 1}, {5, 3}, {21, 17}, {96, 176}, {97, 200}, {300, 400}};
+    const QList<std::pair<const char *, QImage::Format>> formats{
+        {"rgb32", QImage::Format_RGB32},       {"rgb888", QImage::Format_RGB888},
+        {"argb32", QImage::Format_ARGB32},     {"indexed", QImage::Format_Indexed8},
+        {"grayscale", QImage::Format_Grayscale8}};
+    for (int element : {int(ElementBackground), int(ElementInternetBackground), int(ElementBlocks),
+                        int(ElementSpecialWindow)}) {
+        for (const auto &[name, format] : formats) {
+            for (QSize size : sizes) {
+                QTest::addRow("%s %s %dx%d", animatedElements[element].caption, name,
+                              size.width(), size.height())
+                    << element << pattern(size, format);
+            }
+        }
+    }
+}
+
+void ImageFormatsTest::stripHoldsThePictureAsQtConvertsIt()
+{
+    QFETCH(int, element);
+    QFETCH(QImage, picture);
+    const AnimatedElement &e = animatedElements[element];
+
+    QImage strip = FrameStrip::allocate(e, 3);
+    std::memset(strip.bits(), 0xAB, size_t(strip.sizeInBytes())); // as fresh memory may hold
+    FrameStrip::placeFrame(strip, e.frame, 1, picture);
+
+    const QRect cut(QPoint(0, 0), e.frame.boundedTo(picture.size()).boundedTo(QSize(e.stripWidth, 1 << 20)));
+    const QImage converted = picture.copy(cut).convertToFormat(QImage::Format_RGB888);
+    for (int y = 0; y < e.frame.height(); ++y) {
+        const auto *row = strip.constScanLine(e.frame.height() + y);
+        QByteArray expected(strip.bytesPerLine(), '\0');
+        if (y < converted.height())
+            std::memcpy(expected.data(), converted.constScanLine(y), size_t(converted.width()) * 3);
+        QCOMPARE(QByteArray(reinterpret_cast<const char *>(row), strip.bytesPerLine()), expected);
+    }
+    // The neighbouring slots are left alone.
+    QCOMPARE(strip.constScanLine(e.frame.height() - 1)[0], uchar(0xAB));
+    QCOMPARE(strip.constScanLine(2 * e.frame.height())[0], uchar(0xAB));
 }
 
 QTEST_GUILESS_MAIN(ImageFormatsTest)
