@@ -109,8 +109,7 @@ const QImage &FramePreviews::strip(int element) const
 
 QImage FramePreviews::surfaceImage(int element) const
 {
-    const Surface &surface = m_surfaces[size_t(m_surfaceOf[size_t(element)])];
-    return surface.shown < 0 ? QImage() : surface.buffers[size_t(surface.shown)];
+    return m_surfaces[size_t(m_surfaceOf[size_t(element)])].image;
 }
 
 bool FramePreviews::settingsValid(int element, double *frameCount, qint64 *startingFrame,
@@ -157,8 +156,11 @@ void FramePreviews::startFramePreview(int element)
         return;
 
     Strip &strip = stripOf(element);
+    const quint64 replaced = strip.generation;
     strip.image.swap(built);
     strip.generation = m_nextGeneration++;
+    strip.views.clear();
+    releaseViews(replaced);
     m_states[size_t(element)] = {startingFrame, 0, frameCount, delay, startingFrame};
     m_timers[size_t(element)]->start();
 }
@@ -210,16 +212,26 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built)
     return true;
 }
 
+std::optional<double> FramePreviews::readNumber(ParsedNumber &parsed, const QString &text)
+{
+    if (text != parsed.text) {
+        parsed.value = parseAuthorNumber(text);
+        parsed.text = text;
+    }
+    return parsed.value;
+}
+
 void FramePreviews::readSettings(int element)
 {
     const FieldIndexes &f = m_fields[size_t(element)];
     AnimationState &state = m_states[size_t(element)];
-    if (const auto count = parseAuthorNumber(m_doc.value(f.frameCount)))
+    SettingTexts &texts = m_settingTexts[size_t(element)];
+    if (const auto count = readNumber(texts.frameCount, m_doc.value(f.frameCount)))
         state.frameCount = *count;
-    if (const auto delay = parseAuthorNumber(m_doc.value(f.delay)))
+    if (const auto delay = readNumber(texts.delay, m_doc.value(f.delay)))
         state.delay = *delay;
     if (f.startingFrame >= 0) {
-        if (const auto start = parseAuthorNumber(m_doc.value(f.startingFrame)))
+        if (const auto start = readNumber(texts.startingFrame, m_doc.value(f.startingFrame)))
             state.startingFrame = frameNumber(*start);
     }
 }
@@ -247,19 +259,67 @@ void FramePreviews::animationTick(int element)
 
 void FramePreviews::draw(int element, qint64 slot)
 {
-    const Strip &strip = stripOf(element);
+    Strip &strip = stripOf(element);
     Surface &surface = m_surfaces[size_t(m_surfaceOf[size_t(element)])];
     const DrawnFrame frame{element, strip.generation, slot};
     // Drawing the same slot again would give the same pixels: most ticks end here.
-    if (surface.shown >= 0 && surface.drawn == frame)
+    if (surface.drawnAny && surface.drawn == frame)
         return;
-    const int next = surface.shown == 0 ? 1 : 0;
-    QImage &target = surface.buffers[size_t(next)];
-    const QSize size = animatedElements[element].surfaceSize;
-    if (target.size() != size)
-        target = QImage(size, QImage::Format_RGB888);
-    FrameStrip::drawSlot(strip.image, animatedElements[element].frame, slot, target);
-    surface.shown = next;
+    const AnimatedElement &e = animatedElements[element];
+    if (const QImage *view = viewOf(strip, e, slot)) {
+        surface.image = *view;
+        surface.showsView = true;
+    } else {
+        QImage &target = surface.buffers[size_t(surface.nextBuffer)];
+        surface.nextBuffer = 1 - surface.nextBuffer;
+        if (target.size() != e.surfaceSize)
+            target = QImage(e.surfaceSize, QImage::Format_RGB888);
+        FrameStrip::drawSlot(strip.image, e.frame, slot, target);
+        surface.image = target;
+        surface.showsView = false;
+    }
+    surface.drawnAny = true;
     surface.drawn = frame;
-    emit surfaceChanged(element, target);
+    emit surfaceChanged(element, surface.image);
+}
+
+const QImage *FramePreviews::viewOf(Strip &strip, const AnimatedElement &e, qint64 slot)
+{
+    // A view shows what drawSlot() would copy only where the surface lies inside the frame
+    // and the frame inside the strip; elsewhere the surface needs cleared pixels of its own.
+    const QSize size = e.surfaceSize;
+    const qint64 top = slot * e.frame.height();
+    if (slot < 0 || size.width() > e.frame.width() || size.height() > e.frame.height()
+        || size.width() > strip.image.width() || top + size.height() > strip.image.height())
+        return nullptr;
+    // Elements sharing a strip have frames of other sizes; only one plays at a time.
+    if (strip.viewElement != &e) {
+        strip.views.clear();
+        strip.viewElement = &e;
+    }
+    if (qint64(strip.views.size()) <= slot)
+        strip.views.resize(size_t(slot) + 1);
+    QImage &view = strip.views[size_t(slot)];
+    if (view.isNull()) {
+        // Each view holds the strip's pixels, so a picture a receiver keeps stays valid
+        // after the strip is replaced.
+        view = QImage(strip.image.constScanLine(int(top)), size.width(), size.height(),
+                      strip.image.bytesPerLine(), QImage::Format_RGB888,
+                      [](void *pixels) { delete static_cast<QImage *>(pixels); },
+                      new QImage(strip.image));
+    }
+    return &view;
+}
+
+void FramePreviews::releaseViews(quint64 stripGeneration)
+{
+    // A surface still showing a frame of a replaced strip gets pixels of its own, so that the
+    // old strip's memory is not kept by a picture that may stay on screen for long.
+    for (Surface &surface : m_surfaces) {
+        if (!surface.showsView || surface.drawn.stripGeneration != stripGeneration)
+            continue;
+        surface.image = surface.image.copy();
+        surface.showsView = false;
+        emit surfaceChanged(surface.drawn.element, surface.image);
+    }
 }

@@ -9,6 +9,8 @@
 
 #include <array>
 #include <functional>
+#include <optional>
+#include <vector>
 
 class Dialogs;
 class LoadProgress;
@@ -63,13 +65,22 @@ public:
     const QImage &strip(int element) const;
 
 signals:
-    /** The picture of \a element's preview surface changed to \a image. */
+    /**
+     * The picture of \a element's preview surface changed to \a image. Also sent with the
+     * same pixels when a new strip replaces the one the picture was shown from.
+     */
     void surfaceChanged(int element, const QImage &image);
 
 private:
     struct FieldIndexes {
         int animated = -1, image = -1, frameCount = -1, startingFrame = -1, delay = -1,
             reverse = -1;
+    };
+    // A number read from a field, kept with the text it was read from: ticks read the
+    // settings every millisecond, and they are edited far more rarely than that.
+    struct ParsedNumber {
+        QString text;
+        std::optional<double> value;
     };
     struct AnimationState {
         qint64 currentFrame = 1;
@@ -79,6 +90,9 @@ private:
         double delay = 0;
         qint64 startingFrame = 1;
     };
+    struct SettingTexts {
+        ParsedNumber frameCount, delay, startingFrame;
+    };
     struct DrawnFrame {
         int element = -1;
         quint64 stripGeneration = 0;
@@ -86,19 +100,29 @@ private:
         bool operator==(const DrawnFrame &) const = default;
     };
     struct Surface {
-        std::array<QImage, 2> buffers; // alternated, so a view holding the last one costs no copy
-        int shown = -1;
+        QImage image;                   // what the surface shows
+        bool showsView = false;         // image lies in a strip's memory
+        std::array<QImage, 2> buffers;  // for frames no view can show; alternated, so that
+        int nextBuffer = 0;             // a receiver holding the last one costs no copy
+        bool drawnAny = false;
         DrawnFrame drawn;
     };
     struct Strip {
+        // Shared with the views below; nothing may write to it once built.
         QImage image;
         quint64 generation = 0;
+        // Per slot, the surface-sized view of the slot's frame, made on its first draw.
+        std::vector<QImage> views;
+        const AnimatedElement *viewElement = nullptr; // whose surface size the views have
     };
 
     bool settingsValid(int element, double *frameCount, qint64 *startingFrame, double *delay);
     bool buildStrip(int element, double frameCount, QImage *strip);
+    static std::optional<double> readNumber(ParsedNumber &parsed, const QString &text);
     void readSettings(int element);
     void draw(int element, qint64 slot);
+    const QImage *viewOf(Strip &strip, const AnimatedElement &element, qint64 slot);
+    void releaseViews(quint64 stripGeneration);
     Strip &stripOf(int element);
     const Strip &stripOf(int element) const;
 
@@ -109,6 +133,7 @@ private:
     LoadProgress *m_progress = nullptr;
     std::array<FieldIndexes, AnimatedElementCount> m_fields;
     std::array<AnimationState, AnimatedElementCount> m_states;
+    std::array<SettingTexts, AnimatedElementCount> m_settingTexts;
     std::array<QPointer<QTimer>, AnimatedElementCount> m_timers;
     std::array<QMetaObject::Connection, AnimatedElementCount> m_timerConnections;
     std::array<int, AnimatedElementCount> m_surfaceOf; // index into m_surfaces

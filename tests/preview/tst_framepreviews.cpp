@@ -69,6 +69,8 @@ private slots:
     void uncheckingAnimatedShowsFirstSlot();
     void startBeyondStripShowsClearedFrame();
     void unchangedFrameIsNotRedrawn();
+    void shownPictureOutlivesItsStrip_data();
+    void shownPictureOutlivesItsStrip();
     void windowTimerDrivesTheElement();
     void resetStopsEveryTimer();
 
@@ -523,6 +525,45 @@ void FramePreviewsTest::unchangedFrameIsNotRedrawn()
     play(ElementBackground, 50, 1);
     QCOMPARE(spy.size(), 2); // frame 1, then frame 2 for the next 50 ticks
     QCOMPARE(spy.last().at(0).toInt(), int(ElementBackground));
+}
+
+void FramePreviewsTest::shownPictureOutlivesItsStrip_data()
+{
+    QTest::addColumn<int>("rebuilt"); // the element whose preview replaces the shared strip
+
+    QTest::newRow("same element") << int(ElementBackground);
+    QTest::newRow("element sharing the strip") << int(ElementInternetBackground);
+}
+
+void FramePreviewsTest::shownPictureOutlivesItsStrip()
+{
+    QFETCH(int, rebuilt);
+    makeFrames("bg", 2, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"2"});
+    m_engine->startFramePreview(ElementBackground);
+    play(ElementBackground, 2);
+    const QImage kept = m_engine->surfaceImage(ElementBackground); // as a window keeps it
+    const QImage &oldStrip = m_engine->strip(ElementBackground);
+    const auto oldBegin = quintptr(oldStrip.constBits());
+    const auto oldEnd = oldBegin + quintptr(oldStrip.sizeInBytes());
+
+    for (int n = 1; n <= 2; ++n)
+        writeFrame(path(QStringLiteral("new%1.bmp").arg(n)), frameColor(n + 4),
+                   animatedElements[rebuilt].frame);
+    configure(rebuilt, path("new1.bmp"), {"2"});
+    QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
+    m_engine->startFramePreview(rebuilt);
+
+    QCOMPARE(frameOfPixel(kept.pixel(0, 0)), 2);
+    QCOMPARE(frameOfPixel(m_engine->strip(ElementBackground).pixel(0, 0)), 5);
+    // The surface still shows its frame, now from memory that does not keep the old strip.
+    const QImage shown = m_engine->surfaceImage(ElementBackground);
+    QCOMPARE(shown, kept);
+    const auto shownAt = quintptr(shown.constBits());
+    QVERIFY(shownAt < oldBegin || shownAt >= oldEnd);
+    QCOMPARE(spy.size(), 1);
+    QCOMPARE(spy.first().at(0).toInt(), int(ElementBackground));
+    QCOMPARE(spy.first().at(1).value<QImage>(), kept);
 }
 
 void FramePreviewsTest::windowTimerDrivesTheElement()
