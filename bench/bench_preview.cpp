@@ -4,6 +4,7 @@
 //  2. Building a 400-frame background strip (BMP, then JPEG) over decoding the same files in a
 //     bare QImageReader loop (target <= 1.15), and the strip's memory over the frames' 24-bit
 //     pixel bytes (target <= 1.1).
+// Run with "timing" or "strip" for one half only.
 
 #include "common/scripteddialogs.h"
 #include "document/themedocument.h"
@@ -108,9 +109,9 @@ bool frameTiming(const QString &folder)
         const double share = cpu / wall;
         met = met && p99 <= 2.0 && share <= 0.03;
         std::printf("  delay %3d ms: %5lld frames, beyond delay median %.2f ms, p99 %.2f ms "
-                    "(target <= 2), CPU/wall %.2f%% (target <= 3%%)\n",
+                    "(target <= 2) %s, CPU/wall %.2f%% (target <= 3%%) %s\n",
                     delay, static_cast<long long>(late.size()), percentile(late, 0.5), p99,
-                    share * 100);
+                    p99 <= 2.0 ? "OK" : "SLOW", share * 100, share <= 0.03 ? "OK" : "SLOW");
     }
     return met;
 }
@@ -144,27 +145,38 @@ double stripBuildMs(const QString &folder, const char *format, qint64 *stripByte
     return ms;
 }
 
+double median(QList<double> values)
+{
+    return percentile(std::move(values), 0.5);
+}
+
 bool stripBuilding(const QString &folder)
 {
+    constexpr int rounds = 7;
     bool met = true;
-    std::printf("Building a %d-frame background strip (best of 3)\n", stripFrames);
+    std::printf("Building a %d-frame background strip (median of %d rounds)\n", stripFrames, rounds);
     for (const char *format : {"bmp", "jpg"}) {
         writeFrames(folder, format, stripFrames);
-        bareDecodeMs(folder, format); // warm the file cache for both sides
-        double bare = 1e300;
-        double built = 1e300;
         qint64 stripBytes = 0;
-        for (int round = 0; round < 3; ++round) {
-            bare = std::min(bare, bareDecodeMs(folder, format));
-            built = std::min(built, stripBuildMs(folder, format, &stripBytes));
+        bareDecodeMs(folder, format); // warm the file cache for both sides
+        stripBuildMs(folder, format, &stripBytes);
+        // Alternating the two sides spreads the load of a shared machine over both.
+        QList<double> bare;
+        QList<double> built;
+        QList<double> ratios;
+        for (int round = 0; round < rounds; ++round) {
+            bare.append(bareDecodeMs(folder, format));
+            built.append(stripBuildMs(folder, format, &stripBytes));
+            ratios.append(built.last() / bare.last());
         }
         const double pixelBytes = 192.0 * 352 * 3 * stripFrames;
-        const double timeRatio = built / bare;
+        const double timeRatio = median(ratios);
         const double memoryRatio = double(stripBytes) / pixelBytes;
         met = met && timeRatio <= 1.15 && memoryRatio <= 1.1;
-        std::printf("  %s: strip %.1f ms, bare decode %.1f ms, ratio %.3f (target <= 1.15); "
-                    "strip memory / frame pixels %.3f (target <= 1.1)\n",
-                    format, built, bare, timeRatio, memoryRatio);
+        std::printf("  %s: strip %.1f ms, bare decode %.1f ms, ratio %.3f (target <= 1.15) %s; "
+                    "strip memory / frame pixels %.3f (target <= 1.1) %s\n",
+                    format, median(built), median(bare), timeRatio, timeRatio <= 1.15 ? "OK" : "SLOW",
+                    memoryRatio, memoryRatio <= 1.1 ? "OK" : "SLOW");
     }
     return met;
 }
@@ -174,12 +186,14 @@ bool stripBuilding(const QString &folder)
 int main(int argc, char **argv)
 {
     QGuiApplication app(argc, argv);
+    const QStringList parts = app.arguments().mid(1);
+    const bool all = parts.isEmpty();
     QTemporaryDir dir;
     if (!dir.isValid())
         return 1;
     writeFrames(dir.path(), "bmp", 10);
-    const bool timing = frameTiming(dir.path());
-    const bool building = stripBuilding(dir.path());
+    const bool timing = !(all || parts.contains(u"timing")) || frameTiming(dir.path());
+    const bool building = !(all || parts.contains(u"strip")) || stripBuilding(dir.path());
     std::printf("%s\n", timing && building ? "All targets met." : "Some targets missed.");
     return 0;
 }
