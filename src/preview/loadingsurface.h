@@ -28,5 +28,5 @@ private:
 
     QImage m_picture;
     QImage m_scratch; // decode target, so a failed decode never touches the picture
-    QByteArray m_lastFormat; // content format of the picture
+    QByteArray m_lastFormat; // content format of the last file read, tried first on the next
 };
