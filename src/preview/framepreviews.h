@@ -104,6 +104,7 @@ private:
         bool showsView = false;         // image lies in a strip's memory
         std::array<QImage, 2> buffers;  // for frames no view can show; alternated, so that
         int nextBuffer = 0;             // a receiver holding the last one costs no copy
+        std::array<int, 2> bufferDrawnBy{-1, -1}; // element that last drew each buffer
         bool drawnAny = false;
         DrawnFrame drawn;
     };

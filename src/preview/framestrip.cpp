@@ -127,13 +127,14 @@ void placeFrame(QImage &strip, QSize frame, qint64 slot, const QImage &picture)
     }
 }
 
-void drawSlot(const QImage &strip, QSize frame, qint64 slot, QImage &surface)
+void drawSlot(const QImage &strip, QSize frame, qint64 slot, QImage &surface, bool onlyFrameArea)
 {
     const qint64 top = slot * frame.height();
     const int width = std::min({frame.width(), strip.width(), surface.width()});
-    const size_t rowBytes = size_t(surface.width()) * 3;
+    const QSize area = onlyFrameArea ? surface.size().boundedTo(frame) : surface.size();
+    const size_t rowBytes = size_t(area.width()) * 3;
     const size_t copyBytes = slot >= 0 && !strip.isNull() ? size_t(width) * 3 : 0;
-    for (int y = 0; y < surface.height(); ++y) {
+    for (int y = 0; y < area.height(); ++y) {
         uchar *to = surface.scanLine(y);
         const qint64 from = top + y;
         const bool inside = copyBytes > 0 && y < frame.height() && from < strip.height();

@@ -34,8 +34,11 @@ void clearFrom(QImage &strip, qint64 firstRow);
 
 /**
  * Draws \a slot of \a strip at (0, 0) of \a surface, which must be RGB888; what the frame
- * does not cover, and any part of the slot outside the strip, is cleared.
+ * does not cover, and any part of the slot outside the strip, is cleared. With
+ * \a onlyFrameArea, pixels outside the frame rectangle are left as they are: for a surface
+ * this element drew last, which are clear already.
  */
-void drawSlot(const QImage &strip, QSize frame, qint64 slot, QImage &surface);
+void drawSlot(const QImage &strip, QSize frame, qint64 slot, QImage &surface,
+              bool onlyFrameArea = false);
 
 } // namespace FrameStrip

@@ -63,6 +63,7 @@ private slots:
     void playbackOrder_data();
     void playbackOrder();
     void internetBackgroundDrawsIntoTheCorner();
+    void internetBackgroundClearsWhatTheBackgroundLeft();
     void bombShowsItsLeftSquare();
     void frameCountEditedWhilePlaying();
     void nonNumbersKeepTheLastValidSettings();
@@ -452,6 +453,27 @@ void FramePreviewsTest::internetBackgroundDrawsIntoTheCorner()
     QCOMPARE(frameOfPixel(surface.pixel(95, 175)), 3);
     QCOMPARE(frameOfPixel(surface.pixel(96, 0)), 0);
     QCOMPARE(frameOfPixel(surface.pixel(0, 176)), 0);
+}
+
+void FramePreviewsTest::internetBackgroundClearsWhatTheBackgroundLeft()
+{
+    // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
+    makeFrames("bg", 2, {192, 352});
+    configure(ElementBackground, path("bg1.bmp"), {"1.5", "2"});
+    m_engine->startFramePreview(ElementBackground);
+    QCOMPARE(play(ElementBackground, 2), (QList<int>{2, 2}));
+    makeFrames("ibg", 3, {96, 176});
+    configure(ElementInternetBackground, path("ibg1.bmp"), {"3"});
+    m_engine->startFramePreview(ElementInternetBackground);
+
+    for (int expected : {1, 2, 3, 1, 2}) {
+        play(ElementInternetBackground, 1);
+        const QImage surface = m_engine->surfaceImage(ElementBackground);
+        QCOMPARE(frameOfPixel(surface.pixel(95, 175)), expected);
+        QCOMPARE(frameOfPixel(surface.pixel(150, 100)), 0);
+        QCOMPARE(frameOfPixel(surface.pixel(50, 200)), 0);
+        QCOMPARE(frameOfPixel(surface.pixel(191, 351)), 0);
+    }
 }
 
 void FramePreviewsTest::bombShowsItsLeftSquare()
