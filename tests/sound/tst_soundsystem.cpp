@@ -72,21 +72,12 @@ QByteArray waveFile(Encoding encoding, int bits, double seconds)
     return bytes + data;
 }
 
-/** One track: a piano C major chord held for four beats (two seconds). */
+/** Format 0, one track, 96 ticks a beat: a piano C major chord held for four beats (two seconds). */
 QByteArray midiSong()
 {
-    const QByteArray track = QByteArray::fromHex("00C000"
-                                                 "00903C64" "00904064" "00904364"
-                                                 "8300803C40" "00804040" "00804340"
-                                                 "00FF2F00");
-    QByteArray bytes("MThd");
-    appendBytes(bytes, 6, 4, true);
-    appendBytes(bytes, 0, 2, true);  // format 0
-    appendBytes(bytes, 1, 2, true);  // one track
-    appendBytes(bytes, 96, 2, true); // ticks per beat
-    bytes.append("MTrk");
-    appendBytes(bytes, track.size(), 4, true);
-    return bytes + track;
+    return QByteArray::fromHex("4D546864" "00000006" "0000" "0001" "0060" "4D54726B" "0000001A"
+                               "00C000" "00903C64" "00904064" "00904364"
+                               "8300803C40" "00804040" "00804340" "00FF2F00");
 }
 
 /** A four-channel ProTracker module: one looped square-wave sample played at C-2. */
@@ -171,6 +162,16 @@ class SoundSystemTest : public QObject
         return m_sound->initSound(settings, m_dialogs) && m_dialogs.messages.isEmpty();
     }
 
+    /** Starts sound and plays \a path as music; false when sound would not start. */
+    bool playMusic(const QString &path, const EditorConfig &settings = config())
+    {
+        if (!start(settings))
+            return false;
+        m_sound->openMusic(path, m_dialogs);
+        m_sound->playMusic();
+        return true;
+    }
+
     bool heard(qint64 fromFrame = 0) const { return m_capture->waitForSound(fromFrame, hearingTimeoutMs) >= 0; }
 
     /** Half a second of audio from \a firstFrame on is silent (the frames already in flight skipped). */
@@ -241,14 +242,11 @@ private slots:
         QTest::addColumn<bool>("stream");
         QTest::newRow("upper-case MIDI") << "song.MID" << false;
         QTest::newRow("dot in a folder") << "C:\\My.Music\\song.mid" << false;
-        QTest::newRow("midi") << "a.midi" << false;
-        QTest::newRow("mod") << "Tune.Mod" << false;
         QTest::newRow("it") << "x.IT" << false;
         QTest::newRow("mp3") << "song.mp3" << true;
         QTest::newRow("shorter than four") << ".xm" << true;
         QTest::newRow("no dot") << "C:\\Music\\midi" << true;
         QTest::newRow("dot only in a folder") << "C:\\My.mid\\song" << true;
-        QTest::newRow("empty") << "" << true;
     }
 
     void musicKinds()
@@ -299,9 +297,7 @@ private slots:
     void stoppedMusicFallsSilentAndPlaysAgain()
     {
         QFETCH(QString, path);
-        QVERIFY(start());
-        m_sound->openMusic(path, m_dialogs);
-        m_sound->playMusic();
+        QVERIFY(playMusic(path));
         QVERIFY(heard());
 
         m_sound->stopMusic();
@@ -320,9 +316,7 @@ private slots:
 
     void openingOtherMusicStopsCurrent()
     {
-        QVERIFY(start());
-        m_sound->openMusic(file("tune.mod"), m_dialogs);
-        m_sound->playMusic();
+        QVERIFY(playMusic(file("tune.mod")));
         QVERIFY(heard());
 
         m_sound->openMusic(file("tone.wav"), m_dialogs);
@@ -346,11 +340,7 @@ private slots:
         QTest::newRow("mod by signature") << modModule() << "TUNE" << MusicContent::Playable;
         QTest::newRow("old mod, by name only") << zeros << "tune.MOD" << MusicContent::Playable;
         QTest::newRow("s3m") << at(44, "SCRM") << "x.s3m" << MusicContent::Playable;
-        QTest::newRow("xm") << at(0, "Extended Module: song") << "x.xm" << MusicContent::Playable;
-        QTest::newRow("it") << at(0, "IMPM") << "x.it" << MusicContent::Playable;
-        QTest::newRow("mp3 with tag") << at(0, "ID3\3") << "x.mp3" << MusicContent::Playable;
         QTest::newRow("mp3 frame") << at(0, "\xFF\xFB\x90") << "x.mp3" << MusicContent::Playable;
-        QTest::newRow("flac") << at(0, "fLaC") << "x.flac" << MusicContent::Playable;
         QTest::newRow("wave") << waveFile(Encoding::Signed, 16, 0.01) << "x" << MusicContent::Playable;
         QTest::newRow("wma by name") << zeros << "x.WMA" << MusicContent::WindowsMedia;
         QTest::newRow("zeros named mp3") << zeros << "x.mp3" << MusicContent::Unrecognised;
@@ -373,7 +363,6 @@ private slots:
         QTest::newRow("missing") << "missing.ogg" << QByteArray() << "File not found";
         QTest::newRow("music folder alone") << "" << QByteArray() << "File not found";
         QTest::newRow("text") << "notes.txt" << QByteArray("just some words\r\n") << "Unknown file format";
-        QTest::newRow("no extension") << "music" << QByteArray(2000, 'x') << "Unknown file format";
         QTest::newRow("windows media")
             << "song.wma" << QByteArray::fromHex("3026B2758E66CF11A6D900AA0062CE6C") + QByteArray(100, '\0')
             << "Unknown file format";
@@ -462,26 +451,28 @@ private slots:
         QVERIFY(!m_sound->soundAvailable());
     }
 
-    void noSoundOutputIsSilent()
+    void noSoundOutputIsSilent_data()
     {
-        QVERIFY(start(config(rate, 8, 0)));
-        QVERIFY(m_sound->soundAvailable());
-        m_sound->openMusic(file("tone.wav"), m_dialogs);
-        m_sound->playMusic();
-        QVERIFY(m_sound->musicPlaying());
-        m_sound->playWaveFile(file("tone.wav"));
-        QVERIFY(m_capture->waitForFrames(rate, hearingTimeoutMs));
-        QCOMPARE(DiskAudioCapture::peak(m_capture->samples()), 0);
-        QCOMPARE(m_dialogs.messageLines(), QStringList());
+        QTest::addColumn<bool>("driverChosen");
+        QTest::addColumn<QString>("music");
+        QTest::newRow("disk driver") << true << file("tone.wav");
+        QTest::newRow("no driver chosen, no device needed") << false << file("song.mid");
     }
 
-    void noSoundOutputNeedsNoDevice()
+    void noSoundOutputIsSilent()
     {
-        const auto noDriverChoice = scopedEnvironment("SDL_AUDIODRIVER", std::nullopt);
-        QVERIFY(start(config(rate, 8, 0)));
-        m_sound->openMusic(file("song.mid"), m_dialogs);
-        m_sound->playMusic();
+        QFETCH(bool, driverChosen);
+        QFETCH(QString, music);
+        const auto driverChoice = scopedEnvironment(
+            "SDL_AUDIODRIVER", driverChosen ? std::optional(qgetenv("SDL_AUDIODRIVER")) : std::nullopt);
+        QVERIFY(playMusic(music, config(rate, 8, 0)));
+        QVERIFY(m_sound->soundAvailable());
         QVERIFY(m_sound->musicPlaying());
+        if (driverChosen) {
+            m_sound->playWaveFile(file("tone.wav"));
+            QVERIFY(m_capture->waitForFrames(rate, hearingTimeoutMs));
+            QCOMPARE(DiskAudioCapture::peak(m_capture->samples()), 0);
+        }
         QCOMPARE(m_dialogs.messageLines(), QStringList());
     }
 
