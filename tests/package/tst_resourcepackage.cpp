@@ -1,34 +1,98 @@
 #include "package/resourcepackage.h"
 
 #include "common/scripteddialogs.h"
-#include "packagetesthelpers.h"
 #include "rawzip.h"
 
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
 
-using PackageTest::filesBelow;
-using PackageTest::readFile;
-using PackageTest::writeFile;
 using RawZip::Kind;
 
 using Answers = QList<std::optional<QString>>;
+
+namespace {
+
+/**
+ * A scratch folder whose "tmp" sub-folder stands in for the system temporary folder while
+ * the object lives, so package folders never land in the real one.
+ */
+class ScratchFolder
+{
+public:
+    ScratchFolder() : m_realTemp(qgetenv("TMPDIR"))
+    {
+        QDir().mkpath(temp());
+        qputenv("TMPDIR", QFile::encodeName(temp()));
+    }
+    ~ScratchFolder() { qputenv("TMPDIR", m_realTemp); }
+
+    bool isValid() const { return m_dir.isValid() && QDir::tempPath() == temp(); }
+    QString path() const { return m_dir.path(); }
+    QString file(const QString &relative) const { return m_dir.filePath(relative); }
+    QString temp() const { return m_dir.filePath("tmp"); }
+
+private:
+    QTemporaryDir m_dir;
+    QByteArray m_realTemp;
+};
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+}
+
+/** Every file and link below \a folder, relative and sorted; leftovers show up here too. */
+QStringList filesBelow(const QString &folder)
+{
+    QStringList found;
+    QDirIterator it(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        found.append(QDir(folder).relativeFilePath(it.next()));
+    found.sort();
+    return found;
+}
+
+/** Writes "content of <name>" to each name below \a root; returns their paths. */
+QStringList makeFiles(const QString &root, const QStringList &names, const QByteArray &content = {})
+{
+    QStringList files;
+    for (const QString &name : names) {
+        files.append(root + u'/' + name);
+        writeFile(files.last(), content.isNull() ? "content of " + name.toUtf8() : content);
+    }
+    return files;
+}
+
+} // namespace
 
 class ResourcePackageTest : public QObject
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<PackageTest::ScratchFolder> m_work;
+    std::unique_ptr<ScratchFolder> m_work;
     QString m_temp;   // what QDir::tempPath() answers during a test
 
     QString work(const QString &relative) const { return m_work->file(relative); }
-    QString iceFolder() const { return m_temp + QStringLiteral("/stakko/Ice/"); }
+    QString iceFolder() const { return m_temp + "/stakko/Ice/"; }
 
     QString rawPackage(const QList<RawZip::Entry> &entries) const
     {
-        const QString path = work(QStringLiteral("themes/Ice.zip"));
+        const QString path = work("themes/Ice.zip");
         writeFile(path, RawZip::build(entries));
         return path;
     }
@@ -36,16 +100,10 @@ private:
     /** A real package of three files, packed from work/src. */
     QString packedPackage(const PackageWriteOptions &options = {}) const
     {
-        const QString root = work(QStringLiteral("src"));
-        const QStringList names = {QStringLiteral("gfx/bg1.bmp"), QStringLiteral("gfx/bg2.bmp"),
-                                   QStringLiteral("snd/drop.wav")};
-        QStringList files;
-        for (const QString &name : names) {
-            writeFile(root + u'/' + name, "content of " + name.toUtf8());
-            files.append(root + u'/' + name);
-        }
-        const QString path = work(QStringLiteral("themes/Ice.zip"));
-        QDir().mkpath(work(QStringLiteral("themes")));
+        const QString root = work("src");
+        const QStringList files = makeFiles(root, {"gfx/bg1.bmp", "gfx/bg2.bmp", "snd/drop.wav"});
+        const QString path = work("themes/Ice.zip");
+        QDir().mkpath(work("themes"));
         QString error;
         if (!writeResourcePackage(path, files, root, &error, options))
             qWarning("packing failed: %s", qPrintable(error));
@@ -54,18 +112,108 @@ private:
 
     static QString errorLine(const QString &path, const QString &reason)
     {
-        return QStringLiteral("Error: Could not load resource file ") + path + u'\n' + reason;
+        return "Error: Could not load resource file " + path + u'\n' + reason;
     }
 
 private slots:
     void init()
     {
-        m_work = std::make_unique<PackageTest::ScratchFolder>();
+        m_work = std::make_unique<ScratchFolder>();
         QVERIFY(m_work->isValid());
         m_temp = m_work->temp();
     }
 
     void cleanup() { m_work.reset(); }
+
+    void namesAreStoredRelativeToTheRoot_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::newRow("flat and sub-folders") << QStringList{"bg1.bmp", "gfx/bg/bg1.bmp", "snd/drop.wav"};
+        QTest::newRow("beyond ASCII") << QStringList{"gfx/Eisbär.bmp", "Übung.wav"};
+    }
+
+    void namesAreStoredRelativeToTheRoot()
+    {
+        QFETCH(QStringList, names);
+        const QString package = work("Ice.zip");
+        QString error;
+        QVERIFY2(writeResourcePackage(package, makeFiles(work("src"), names), work("src"), &error),
+                 qPrintable(error));
+        QVERIFY(!readFile(package).contains('\\'));
+
+        ScriptedDialogs dialogs;
+        const PackageLocation location = extractResourcePackage(package, dialogs);
+
+        QCOMPARE(dialogs.messageLines(), QStringList());
+        QStringList expected = names;
+        expected.sort();
+        QCOMPARE(filesBelow(location.folder), expected);
+        for (const QString &name : names)
+            QCOMPARE(readFile(location.folder + name), "content of " + name.toUtf8());
+    }
+
+    void relativePathsCountFromTheCurrentFolder()
+    {
+        makeFiles(work("src"), {"gfx/bg1.bmp"});
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(m_work->path()));
+        const bool written = writeResourcePackage("Ice.zip", {"src/gfx/bg1.bmp"}, "src");
+        QDir::setCurrent(before);
+        QVERIFY(written);
+
+        ScriptedDialogs dialogs;
+        const PackageLocation location = extractResourcePackage(work("Ice.zip"), dialogs);
+        QCOMPARE(filesBelow(location.folder), QStringList{"gfx/bg1.bmp"});
+    }
+
+    void packingAgainGivesTheSameBytes()
+    {
+        const QStringList files = makeFiles(work("src"), {"gfx/bg1.bmp", "snd/drop.wav"});
+        QVERIFY(writeResourcePackage(work("first.zip"), files, work("src")));
+        QFile touched(files.at(0));
+        QVERIFY(touched.open(QIODevice::ReadWrite));
+        QVERIFY(touched.setFileTime(QDateTime::currentDateTime().addDays(-3), QFileDevice::FileModificationTime));
+        touched.close();
+        QVERIFY(writeResourcePackage(work("second.zip"), files, work("src")));
+
+        QCOMPARE(readFile(work("second.zip")), readFile(work("first.zip")));
+    }
+
+    void refusedPackLeavesTheOldArchive_data()
+    {
+        QTest::addColumn<QString>("badFile");
+        QTest::addColumn<QString>("errorStart");
+        QTest::newRow("outside the root") << "other/bg1.bmp" << "%1 is not inside the folder ";
+        QTest::newRow("missing file") << "src/none.bmp" << "%1 is not a file that can be packed.";
+        QTest::newRow("a folder") << "src/gfx" << "%1 is not a file that can be packed.";
+    }
+
+    void refusedPackLeavesTheOldArchive()
+    {
+        QFETCH(QString, badFile);
+        QFETCH(QString, errorStart);
+        QStringList files = makeFiles(work("src"), {"gfx/bg1.bmp"});
+        writeFile(work("other/bg1.bmp"), "elsewhere");
+        files.append(work(badFile));
+        const QString package = work("Ice.zip");
+        writeFile(package, "the old package");
+
+        QString error;
+        QVERIFY(!writeResourcePackage(package, files, work("src"), &error));
+
+        QVERIFY2(error.startsWith(errorStart.arg(work(badFile))), qPrintable(error));
+        QCOMPARE(readFile(package), QByteArray("the old package"));
+        QCOMPARE(QDir(m_work->path()).entryList({"*.zip*"}, QDir::Files | QDir::Hidden), QStringList{"Ice.zip"});
+    }
+
+    void encryptionNeedsAPassword()
+    {
+        QString error;
+        QVERIFY(!writeResourcePackage(work("Ice.zip"), makeFiles(work("src"), {"a.bmp"}),
+                                      work("src"), &error, {PackageEncryption::Aes256, QString()}));
+        QVERIFY(!error.isEmpty());
+        QVERIFY(!QFileInfo::exists(work("Ice.zip")));
+    }
 
     void packageName_data()
     {
@@ -74,7 +222,6 @@ private slots:
         QTest::newRow("windows path") << "C:\\themes\\Ice.zip" << "Ice";
         QTest::newRow("upper-case extension") << "C:\\themes\\ICE.ZIP" << "";
         QTest::newRow("first .zip wins") << "C:\\my.zip.files\\Ice.zip" << "my";
-        QTest::newRow("slash path") << "/home/ann/themes/Ice.zip" << "Ice";
         QTest::newRow("mixed separators") << "themes/winter\\Ice.zip" << "Ice";
         QTest::newRow("bare name") << "Ice.zip" << "Ice";
         QTest::newRow("text after .zip") << "/home/ann/Ice.zipped" << "Ice";
@@ -87,8 +234,8 @@ private slots:
         QFETCH(QString, path);
         QFETCH(QString, name);
         const PackageLocation location = packageLocationFor(path);
-        QCOMPARE(location.tail, QStringLiteral("stakko/") + name + u'/');
-        QCOMPARE(location.folder, m_temp + QStringLiteral("/stakko/") + name + u'/');
+        QCOMPARE(location.tail, "stakko/" + name + u'/');
+        QCOMPARE(location.folder, m_temp + "/stakko/" + name + u'/');
     }
 
     void extractsEntriesBelowThePackageFolder_data()
@@ -111,7 +258,7 @@ private slots:
         const PackageLocation location = extractResourcePackage(package, dialogs);
 
         QCOMPARE(location.folder, iceFolder());
-        QCOMPARE(location.tail, QStringLiteral("stakko/Ice/"));
+        QCOMPARE(location.tail, "stakko/Ice/");
         QCOMPARE(dialogs.messageLines(), QStringList());
         QCOMPARE(filesBelow(iceFolder()), QStringList{expected});
         QCOMPARE(readFile(iceFolder() + expected), QByteArray("pixels"));
@@ -121,16 +268,16 @@ private slots:
     {
         rawPackage({{"bg1.bmp", "pixels"}, {"sounds/", {}, Kind::Directory}});
         ScriptedDialogs dialogs;
-        extractResourcePackage(work(QStringLiteral("THEMES")) + QStringLiteral("\\Ice.zip"), dialogs);
+        extractResourcePackage(work("THEMES") + "\\Ice.zip", dialogs);
         QCOMPARE(dialogs.messageLines(), QStringList());
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("bg1.bmp")), QByteArray("pixels"));
-        QVERIFY(QFileInfo(iceFolder() + QStringLiteral("sounds")).isDir());
+        QCOMPARE(readFile(iceFolder() + "bg1.bmp"), QByteArray("pixels"));
+        QVERIFY(QFileInfo(iceFolder() + "sounds").isDir());
     }
 
     void replacesFilesAndDeletesNothing()
     {
-        writeFile(iceFolder() + QStringLiteral("gfx/bg1.bmp"), "old frame");
-        writeFile(iceFolder() + QStringLiteral("gfx/mine.bmp"), "the author's own");
+        writeFile(iceFolder() + "gfx/bg1.bmp", "old frame");
+        writeFile(iceFolder() + "gfx/mine.bmp", "the author's own");
         const QString package = rawPackage({{"gfx/bg1.bmp", "new frame"}});
         ScriptedDialogs dialogs;
 
@@ -138,30 +285,30 @@ private slots:
 
         QCOMPARE(dialogs.messages.size(), 0);
         QCOMPARE(dialogs.inputPrompts.size(), 0);
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("gfx/bg1.bmp")), QByteArray("new frame"));
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("gfx/mine.bmp")), QByteArray("the author's own"));
-        QCOMPARE(filesBelow(iceFolder()), (QStringList{QStringLiteral("gfx/bg1.bmp"), QStringLiteral("gfx/mine.bmp")}));
+        QCOMPARE(readFile(iceFolder() + "gfx/bg1.bmp"), QByteArray("new frame"));
+        QCOMPARE(readFile(iceFolder() + "gfx/mine.bmp"), QByteArray("the author's own"));
+        QCOMPARE(filesBelow(iceFolder()), (QStringList{"gfx/bg1.bmp", "gfx/mine.bmp"}));
     }
 
     void unreadablePackageIsReported_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("reason");
-        QTest::newRow("missing") << QByteArray() << QStringLiteral("The file does not exist.");
-        const QString notZip = QStringLiteral("It is not a zip archive or it is damaged.");
+        QTest::newRow("missing") << QByteArray() << "The file does not exist.";
+        const QString notZip = "It is not a zip archive or it is damaged.";
         QTest::newRow("text file") << QByteArray("[Theme Info]\r\nname=Ice\r\n") << notZip;
         QTest::newRow("empty file") << QByteArray("") << notZip;
         const QByteArray whole = RawZip::build({{"gfx/bg1.bmp", QByteArray(4000, 'x')}});
-        QTest::newRow("cut short") << whole.left(2000) << QStringLiteral("It is damaged at gfx/bg1.bmp.");
+        QTest::newRow("cut short") << whole.left(2000) << "It is damaged at gfx/bg1.bmp.";
         QTest::newRow("wrong checksum") << RawZip::build({{"gfx/bg1.bmp", "pixels", Kind::File, true}})
-                                        << QStringLiteral("It is damaged at gfx/bg1.bmp.");
+                                        << "It is damaged at gfx/bg1.bmp.";
     }
 
     void unreadablePackageIsReported()
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, reason);
-        const QString package = work(QStringLiteral("themes/Ice.zip"));
+        const QString package = work("themes/Ice.zip");
         if (!bytes.isNull())
             writeFile(package, bytes);
         ScriptedDialogs dialogs;
@@ -177,7 +324,7 @@ private slots:
 
     void damagedEntryKeepsTheOldFileAndTheRestIsExtracted()
     {
-        writeFile(iceFolder() + QStringLiteral("b.bmp"), "good old b");
+        writeFile(iceFolder() + "b.bmp", "good old b");
         const QString package = rawPackage({{"a.bmp", "new a"},
                                             {"b.bmp", "broken b", Kind::File, true},
                                             {"c.bmp", "new c"}});
@@ -185,11 +332,11 @@ private slots:
 
         extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.messageLines(), QStringList{errorLine(package, QStringLiteral("It is damaged at b.bmp."))});
+        QCOMPARE(dialogs.messageLines(), QStringList{errorLine(package, "It is damaged at b.bmp.")});
         QCOMPARE(filesBelow(iceFolder()),
-                 (QStringList{QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")}));
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("b.bmp")), QByteArray("good old b"));
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("c.bmp")), QByteArray("new c"));
+                 (QStringList{"a.bmp", "b.bmp", "c.bmp"}));
+        QCOMPARE(readFile(iceFolder() + "b.bmp"), QByteArray("good old b"));
+        QCOMPARE(readFile(iceFolder() + "c.bmp"), QByteArray("new c"));
     }
 
     void entriesPointingOutsideAreSkipped_data()
@@ -214,8 +361,8 @@ private slots:
         extractResourcePackage(package, dialogs);
 
         QCOMPARE(filesBelow(m_work->path()),
-                 (QStringList{QStringLiteral("themes/Ice.zip"), QStringLiteral("tmp/stakko/Ice/ok.bmp")}));
-        QVERIFY(!QFileInfo::exists(QStringLiteral("/stakko-escape-test")));
+                 (QStringList{"themes/Ice.zip", "tmp/stakko/Ice/ok.bmp"}));
+        QVERIFY(!QFileInfo::exists("/stakko-escape-test"));
         QCOMPARE(dialogs.messageLines(),
                  QStringList{errorLine(package, QStringLiteral("The entry %1 points outside the package folder "
                                                                "and was skipped.").arg(QString::fromLatin1(stored).replace(u'\\', u'/')))});
@@ -223,7 +370,7 @@ private slots:
 
     void linkEntriesAreNotCreated()
     {
-        const QString outside = work(QStringLiteral("outside"));
+        const QString outside = work("outside");
         QVERIFY(QDir().mkpath(outside));
         const QString package = rawPackage({{"gfx", outside.toUtf8(), Kind::Symlink},
                                             {"gfx/evil.bmp", "evil"},
@@ -233,27 +380,27 @@ private slots:
         extractResourcePackage(package, dialogs);
 
         QCOMPARE(filesBelow(outside), QStringList());
-        QVERIFY(!QFileInfo(iceFolder() + QStringLiteral("gfx")).isSymLink());
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("ok.bmp")), QByteArray("fine"));
+        QVERIFY(!QFileInfo(iceFolder() + "gfx").isSymLink());
+        QCOMPARE(readFile(iceFolder() + "ok.bmp"), QByteArray("fine"));
         QCOMPARE(dialogs.messageLines(),
-                 QStringList{errorLine(package, QStringLiteral("The entry gfx is a link or a special file and was skipped."))});
+                 QStringList{errorLine(package, "The entry gfx is a link or a special file and was skipped.")});
     }
 
     void linkAlreadyInTheFolderIsNotFollowed()
     {
-        const QString outside = work(QStringLiteral("outside"));
+        const QString outside = work("outside");
         QVERIFY(QDir().mkpath(outside));
         QVERIFY(QDir().mkpath(iceFolder()));
-        QVERIFY(QFile::link(outside, iceFolder() + QStringLiteral("gfx")));
+        QVERIFY(QFile::link(outside, iceFolder() + "gfx"));
         const QString package = rawPackage({{"gfx/bg1.bmp", "evil"}, {"ok.bmp", "fine"}});
         ScriptedDialogs dialogs;
 
         extractResourcePackage(package, dialogs);
 
         QCOMPARE(filesBelow(outside), QStringList());
-        QCOMPARE(readFile(iceFolder() + QStringLiteral("ok.bmp")), QByteArray("fine"));
+        QCOMPARE(readFile(iceFolder() + "ok.bmp"), QByteArray("fine"));
         QCOMPARE(dialogs.messages.size(), 1);
-        QVERIFY2(dialogs.messages.at(0).text.contains(QStringLiteral("\nCould not write gfx/bg1.bmp: ")),
+        QVERIFY2(dialogs.messages.at(0).text.contains("\nCould not write gfx/bg1.bmp: "),
                  qPrintable(dialogs.messages.at(0).text));
     }
 
@@ -271,14 +418,10 @@ private slots:
         QFETCH(qint64, cap);
         QFETCH(QString, shown);
         // Zeros pack down to almost nothing: a small bomb.
-        const QString root = work(QStringLiteral("bomb"));
-        QStringList files;
-        for (const QString &name : {QStringLiteral("a.bmp"), QStringLiteral("b.bmp"), QStringLiteral("c.bmp")}) {
-            writeFile(root + u'/' + name, QByteArray(1 << 20, '\0'));
-            files.append(root + u'/' + name);
-        }
-        const QString package = work(QStringLiteral("themes/Ice.zip"));
-        QVERIFY(QDir().mkpath(work(QStringLiteral("themes"))));
+        const QString root = work("bomb");
+        const QStringList files = makeFiles(root, {"a.bmp", "b.bmp", "c.bmp"}, QByteArray(1 << 20, '\0'));
+        const QString package = work("themes/Ice.zip");
+        QVERIFY(QDir().mkpath(work("themes")));
         QVERIFY(writeResourcePackage(package, files, root));
         QVERIFY(QFileInfo(package).size() < 50000);
         ScriptedDialogs dialogs;
@@ -302,17 +445,17 @@ private slots:
         QTest::addColumn<Answers>("answers");
         QTest::addColumn<int>("prompts");
         QTest::addColumn<bool>("unpacked");
-        const Answers right{QStringLiteral("s3cret")};
+        const Answers right{"s3cret"};
         QTest::newRow("traditional, right") << PackageEncryption::Traditional << right << 1 << true;
         QTest::newRow("AES-256, right") << PackageEncryption::Aes256 << right << 1 << true;
         // A wrong answer is asked again; the unanswered second question cancels.
-        const Answers wrong{QStringLiteral("guess")};
+        const Answers wrong{"guess"};
         QTest::newRow("traditional, wrong") << PackageEncryption::Traditional << wrong << 2 << false;
         QTest::newRow("AES-256, wrong") << PackageEncryption::Aes256 << wrong << 2 << false;
         // A refused answer stops the asking: the right one queued behind it is never used.
-        QTest::newRow("cancelled") << PackageEncryption::Traditional << Answers{std::nullopt, QStringLiteral("s3cret")}
+        QTest::newRow("cancelled") << PackageEncryption::Traditional << Answers{std::nullopt, "s3cret"}
                                    << 1 << false;
-        QTest::newRow("empty") << PackageEncryption::Traditional << Answers{QString(), QStringLiteral("s3cret")}
+        QTest::newRow("empty") << PackageEncryption::Traditional << Answers{QString(), "s3cret"}
                                << 1 << false;
     }
 
@@ -322,35 +465,35 @@ private slots:
         QFETCH(Answers, answers);
         QFETCH(int, prompts);
         QFETCH(bool, unpacked);
-        const QString package = packedPackage({encryption, QStringLiteral("s3cret")});
-        writeFile(iceFolder() + QStringLiteral("gfx/bg1.bmp"), "old frame");
+        const QString package = packedPackage({encryption, "s3cret"});
+        writeFile(iceFolder() + "gfx/bg1.bmp", "old frame");
         ScriptedDialogs dialogs;
         for (const auto &answer : answers)
             dialogs.inputs.enqueue(answer);
 
         extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.inputPrompts, QStringList(prompts, QStringLiteral("Please Enter The Password!")));
+        QCOMPARE(dialogs.inputPrompts, QStringList(prompts, "Please Enter The Password!"));
         if (unpacked) {
             QCOMPARE(dialogs.messageLines(), QStringList());
-            QCOMPARE(filesBelow(iceFolder()), (QStringList{QStringLiteral("gfx/bg1.bmp"), QStringLiteral("gfx/bg2.bmp"),
-                                                           QStringLiteral("snd/drop.wav")}));
-            QCOMPARE(readFile(iceFolder() + QStringLiteral("snd/drop.wav")), QByteArray("content of snd/drop.wav"));
+            QCOMPARE(filesBelow(iceFolder()), (QStringList{"gfx/bg1.bmp", "gfx/bg2.bmp",
+                                                           "snd/drop.wav"}));
+            QCOMPARE(readFile(iceFolder() + "snd/drop.wav"), QByteArray("content of snd/drop.wav"));
         } else {
             QCOMPARE(dialogs.messageLines(),
-                     QStringList{errorLine(package, QStringLiteral("The password is wrong or missing for gfx/bg1.bmp."))});
-            QCOMPARE(filesBelow(iceFolder()), QStringList{QStringLiteral("gfx/bg1.bmp")});
-            QCOMPARE(readFile(iceFolder() + QStringLiteral("gfx/bg1.bmp")), QByteArray("old frame"));
+                     QStringList{errorLine(package, "The password is wrong or missing for gfx/bg1.bmp.")});
+            QCOMPARE(filesBelow(iceFolder()), QStringList{"gfx/bg1.bmp"});
+            QCOMPARE(readFile(iceFolder() + "gfx/bg1.bmp"), QByteArray("old frame"));
         }
     }
 
     void passwordStateStartsAfreshWithEachExtraction()
     {
-        const QString package = packedPackage({PackageEncryption::Traditional, QStringLiteral("s3cret")});
+        const QString package = packedPackage({PackageEncryption::Traditional, "s3cret"});
         ScriptedDialogs dialogs;
         dialogs.inputs.enqueue(std::nullopt);
         extractResourcePackage(package, dialogs);
-        dialogs.inputs.enqueue(QStringLiteral("s3cret"));
+        dialogs.inputs.enqueue("s3cret");
         extractResourcePackage(package, dialogs);
         QCOMPARE(dialogs.inputPrompts.size(), 2);
         QCOMPARE(dialogs.messages.size(), 1);
