@@ -43,20 +43,16 @@ private slots:
     void init();
     void cleanup();
 
-    void invalidSettingsAreReportedFirstFirst_data();
-    void invalidSettingsAreReportedFirstFirst();
-    void uncheckedAnimatedDoesNothing();
-    void textWithoutDotEndsSilently();
+    void refusedStartsSayWhy_data();
+    void refusedStartsSayWhy();
     void failedStartLeavesRunningAnimation();
     void framesLandInTheirSlots();
     void windowsNamesFindTheFiles();
     void dotInFolderCopiesTheLoadingSurface();
-    void fractionalCountSizesStripButLoadsWholeFrames_data();
-    void fractionalCountSizesStripButLoadsWholeFrames();
-    void missingFrameRepeatsThePreviousOne();
+    void stripSlotsHoldWholeFramesOnly_data();
+    void stripSlotsHoldWholeFramesOnly();
     void framesAreCutOrLeftCleared();
     void countsBeyondSixteenBitsLoad();
-    void stripOverOneGibibyteIsRefused();
     void slowLoadShowsProgress();
     void cancelledLoadKeepsRunningAnimation();
 
@@ -153,66 +149,58 @@ QList<int> FramePreviewsTest::play(int element, int ticks, quint32 step)
     return frames;
 }
 
-void FramePreviewsTest::invalidSettingsAreReportedFirstFirst_data()
+void FramePreviewsTest::refusedStartsSayWhy_data()
 {
+    QTest::addColumn<QString>("image");
+    QTest::addColumn<int>("animated");
     QTest::addColumn<QString>("frames");
     QTest::addColumn<QString>("start");
     QTest::addColumn<QString>("delay");
     QTest::addColumn<QString>("message");
+    QTest::addColumn<bool>("starts");
 
-    const QString frames = QStringLiteral("Error: Number of frames needs to be 1 or greater!");
-    const QString start = QStringLiteral("Error: Starting frame needs to be 1 or greater!");
-    const QString delay = QStringLiteral("Error: Delay between frames needs to be 0 or greater!");
-    QTest::newRow("zero frames") << "0" << "1" << "10" << frames;
-    QTest::newRow("negative frames") << "-3" << "1" << "10" << frames;
-    QTest::newRow("letters as frames") << "abc" << "1" << "10" << frames;
-    QTest::newRow("no frames") << "" << "1" << "10" << frames;
-    QTest::newRow("frames before start") << "0" << "0" << "-1" << frames;
-    QTest::newRow("zero start") << "3" << "0" << "10" << start;
-    QTest::newRow("start before delay") << "3" << "x" << "-1" << start;
-    QTest::newRow("negative delay") << "3" << "1" << "-1" << delay;
-    QTest::newRow("empty delay") << "3" << "1" << "" << delay;
-    QTest::newRow("zero delay is fine") << "3" << "1" << "0" << "";
-    QTest::newRow("blanks are fine") << " 3 " << " 2 " << " 5 " << "";
+    const QString frames = "Error: Number of frames needs to be 1 or greater!";
+    const QString start = "Error: Starting frame needs to be 1 or greater!";
+    const QString delay = "Error: Delay between frames needs to be 0 or greater!";
+    const QString bmp = "bg1.bmp";
+    QTest::newRow("zero frames") << bmp << 1 << "0" << "1" << "10" << frames << false;
+    QTest::newRow("letters as frames") << bmp << 1 << "abc" << "1" << "10" << frames << false;
+    QTest::newRow("no frames") << bmp << 1 << "" << "1" << "10" << frames << false;
+    QTest::newRow("frames before start") << bmp << 1 << "0" << "0" << "-1" << frames << false;
+    QTest::newRow("zero start") << bmp << 1 << "3" << "0" << "10" << start << false;
+    QTest::newRow("start before delay") << bmp << 1 << "3" << "x" << "-1" << start << false;
+    QTest::newRow("negative delay") << bmp << 1 << "3" << "1" << "-1" << delay << false;
+    QTest::newRow("empty delay") << bmp << 1 << "3" << "1" << "" << delay << false;
+    QTest::newRow("zero delay is fine") << bmp << 1 << "3" << "1" << "0" << "" << true;
+    QTest::newRow("blanks are fine") << bmp << 1 << " 3 " << " 2 " << " 5 " << "" << true;
+    QTest::newRow("greyed switch counts as off") << bmp << 2 << "0" << "1" << "10" << "" << false;
+    QTest::newRow("text without a dot") << "bg" << 1 << "3" << "1" << "10" << "" << false;
+    QTest::newRow("strip over 1 GiB")
+        << bmp << 1 << "6000" << "1" << "10"
+        << "Error: The Game Background animation is too large to preview: 6000 frames need more than 1 GiB of memory."
+        << false;
 }
 
-void FramePreviewsTest::invalidSettingsAreReportedFirstFirst()
+void FramePreviewsTest::refusedStartsSayWhy()
 {
+    QFETCH(QString, image);
+    QFETCH(int, animated);
     QFETCH(QString, frames);
     QFETCH(QString, start);
     QFETCH(QString, delay);
     QFETCH(QString, message);
+    QFETCH(bool, starts);
 
     makeFrames("bg", 3, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {frames, start, delay});
+    configure(ElementBackground, image.contains(u'.') ? path(image) : image, {frames, start, delay});
+    m_doc->setNumber(u"bganimated", animated);
     m_engine->startFramePreview(ElementBackground);
 
     QCOMPARE(m_dialogs->messageLines(), message.isEmpty() ? QStringList() : QStringList{message});
-    QCOMPARE(m_engine->timer(ElementBackground)->isActive(), message.isEmpty());
     if (!message.isEmpty())
         QCOMPARE(m_dialogs->messages.first().icon, Dialogs::Icon::Critical);
-}
-
-void FramePreviewsTest::uncheckedAnimatedDoesNothing()
-{
-    makeFrames("bg", 3, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"0"});
-    m_doc->setNumber(u"bganimated", 2); // greyed counts as off
-    m_engine->startFramePreview(ElementBackground);
-
-    QVERIFY(m_dialogs->messages.isEmpty());
-    QVERIFY(!m_engine->timer(ElementBackground)->isActive());
-    QVERIFY(m_engine->strip(ElementBackground).isNull());
-}
-
-void FramePreviewsTest::textWithoutDotEndsSilently()
-{
-    configure(ElementBlocks, QStringLiteral("blocks"));
-    m_engine->startFramePreview(ElementBlocks);
-
-    QVERIFY(m_dialogs->messages.isEmpty());
-    QVERIFY(!m_engine->timer(ElementBlocks)->isActive());
-    QVERIFY(m_engine->strip(ElementBlocks).isNull());
+    QCOMPARE(m_engine->timer(ElementBackground)->isActive(), starts);
+    QCOMPARE(m_engine->strip(ElementBackground).isNull(), !starts);
 }
 
 void FramePreviewsTest::failedStartLeavesRunningAnimation()
@@ -268,49 +256,45 @@ void FramePreviewsTest::dotInFolderCopiesTheLoadingSurface()
     QCOMPARE(slotColor(ElementBackground, 1), 9);
 }
 
-void FramePreviewsTest::fractionalCountSizesStripButLoadsWholeFrames_data()
+void FramePreviewsTest::stripSlotsHoldWholeFramesOnly_data()
 {
+    QTest::addColumn<int>("element");
+    QTest::addColumn<QList<int>>("files");
     QTest::addColumn<QString>("frames");
     QTest::addColumn<int>("stripHeight");
     QTest::addColumn<QList<int>>("expectedSlots");
 
-    QTest::newRow("2.5 loads two") << "2.5" << 880 << QList<int>{1, 2, 0};
-    QTest::newRow("3.5 loads four") << "3.5" << 1232 << QList<int>{1, 2, 3, 4};
-    QTest::newRow("0.5 loads none") << "0.5" << 176 << QList<int>{0};
+    const QList<int> four{1, 2, 3, 4};
+    const int bg = ElementBackground;
+    QTest::newRow("2.5 loads two") << bg << four << "2.5" << 880 << QList<int>{1, 2, 0};
+    QTest::newRow("3.5 loads four") << bg << four << "3.5" << 1232 << QList<int>{1, 2, 3, 4};
+    QTest::newRow("0.5 loads none") << bg << four << "0.5" << 176 << QList<int>{0};
+    QTest::newRow("missing frame repeats the one before")
+        << int(ElementNextBlock) << QList<int>{1, 3} << "4" << 4 * 78 << QList<int>{1, 1, 3, 3};
 }
 
-void FramePreviewsTest::fractionalCountSizesStripButLoadsWholeFrames()
+void FramePreviewsTest::stripSlotsHoldWholeFramesOnly()
 {
+    QFETCH(int, element);
+    QFETCH(QList<int>, files);
     QFETCH(QString, frames);
     QFETCH(int, stripHeight);
     QFETCH(QList<int>, expectedSlots);
 
-    makeFrames("bg", 4, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {frames});
-    m_engine->startFramePreview(ElementBackground);
+    const AnimatedElement &e = animatedElements[element];
+    for (int n : files)
+        writeFrame(path(QStringLiteral("f%1.bmp").arg(n)), frameColor(n), e.frame);
+    configure(element, path("f1.bmp"), {frames});
+    m_engine->startFramePreview(element);
 
-    const QImage &strip = m_engine->strip(ElementBackground);
-    QCOMPARE(strip.height(), stripHeight);
+    QCOMPARE(m_engine->strip(element).height(), stripHeight);
     QList<int> found;
-    for (int slot = 0; slot * 352 < strip.height(); ++slot)
-        found << slotColor(ElementBackground, slot);
+    for (int slot = 0; slot < expectedSlots.size(); ++slot)
+        found << slotColor(element, slot);
     QCOMPARE(found, expectedSlots);
-    QVERIFY(m_engine->timer(ElementBackground)->isActive());
-}
-
-void FramePreviewsTest::missingFrameRepeatsThePreviousOne()
-{
-    makeFrames("nx", 4, {77, 77});
-    QFile::remove(path("nx2.bmp"));
-    QFile::remove(path("nx4.bmp"));
-    configure(ElementNextBlock, path("nx1.bmp"), {"4"});
-    m_engine->startFramePreview(ElementNextBlock);
-
-    QList<int> found;
-    for (int slot = 0; slot < 4; ++slot)
-        found << slotColor(ElementNextBlock, slot);
-    QCOMPARE(found, (QList<int>{1, 1, 3, 3}));
-    QCOMPARE(frameOfPixel(m_loading->picture().pixel(0, 0)), 3);
+    QVERIFY(m_engine->timer(element)->isActive());
+    if (files.size() < 4)
+        QCOMPARE(frameOfPixel(m_loading->picture().pixel(0, 0)), files.last());
 }
 
 void FramePreviewsTest::framesAreCutOrLeftCleared()
@@ -338,19 +322,6 @@ void FramePreviewsTest::countsBeyondSixteenBitsLoad()
     QVERIFY(m_dialogs->messages.isEmpty());
     QCOMPARE(m_engine->strip(ElementSpecialWindow).height(), 2100 * 17);
     QCOMPARE(slotColor(ElementSpecialWindow, 2099), 1);
-}
-
-void FramePreviewsTest::stripOverOneGibibyteIsRefused()
-{
-    makeFrames("bg", 1, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"6000"});
-    m_engine->startFramePreview(ElementBackground);
-
-    QCOMPARE(m_dialogs->messages.size(), 1);
-    QCOMPARE(m_dialogs->messages.first().title, QStringLiteral("Error"));
-    QVERIFY(m_dialogs->messages.first().text.contains(u"1 GiB"));
-    QVERIFY(!m_engine->timer(ElementBackground)->isActive());
-    QVERIFY(m_engine->strip(ElementBackground).isNull());
 }
 
 void FramePreviewsTest::slowLoadShowsProgress()
