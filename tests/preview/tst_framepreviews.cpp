@@ -39,558 +39,521 @@ class FramePreviewsTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
-
-    void refusedStartsSayWhy_data();
-    void refusedStartsSayWhy();
-    void failedStartLeavesRunningAnimation();
-    void framesLandInTheirSlots();
-    void windowsNamesFindTheFiles();
-    void dotInFolderCopiesTheLoadingSurface();
-    void stripSlotsHoldWholeFramesOnly_data();
-    void stripSlotsHoldWholeFramesOnly();
-    void framesAreCutOrLeftCleared();
-    void countsBeyondSixteenBitsLoad();
-    void slowLoadShowsProgress();
-    void cancelledLoadKeepsRunningAnimation();
-
-    void playbackOrder_data();
-    void playbackOrder();
-    void internetBackgroundDrawsIntoTheCorner();
-    void internetBackgroundClearsWhatTheBackgroundLeft();
-    void bombShowsItsLeftSquare();
-    void frameCountEditedWhilePlaying();
-    void nonNumbersKeepTheLastValidSettings();
-    void uncheckingAnimatedShowsFirstSlot();
-    void startBeyondStripShowsClearedFrame();
-    void unchangedFrameIsNotRedrawn();
-    void shownPictureOutlivesItsStrip_data();
-    void shownPictureOutlivesItsStrip();
-    void windowTimerDrivesTheElement();
-    void resetStopsEveryTimer();
-
-private:
-    QString path(const QString &name) const { return m_dir->filePath(name); }
-    void makeFrames(const QString &root, int count, QSize size, const QString &ext = "bmp");
-    void configure(int element, const QString &imageText, const Settings &settings = {});
-    QList<int> play(int element, int ticks, quint32 step = 11);
-    int shown(int element) const;
-    int slotColor(int element, int slot) const;
-
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<ThemeDocument> m_doc;
     std::unique_ptr<ScriptedDialogs> m_dialogs;
     std::unique_ptr<LoadingSurface> m_loading;
     std::unique_ptr<FramePreviews> m_engine;
     quint32 m_now = 0;
-};
 
-void FramePreviewsTest::init()
-{
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dir->isValid());
-    m_doc = std::make_unique<ThemeDocument>();
-    m_doc->resetTheme();
-    m_dialogs = std::make_unique<ScriptedDialogs>();
-    m_loading = std::make_unique<LoadingSurface>();
-    m_engine = std::make_unique<FramePreviews>(*m_doc, *m_dialogs, *m_loading);
-    m_now = 123456;
-    m_engine->setClock([this] { return m_now; });
-}
+    QString path(const QString &name) const { return m_dir->filePath(name); }
 
-void FramePreviewsTest::cleanup()
-{
-    m_engine.reset();
-    m_doc.reset();
-}
-
-void FramePreviewsTest::makeFrames(const QString &root, int count, QSize size, const QString &ext)
-{
-    for (int n = 1; n <= count; ++n)
-        writeFrame(path(root + QString::number(n) + u'.' + ext), frameColor(n), size);
-}
-
-void FramePreviewsTest::configure(int element, const QString &imageText, const Settings &s)
-{
-    const AnimatedElement &e = animatedElements[element];
-    if (e.animatedField)
-        m_doc->setNumber(QString::fromLatin1(e.animatedField), 1);
-    if (e.reverseField)
-        m_doc->setNumber(QString::fromLatin1(e.reverseField), s.reverse ? 1 : 0);
-    if (e.startingFrameField)
-        m_doc->setText(QString::fromLatin1(e.startingFrameField), s.start);
-    m_doc->setText(QString::fromLatin1(e.imageField), imageText);
-    m_doc->setText(QString::fromLatin1(e.frameCountField), s.frames);
-    m_doc->setText(QString::fromLatin1(e.delayField), s.delay);
-}
-
-int FramePreviewsTest::shown(int element) const
-{
-    const QImage image = m_engine->surfaceImage(element);
-    return image.isNull() ? -2 : frameOfPixel(image.pixel(0, 0));
-}
-
-int FramePreviewsTest::slotColor(int element, int slot) const
-{
-    const QImage &strip = m_engine->strip(element);
-    return frameOfPixel(strip.pixel(0, slot * animatedElements[element].frame.height()));
-}
-
-QList<int> FramePreviewsTest::play(int element, int ticks, quint32 step)
-{
-    QList<int> frames;
-    for (int i = 0; i < ticks; ++i) {
-        m_now += step;
-        m_engine->animationTick(element);
-        frames << shown(element);
+    void makeFrames(const QString &root, int count, QSize size, const QString &ext = "bmp")
+    {
+        for (int n = 1; n <= count; ++n)
+            writeFrame(path(root + QString::number(n) + u'.' + ext), frameColor(n), size);
     }
-    return frames;
-}
 
-void FramePreviewsTest::refusedStartsSayWhy_data()
-{
-    QTest::addColumn<QString>("image");
-    QTest::addColumn<int>("animated");
-    QTest::addColumn<QString>("frames");
-    QTest::addColumn<QString>("start");
-    QTest::addColumn<QString>("delay");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<bool>("starts");
+    void configure(int element, const QString &imageText, const Settings &s = {})
+    {
+        const AnimatedElement &e = animatedElements[element];
+        if (e.animatedField)
+            m_doc->setNumber(QString::fromLatin1(e.animatedField), 1);
+        if (e.reverseField)
+            m_doc->setNumber(QString::fromLatin1(e.reverseField), s.reverse ? 1 : 0);
+        if (e.startingFrameField)
+            m_doc->setText(QString::fromLatin1(e.startingFrameField), s.start);
+        m_doc->setText(QString::fromLatin1(e.imageField), imageText);
+        m_doc->setText(QString::fromLatin1(e.frameCountField), s.frames);
+        m_doc->setText(QString::fromLatin1(e.delayField), s.delay);
+    }
 
-    const QString frames = "Error: Number of frames needs to be 1 or greater!";
-    const QString start = "Error: Starting frame needs to be 1 or greater!";
-    const QString delay = "Error: Delay between frames needs to be 0 or greater!";
-    const QString bmp = "bg1.bmp";
-    QTest::newRow("zero frames") << bmp << 1 << "0" << "1" << "10" << frames << false;
-    QTest::newRow("letters as frames") << bmp << 1 << "abc" << "1" << "10" << frames << false;
-    QTest::newRow("no frames") << bmp << 1 << "" << "1" << "10" << frames << false;
-    QTest::newRow("frames before start") << bmp << 1 << "0" << "0" << "-1" << frames << false;
-    QTest::newRow("zero start") << bmp << 1 << "3" << "0" << "10" << start << false;
-    QTest::newRow("start before delay") << bmp << 1 << "3" << "x" << "-1" << start << false;
-    QTest::newRow("negative delay") << bmp << 1 << "3" << "1" << "-1" << delay << false;
-    QTest::newRow("empty delay") << bmp << 1 << "3" << "1" << "" << delay << false;
-    QTest::newRow("zero delay is fine") << bmp << 1 << "3" << "1" << "0" << "" << true;
-    QTest::newRow("blanks are fine") << bmp << 1 << " 3 " << " 2 " << " 5 " << "" << true;
-    QTest::newRow("greyed switch counts as off") << bmp << 2 << "0" << "1" << "10" << "" << false;
-    QTest::newRow("text without a dot") << "bg" << 1 << "3" << "1" << "10" << "" << false;
-    QTest::newRow("strip over 1 GiB")
-        << bmp << 1 << "6000" << "1" << "10"
-        << "Error: The Game Background animation is too large to preview: 6000 frames need more than 1 GiB of memory."
-        << false;
-}
+    int shown(int element) const
+    {
+        const QImage image = m_engine->surfaceImage(element);
+        return image.isNull() ? -2 : frameOfPixel(image.pixel(0, 0));
+    }
 
-void FramePreviewsTest::refusedStartsSayWhy()
-{
-    QFETCH(QString, image);
-    QFETCH(int, animated);
-    QFETCH(QString, frames);
-    QFETCH(QString, start);
-    QFETCH(QString, delay);
-    QFETCH(QString, message);
-    QFETCH(bool, starts);
+    int slotColor(int element, int slot) const
+    {
+        const QImage &strip = m_engine->strip(element);
+        return frameOfPixel(strip.pixel(0, slot * animatedElements[element].frame.height()));
+    }
 
-    makeFrames("bg", 3, {192, 352});
-    configure(ElementBackground, image.contains(u'.') ? path(image) : image, {frames, start, delay});
-    m_doc->setNumber(u"bganimated", animated);
-    m_engine->startFramePreview(ElementBackground);
+    QList<int> play(int element, int ticks, quint32 step = 11)
+    {
+        QList<int> frames;
+        for (int i = 0; i < ticks; ++i) {
+            m_now += step;
+            m_engine->animationTick(element);
+            frames << shown(element);
+        }
+        return frames;
+    }
 
-    QCOMPARE(m_dialogs->messageLines(), message.isEmpty() ? QStringList() : QStringList{message});
-    if (!message.isEmpty())
-        QCOMPARE(m_dialogs->messages.first().icon, Dialogs::Icon::Critical);
-    QCOMPARE(m_engine->timer(ElementBackground)->isActive(), starts);
-    QCOMPARE(m_engine->strip(ElementBackground).isNull(), !starts);
-}
+private slots:
+    void init()
+    {
+        m_dir = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_dir->isValid());
+        m_doc = std::make_unique<ThemeDocument>();
+        m_doc->resetTheme();
+        m_dialogs = std::make_unique<ScriptedDialogs>();
+        m_loading = std::make_unique<LoadingSurface>();
+        m_engine = std::make_unique<FramePreviews>(*m_doc, *m_dialogs, *m_loading);
+        m_now = 123456;
+        m_engine->setClock([this] { return m_now; });
+    }
 
-void FramePreviewsTest::failedStartLeavesRunningAnimation()
-{
-    makeFrames("bg", 5, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"));
-    m_engine->startFramePreview(ElementBackground);
-    QCOMPARE(play(ElementBackground, 3), (QList<int>{1, 2, 3}));
+    void cleanup()
+    {
+        m_engine.reset();
+        m_doc.reset();
+    }
 
-    m_doc->setText(u"bgframecount", QStringLiteral("0"));
-    m_engine->startFramePreview(ElementBackground);
-    m_doc->setText(u"bgframecount", QStringLiteral("5"));
-    m_doc->setText(u"bgimage", QStringLiteral("nodot"));
-    m_engine->startFramePreview(ElementBackground);
+    void refusedStartsSayWhy_data()
+    {
+        QTest::addColumn<QString>("image");
+        QTest::addColumn<int>("animated");
+        QTest::addColumn<QString>("frames");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("delay");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<bool>("starts");
 
-    QCOMPARE(m_dialogs->messages.size(), 1);
-    QVERIFY(m_engine->timer(ElementBackground)->isActive());
-    QCOMPARE(play(ElementBackground, 3), (QList<int>{4, 5, 1}));
-}
+        const QString frames = "Error: Number of frames needs to be 1 or greater!";
+        const QString start = "Error: Starting frame needs to be 1 or greater!";
+        const QString delay = "Error: Delay between frames needs to be 0 or greater!";
+        const QString bmp = "bg1.bmp";
+        QTest::newRow("zero frames") << bmp << 1 << "0" << "1" << "10" << frames << false;
+        QTest::newRow("letters as frames") << bmp << 1 << "abc" << "1" << "10" << frames << false;
+        QTest::newRow("no frames") << bmp << 1 << "" << "1" << "10" << frames << false;
+        QTest::newRow("frames before start") << bmp << 1 << "0" << "0" << "-1" << frames << false;
+        QTest::newRow("zero start") << bmp << 1 << "3" << "0" << "10" << start << false;
+        QTest::newRow("start before delay") << bmp << 1 << "3" << "x" << "-1" << start << false;
+        QTest::newRow("negative delay") << bmp << 1 << "3" << "1" << "-1" << delay << false;
+        QTest::newRow("empty delay") << bmp << 1 << "3" << "1" << "" << delay << false;
+        QTest::newRow("zero delay is fine") << bmp << 1 << "3" << "1" << "0" << "" << true;
+        QTest::newRow("blanks are fine") << bmp << 1 << " 3 " << " 2 " << " 5 " << "" << true;
+        QTest::newRow("greyed switch counts as off") << bmp << 2 << "0" << "1" << "10" << "" << false;
+        QTest::newRow("text without a dot") << "bg" << 1 << "3" << "1" << "10" << "" << false;
+        QTest::newRow("strip over 1 GiB")
+            << bmp << 1 << "6000" << "1" << "10"
+            << "Error: The Game Background animation is too large to preview: 6000 frames need more than 1 GiB of memory."
+            << false;
+    }
 
-void FramePreviewsTest::framesLandInTheirSlots()
-{
-    makeFrames("bg", 3, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"3"});
-    m_engine->startFramePreview(ElementBackground);
+    void refusedStartsSayWhy()
+    {
+        QFETCH(QString, image);
+        QFETCH(int, animated);
+        QFETCH(QString, frames);
+        QFETCH(QString, start);
+        QFETCH(QString, delay);
+        QFETCH(QString, message);
+        QFETCH(bool, starts);
 
-    const QImage &strip = m_engine->strip(ElementBackground);
-    QCOMPARE(strip.size(), QSize(192, 3 * 352));
-    for (int row : {0, 351, 352, 703, 704, 1055})
-        QCOMPARE(frameOfPixel(strip.pixel(191, row)), row / 352 + 1);
-}
+        makeFrames("bg", 3, {192, 352});
+        configure(ElementBackground, image.contains(u'.') ? path(image) : image, {frames, start, delay});
+        m_doc->setNumber(u"bganimated", animated);
+        m_engine->startFramePreview(ElementBackground);
 
-void FramePreviewsTest::windowsNamesFindTheFiles()
-{
-    makeFrames("Pack/Anim0", 10, {96, 80});
-    m_doc->setPackageFolder(m_dir->path() + u'/', QStringLiteral("Pack"));
-    configure(ElementBlocks, QStringLiteral("pack\\anim01.BMP"), {"10"});
-    m_engine->startFramePreview(ElementBlocks);
+        QCOMPARE(m_dialogs->messageLines(), message.isEmpty() ? QStringList() : QStringList{message});
+        if (!message.isEmpty())
+            QCOMPARE(m_dialogs->messages.first().icon, Dialogs::Icon::Critical);
+        QCOMPARE(m_engine->timer(ElementBackground)->isActive(), starts);
+        QCOMPARE(m_engine->strip(ElementBackground).isNull(), !starts);
+    }
 
-    for (int slot = 0; slot < 10; ++slot)
-        QCOMPARE(slotColor(ElementBlocks, slot), slot + 1);
-}
+    void failedStartLeavesRunningAnimation()
+    {
+        makeFrames("bg", 5, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"));
+        m_engine->startFramePreview(ElementBackground);
+        QCOMPARE(play(ElementBackground, 3), (QList<int>{1, 2, 3}));
 
-void FramePreviewsTest::dotInFolderCopiesTheLoadingSurface()
-{
-    makeFrames("my.themes/bg", 2, {192, 352});
-    writeFrame(path("last.bmp"), frameColor(9), {192, 352});
-    QVERIFY(m_loading->load(path("last.bmp")));
-    configure(ElementBackground, path("my.themes/bg1.bmp"), {"2"});
-    m_engine->startFramePreview(ElementBackground);
+        m_doc->setText(u"bgframecount", QStringLiteral("0"));
+        m_engine->startFramePreview(ElementBackground);
+        m_doc->setText(u"bgframecount", QStringLiteral("5"));
+        m_doc->setText(u"bgimage", QStringLiteral("nodot"));
+        m_engine->startFramePreview(ElementBackground);
 
-    QCOMPARE(slotColor(ElementBackground, 0), 9);
-    QCOMPARE(slotColor(ElementBackground, 1), 9);
-}
+        QCOMPARE(m_dialogs->messages.size(), 1);
+        QVERIFY(m_engine->timer(ElementBackground)->isActive());
+        QCOMPARE(play(ElementBackground, 3), (QList<int>{4, 5, 1}));
+    }
 
-void FramePreviewsTest::stripSlotsHoldWholeFramesOnly_data()
-{
-    QTest::addColumn<int>("element");
-    QTest::addColumn<QList<int>>("files");
-    QTest::addColumn<QString>("frames");
-    QTest::addColumn<int>("stripHeight");
-    QTest::addColumn<QList<int>>("expectedSlots");
+    void framesLandInTheirSlots()
+    {
+        makeFrames("bg", 3, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), {"3"});
+        m_engine->startFramePreview(ElementBackground);
 
-    const QList<int> four{1, 2, 3, 4};
-    const int bg = ElementBackground;
-    QTest::newRow("2.5 loads two") << bg << four << "2.5" << 880 << QList<int>{1, 2, 0};
-    QTest::newRow("3.5 loads four") << bg << four << "3.5" << 1232 << QList<int>{1, 2, 3, 4};
-    QTest::newRow("0.5 loads none") << bg << four << "0.5" << 176 << QList<int>{0};
-    QTest::newRow("missing frame repeats the one before")
-        << int(ElementNextBlock) << QList<int>{1, 3} << "4" << 4 * 78 << QList<int>{1, 1, 3, 3};
-}
+        const QImage &strip = m_engine->strip(ElementBackground);
+        QCOMPARE(strip.size(), QSize(192, 3 * 352));
+        for (int row : {0, 351, 352, 703, 704, 1055})
+            QCOMPARE(frameOfPixel(strip.pixel(191, row)), row / 352 + 1);
+    }
 
-void FramePreviewsTest::stripSlotsHoldWholeFramesOnly()
-{
-    QFETCH(int, element);
-    QFETCH(QList<int>, files);
-    QFETCH(QString, frames);
-    QFETCH(int, stripHeight);
-    QFETCH(QList<int>, expectedSlots);
+    void windowsNamesFindTheFiles()
+    {
+        makeFrames("Pack/Anim0", 10, {96, 80});
+        m_doc->setPackageFolder(m_dir->path() + u'/', QStringLiteral("Pack"));
+        configure(ElementBlocks, QStringLiteral("pack\\anim01.BMP"), {"10"});
+        m_engine->startFramePreview(ElementBlocks);
 
-    const AnimatedElement &e = animatedElements[element];
-    for (int n : files)
-        writeFrame(path(QStringLiteral("f%1.bmp").arg(n)), frameColor(n), e.frame);
-    configure(element, path("f1.bmp"), {frames});
-    m_engine->startFramePreview(element);
+        for (int slot = 0; slot < 10; ++slot)
+            QCOMPARE(slotColor(ElementBlocks, slot), slot + 1);
+    }
 
-    QCOMPARE(m_engine->strip(element).height(), stripHeight);
-    QList<int> found;
-    for (int slot = 0; slot < expectedSlots.size(); ++slot)
-        found << slotColor(element, slot);
-    QCOMPARE(found, expectedSlots);
-    QVERIFY(m_engine->timer(element)->isActive());
-    if (files.size() < 4)
-        QCOMPARE(frameOfPixel(m_loading->picture().pixel(0, 0)), files.last());
-}
+    void dotInFolderCopiesTheLoadingSurface()
+    {
+        makeFrames("my.themes/bg", 2, {192, 352});
+        writeFrame(path("last.bmp"), frameColor(9), {192, 352});
+        QVERIFY(m_loading->load(path("last.bmp")));
+        configure(ElementBackground, path("my.themes/bg1.bmp"), {"2"});
+        m_engine->startFramePreview(ElementBackground);
 
-void FramePreviewsTest::framesAreCutOrLeftCleared()
-{
-    writeFrame(path("sw1.bmp"), frameColor(1), {300, 40}); // larger: cut
-    writeFrame(path("sw2.bmp"), frameColor(2), {100, 10}); // smaller: rest cleared
-    configure(ElementSpecialWindow, path("sw1.bmp"), {"2"});
-    m_engine->startFramePreview(ElementSpecialWindow);
+        QCOMPARE(slotColor(ElementBackground, 0), 9);
+        QCOMPARE(slotColor(ElementBackground, 1), 9);
+    }
 
-    const QImage &strip = m_engine->strip(ElementSpecialWindow);
-    QCOMPARE(strip.size(), QSize(161, 34));
-    QCOMPARE(frameOfPixel(strip.pixel(159, 15)), 1);
-    QCOMPARE(frameOfPixel(strip.pixel(160, 0)), 0); // the extra column stays cleared
-    QCOMPARE(frameOfPixel(strip.pixel(99, 25)), 2);
-    QCOMPARE(frameOfPixel(strip.pixel(100, 16)), 0);
-    QCOMPARE(frameOfPixel(strip.pixel(50, 26)), 0);
-}
+    void stripSlotsHoldWholeFramesOnly_data()
+    {
+        QTest::addColumn<int>("element");
+        QTest::addColumn<QList<int>>("files");
+        QTest::addColumn<QString>("frames");
+        QTest::addColumn<int>("stripHeight");
+        QTest::addColumn<QList<int>>("expectedSlots");
 
-void FramePreviewsTest::countsBeyondSixteenBitsLoad()
-{
-    makeFrames("sw", 1, {160, 16});
-    configure(ElementSpecialWindow, path("sw1.bmp"), {"2100"});
-    m_engine->startFramePreview(ElementSpecialWindow);
+        const QList<int> four{1, 2, 3, 4};
+        const int bg = ElementBackground;
+        QTest::newRow("2.5 loads two") << bg << four << "2.5" << 880 << QList<int>{1, 2, 0};
+        QTest::newRow("3.5 loads four") << bg << four << "3.5" << 1232 << QList<int>{1, 2, 3, 4};
+        QTest::newRow("0.5 loads none") << bg << four << "0.5" << 176 << QList<int>{0};
+        QTest::newRow("missing frame repeats the one before")
+            << int(ElementNextBlock) << QList<int>{1, 3} << "4" << 4 * 78 << QList<int>{1, 1, 3, 3};
+    }
 
-    QVERIFY(m_dialogs->messages.isEmpty());
-    QCOMPARE(m_engine->strip(ElementSpecialWindow).height(), 2100 * 17);
-    QCOMPARE(slotColor(ElementSpecialWindow, 2099), 1);
-}
+    void stripSlotsHoldWholeFramesOnly()
+    {
+        QFETCH(int, element);
+        QFETCH(QList<int>, files);
+        QFETCH(QString, frames);
+        QFETCH(int, stripHeight);
+        QFETCH(QList<int>, expectedSlots);
 
-void FramePreviewsTest::slowLoadShowsProgress()
-{
-    RecordingProgress progress;
-    m_engine->setProgress(&progress);
-    m_engine->setClock([this] { return m_now += 200; }); // every frame takes 200 ms
-    makeFrames("ex", 4, {192, 64});
-    configure(ElementExplosion, path("ex1.bmp"), {"4"});
-    m_engine->startFramePreview(ElementExplosion);
+        const AnimatedElement &e = animatedElements[element];
+        for (int n : files)
+            writeFrame(path(QStringLiteral("f%1.bmp").arg(n)), frameColor(n), e.frame);
+        configure(element, path("f1.bmp"), {frames});
+        m_engine->startFramePreview(element);
 
-    QCOMPARE(progress.events, (QStringList{"begin Explosion 4", "end"}));
-    QVERIFY(m_engine->timer(ElementExplosion)->isActive());
-}
+        QCOMPARE(m_engine->strip(element).height(), stripHeight);
+        QList<int> found;
+        for (int slot = 0; slot < expectedSlots.size(); ++slot)
+            found << slotColor(element, slot);
+        QCOMPARE(found, expectedSlots);
+        QVERIFY(m_engine->timer(element)->isActive());
+        if (files.size() < 4)
+            QCOMPARE(frameOfPixel(m_loading->picture().pixel(0, 0)), files.last());
+    }
 
-void FramePreviewsTest::cancelledLoadKeepsRunningAnimation()
-{
-    makeFrames("ex", 4, {192, 64});
-    makeFrames("bo", 4, {192, 64}, "png");
-    configure(ElementExplosion, path("ex1.bmp"), {"4"});
-    m_engine->startFramePreview(ElementExplosion);
-    QCOMPARE(play(ElementExplosion, 2), (QList<int>{1, 2}));
+    void framesAreCutOrLeftCleared()
+    {
+        writeFrame(path("sw1.bmp"), frameColor(1), {300, 40}); // larger: cut
+        writeFrame(path("sw2.bmp"), frameColor(2), {100, 10}); // smaller: rest cleared
+        configure(ElementSpecialWindow, path("sw1.bmp"), {"2"});
+        m_engine->startFramePreview(ElementSpecialWindow);
 
-    RecordingProgress progress;
-    progress.cancelAt = 3;
-    m_engine->setProgress(&progress);
-    m_engine->setClock([this] { return m_now += 200; });
-    configure(ElementBomb, path("bo1.png"), {"4"});
-    m_engine->startFramePreview(ElementBomb);
+        const QImage &strip = m_engine->strip(ElementSpecialWindow);
+        QCOMPARE(strip.size(), QSize(161, 34));
+        QCOMPARE(frameOfPixel(strip.pixel(159, 15)), 1);
+        QCOMPARE(frameOfPixel(strip.pixel(160, 0)), 0); // the extra column stays cleared
+        QCOMPARE(frameOfPixel(strip.pixel(99, 25)), 2);
+        QCOMPARE(frameOfPixel(strip.pixel(100, 16)), 0);
+        QCOMPARE(frameOfPixel(strip.pixel(50, 26)), 0);
+    }
 
-    QCOMPARE(progress.events.size(), 2);
-    QVERIFY(!m_engine->timer(ElementBomb)->isActive());
-    QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
-    m_engine->setClock([this] { return m_now; });
-    QCOMPARE(play(ElementExplosion, 3), (QList<int>{3, 4, 1}));
-}
+    void countsBeyondSixteenBitsLoad()
+    {
+        makeFrames("sw", 1, {160, 16});
+        configure(ElementSpecialWindow, path("sw1.bmp"), {"2100"});
+        m_engine->startFramePreview(ElementSpecialWindow);
 
-void FramePreviewsTest::playbackOrder_data()
-{
-    QTest::addColumn<int>("element");
-    QTest::addColumn<QString>("frames");
-    QTest::addColumn<QString>("start");
-    QTest::addColumn<bool>("reverse");
-    QTest::addColumn<quint32>("firstTick");
-    QTest::addColumn<quint32>("step");
-    QTest::addColumn<QList<int>>("expected");
+        QVERIFY(m_dialogs->messages.isEmpty());
+        QCOMPARE(m_engine->strip(ElementSpecialWindow).height(), 2100 * 17);
+        QCOMPARE(slotColor(ElementSpecialWindow, 2099), 1);
+    }
 
-    const quint32 soon = 123456;
-    QTest::newRow("forward") << int(ElementBackground) << "5" << "1" << false << soon << 11u
-                             << QList<int>{1, 2, 3, 4, 5, 1, 2};
-    QTest::newRow("one frame") << int(ElementBlocks) << "1" << "1" << false << soon << 11u
-                               << QList<int>{1, 1, 1, 1};
-    QTest::newRow("four from 2") << int(ElementNextBlock) << "4" << "2" << false << soon << 11u
-                                 << QList<int>{2, 3, 4, 2, 3, 4, 2};
-    QTest::newRow("reverse five") << int(ElementSpecialWindow) << "5" << "1" << true << soon
-                                  << 11u << QList<int>{5, 4, 3, 2, 1, 5, 4};
-    QTest::newRow("reverse from 3") << int(ElementBlocks) << "5" << "3" << true << soon << 11u
-                                    << QList<int>{3, 2, 1, 3, 2, 1};
-    QTest::newRow("explosion") << int(ElementExplosion) << "3" << "" << false << soon << 11u
-                               << QList<int>{1, 2, 3, 1, 2, 3};
-    // The first tick advances at once; later frames stay until more than the delay passed.
-    QTest::newRow("delay 10, 5 ms ticks") << int(ElementBackground) << "5" << "1" << false
-                                          << soon << 5u << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
-    QTest::newRow("tick counter wraps") << int(ElementBackground) << "5" << "1" << false
-                                        << 0xFFFFFFF0u << 5u
-                                        << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
-}
+    void slowLoadShowsProgress()
+    {
+        RecordingProgress progress;
+        m_engine->setProgress(&progress);
+        m_engine->setClock([this] { return m_now += 200; }); // every frame takes 200 ms
+        makeFrames("ex", 4, {192, 64});
+        configure(ElementExplosion, path("ex1.bmp"), {"4"});
+        m_engine->startFramePreview(ElementExplosion);
 
-void FramePreviewsTest::playbackOrder()
-{
-    QFETCH(int, element);
-    QFETCH(QString, frames);
-    QFETCH(QString, start);
-    QFETCH(bool, reverse);
-    QFETCH(quint32, firstTick);
-    QFETCH(quint32, step);
-    QFETCH(QList<int>, expected);
+        QCOMPARE(progress.events, (QStringList{"begin Explosion 4", "end"}));
+        QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+    }
 
-    const AnimatedElement &e = animatedElements[element];
-    makeFrames("f", frames.toInt(), e.frame);
-    configure(element, path("f1.bmp"), {frames, start, "10", reverse});
-    m_engine->startFramePreview(element);
-    m_now = firstTick - step;
-    QCOMPARE(play(element, int(expected.size()), step), expected);
-}
+    void cancelledLoadKeepsRunningAnimation()
+    {
+        makeFrames("ex", 4, {192, 64});
+        makeFrames("bo", 4, {192, 64}, "png");
+        configure(ElementExplosion, path("ex1.bmp"), {"4"});
+        m_engine->startFramePreview(ElementExplosion);
+        QCOMPARE(play(ElementExplosion, 2), (QList<int>{1, 2}));
 
-void FramePreviewsTest::internetBackgroundDrawsIntoTheCorner()
-{
-    makeFrames("bg", 1, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"1"});
-    m_engine->startFramePreview(ElementBackground);
-    play(ElementBackground, 1);
-    makeFrames("ibg", 3, {96, 176});
-    configure(ElementInternetBackground, path("ibg1.bmp"), {"3", "1", "10", true});
-    m_engine->startFramePreview(ElementInternetBackground);
+        RecordingProgress progress;
+        progress.cancelAt = 3;
+        m_engine->setProgress(&progress);
+        m_engine->setClock([this] { return m_now += 200; });
+        configure(ElementBomb, path("bo1.png"), {"4"});
+        m_engine->startFramePreview(ElementBomb);
 
-    QCOMPARE(play(ElementInternetBackground, 4), (QList<int>{3, 2, 1, 3}));
-    const QImage surface = m_engine->surfaceImage(ElementBackground);
-    QCOMPARE(surface.size(), QSize(192, 352));
-    QCOMPARE(frameOfPixel(surface.pixel(95, 175)), 3);
-    QCOMPARE(frameOfPixel(surface.pixel(96, 0)), 0);
-    QCOMPARE(frameOfPixel(surface.pixel(0, 176)), 0);
-}
+        QCOMPARE(progress.events.size(), 2);
+        QVERIFY(!m_engine->timer(ElementBomb)->isActive());
+        QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
+        m_engine->setClock([this] { return m_now; });
+        QCOMPARE(play(ElementExplosion, 3), (QList<int>{3, 4, 1}));
+    }
 
-void FramePreviewsTest::internetBackgroundClearsWhatTheBackgroundLeft()
-{
-    // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
-    makeFrames("bg", 2, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"1.5", "2"});
-    m_engine->startFramePreview(ElementBackground);
-    QCOMPARE(play(ElementBackground, 2), (QList<int>{2, 2}));
-    makeFrames("ibg", 3, {96, 176});
-    configure(ElementInternetBackground, path("ibg1.bmp"), {"3"});
-    m_engine->startFramePreview(ElementInternetBackground);
+    void playbackOrder_data()
+    {
+        QTest::addColumn<int>("element");
+        QTest::addColumn<QString>("frames");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<bool>("reverse");
+        QTest::addColumn<quint32>("firstTick");
+        QTest::addColumn<quint32>("step");
+        QTest::addColumn<QList<int>>("expected");
 
-    for (int expected : {1, 2, 3, 1, 2}) {
-        play(ElementInternetBackground, 1);
+        const quint32 soon = 123456;
+        QTest::newRow("forward") << int(ElementBackground) << "5" << "1" << false << soon << 11u
+                                 << QList<int>{1, 2, 3, 4, 5, 1, 2};
+        QTest::newRow("one frame") << int(ElementBlocks) << "1" << "1" << false << soon << 11u
+                                   << QList<int>{1, 1, 1, 1};
+        QTest::newRow("four from 2") << int(ElementNextBlock) << "4" << "2" << false << soon << 11u
+                                     << QList<int>{2, 3, 4, 2, 3, 4, 2};
+        QTest::newRow("reverse five") << int(ElementSpecialWindow) << "5" << "1" << true << soon
+                                      << 11u << QList<int>{5, 4, 3, 2, 1, 5, 4};
+        QTest::newRow("reverse from 3") << int(ElementBlocks) << "5" << "3" << true << soon << 11u
+                                        << QList<int>{3, 2, 1, 3, 2, 1};
+        QTest::newRow("explosion") << int(ElementExplosion) << "3" << "" << false << soon << 11u
+                                   << QList<int>{1, 2, 3, 1, 2, 3};
+        // The first tick advances at once; later frames stay until more than the delay passed.
+        QTest::newRow("delay 10, 5 ms ticks") << int(ElementBackground) << "5" << "1" << false
+                                              << soon << 5u << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
+        QTest::newRow("tick counter wraps") << int(ElementBackground) << "5" << "1" << false
+                                            << 0xFFFFFFF0u << 5u
+                                            << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
+    }
+
+    void playbackOrder()
+    {
+        QFETCH(int, element);
+        QFETCH(QString, frames);
+        QFETCH(QString, start);
+        QFETCH(bool, reverse);
+        QFETCH(quint32, firstTick);
+        QFETCH(quint32, step);
+        QFETCH(QList<int>, expected);
+
+        const AnimatedElement &e = animatedElements[element];
+        makeFrames("f", frames.toInt(), e.frame);
+        configure(element, path("f1.bmp"), {frames, start, "10", reverse});
+        m_engine->startFramePreview(element);
+        m_now = firstTick - step;
+        QCOMPARE(play(element, int(expected.size()), step), expected);
+    }
+
+    void internetBackgroundDrawsIntoTheCorner()
+    {
+        makeFrames("bg", 1, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), {"1"});
+        m_engine->startFramePreview(ElementBackground);
+        play(ElementBackground, 1);
+        makeFrames("ibg", 3, {96, 176});
+        configure(ElementInternetBackground, path("ibg1.bmp"), {"3", "1", "10", true});
+        m_engine->startFramePreview(ElementInternetBackground);
+
+        QCOMPARE(play(ElementInternetBackground, 4), (QList<int>{3, 2, 1, 3}));
         const QImage surface = m_engine->surfaceImage(ElementBackground);
-        QCOMPARE(frameOfPixel(surface.pixel(95, 175)), expected);
-        QCOMPARE(frameOfPixel(surface.pixel(150, 100)), 0);
-        QCOMPARE(frameOfPixel(surface.pixel(50, 200)), 0);
-        QCOMPARE(frameOfPixel(surface.pixel(191, 351)), 0);
+        QCOMPARE(surface.size(), QSize(192, 352));
+        QCOMPARE(frameOfPixel(surface.pixel(95, 175)), 3);
+        QCOMPARE(frameOfPixel(surface.pixel(96, 0)), 0);
+        QCOMPARE(frameOfPixel(surface.pixel(0, 176)), 0);
     }
-}
 
-void FramePreviewsTest::bombShowsItsLeftSquare()
-{
-    makeFrames("bomb", 2, {192, 64});
-    configure(ElementBomb, path("bomb1.bmp"), {"2"});
-    m_engine->startFramePreview(ElementBomb);
+    void internetBackgroundClearsWhatTheBackgroundLeft()
+    {
+        // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
+        makeFrames("bg", 2, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), {"1.5", "2"});
+        m_engine->startFramePreview(ElementBackground);
+        QCOMPARE(play(ElementBackground, 2), (QList<int>{2, 2}));
+        makeFrames("ibg", 3, {96, 176});
+        configure(ElementInternetBackground, path("ibg1.bmp"), {"3"});
+        m_engine->startFramePreview(ElementInternetBackground);
 
-    QCOMPARE(play(ElementBomb, 3), (QList<int>{1, 2, 1}));
-    QCOMPARE(m_engine->surfaceImage(ElementBomb).size(), QSize(64, 64));
-}
+        for (int expected : {1, 2, 3, 1, 2}) {
+            play(ElementInternetBackground, 1);
+            const QImage surface = m_engine->surfaceImage(ElementBackground);
+            QCOMPARE(frameOfPixel(surface.pixel(95, 175)), expected);
+            QCOMPARE(frameOfPixel(surface.pixel(150, 100)), 0);
+            QCOMPARE(frameOfPixel(surface.pixel(50, 200)), 0);
+            QCOMPARE(frameOfPixel(surface.pixel(191, 351)), 0);
+        }
+    }
 
-void FramePreviewsTest::frameCountEditedWhilePlaying()
-{
-    makeFrames("bg", 5, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"5", "2"});
-    m_engine->startFramePreview(ElementBackground);
-    QCOMPARE(play(ElementBackground, 5, 5), (QList<int>{2, 3, 3, 3, 4}));
-    // Frame 4 is on screen and has not yet stayed its delay.
-    m_doc->setText(u"bgframecount", QStringLiteral("3"));
-    QCOMPARE(play(ElementBackground, 4, 5), (QList<int>{4, 4, 2, 2}));
-}
+    void bombShowsItsLeftSquare()
+    {
+        makeFrames("bomb", 2, {192, 64});
+        configure(ElementBomb, path("bomb1.bmp"), {"2"});
+        m_engine->startFramePreview(ElementBomb);
 
-void FramePreviewsTest::nonNumbersKeepTheLastValidSettings()
-{
-    makeFrames("bg", 5, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"5", "1", "10"});
-    m_engine->startFramePreview(ElementBackground);
-    QCOMPARE(play(ElementBackground, 2, 5), (QList<int>{1, 2}));
+        QCOMPARE(play(ElementBomb, 3), (QList<int>{1, 2, 1}));
+        QCOMPARE(m_engine->surfaceImage(ElementBomb).size(), QSize(64, 64));
+    }
 
-    m_doc->setText(u"bgframecount", QStringLiteral("five"));
-    m_doc->setText(u"bgdelaybetweenframes", QString());
-    m_doc->setText(u"bgstartingframe", QStringLiteral("?"));
-    QCOMPARE(play(ElementBackground, 6, 5), (QList<int>{2, 2, 3, 3, 3, 4}));
-    QCOMPARE(play(ElementBackground, 3, 11), (QList<int>{4, 5, 1}));
-    QVERIFY(m_dialogs->messages.isEmpty());
-}
+    void frameCountEditedWhilePlaying()
+    {
+        makeFrames("bg", 5, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), {"5", "2"});
+        m_engine->startFramePreview(ElementBackground);
+        QCOMPARE(play(ElementBackground, 5, 5), (QList<int>{2, 3, 3, 3, 4}));
+        // Frame 4 is on screen and has not yet stayed its delay.
+        m_doc->setText(u"bgframecount", QStringLiteral("3"));
+        QCOMPARE(play(ElementBackground, 4, 5), (QList<int>{4, 4, 2, 2}));
+    }
 
-void FramePreviewsTest::uncheckingAnimatedShowsFirstSlot()
-{
-    makeFrames("blk", 5, {96, 80});
-    configure(ElementBlocks, path("blk1.bmp"), {"5", "2"});
-    m_engine->startFramePreview(ElementBlocks);
-    QCOMPARE(play(ElementBlocks, 2), (QList<int>{2, 3}));
+    void nonNumbersKeepTheLastValidSettings()
+    {
+        makeFrames("bg", 5, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), {"5", "1", "10"});
+        m_engine->startFramePreview(ElementBackground);
+        QCOMPARE(play(ElementBackground, 2, 5), (QList<int>{1, 2}));
 
-    m_doc->setNumber(u"animateblocks", 0);
-    QCOMPARE(play(ElementBlocks, 3), (QList<int>{1, 1, 1}));
-    m_doc->setNumber(u"animateblocks", 1);
-    QCOMPARE(play(ElementBlocks, 2), (QList<int>{4, 5}));
-}
+        m_doc->setText(u"bgframecount", QStringLiteral("five"));
+        m_doc->setText(u"bgdelaybetweenframes", QString());
+        m_doc->setText(u"bgstartingframe", QStringLiteral("?"));
+        QCOMPARE(play(ElementBackground, 6, 5), (QList<int>{2, 2, 3, 3, 3, 4}));
+        QCOMPARE(play(ElementBackground, 3, 11), (QList<int>{4, 5, 1}));
+        QVERIFY(m_dialogs->messages.isEmpty());
+    }
 
-void FramePreviewsTest::startBeyondStripShowsClearedFrame()
-{
-    makeFrames("blk", 3, {96, 80});
-    configure(ElementBlocks, path("blk1.bmp"), {"3", "7"});
-    m_engine->startFramePreview(ElementBlocks);
-    QCOMPARE(play(ElementBlocks, 3), (QList<int>{0, 0, 0}));
+    void uncheckingAnimatedShowsFirstSlot()
+    {
+        makeFrames("blk", 5, {96, 80});
+        configure(ElementBlocks, path("blk1.bmp"), {"5", "2"});
+        m_engine->startFramePreview(ElementBlocks);
+        QCOMPARE(play(ElementBlocks, 2), (QList<int>{2, 3}));
 
-    m_doc->setNumber(u"blkreverseanimation", 1); // 3 - 7: a negative slot
-    QCOMPARE(play(ElementBlocks, 2), (QList<int>{0, 0}));
-}
+        m_doc->setNumber(u"animateblocks", 0);
+        QCOMPARE(play(ElementBlocks, 3), (QList<int>{1, 1, 1}));
+        m_doc->setNumber(u"animateblocks", 1);
+        QCOMPARE(play(ElementBlocks, 2), (QList<int>{4, 5}));
+    }
 
-void FramePreviewsTest::unchangedFrameIsNotRedrawn()
-{
-    makeFrames("bg", 3, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"3", "1", "100"});
-    m_engine->startFramePreview(ElementBackground);
-    QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
+    void startBeyondStripShowsClearedFrame()
+    {
+        makeFrames("blk", 3, {96, 80});
+        configure(ElementBlocks, path("blk1.bmp"), {"3", "7"});
+        m_engine->startFramePreview(ElementBlocks);
+        QCOMPARE(play(ElementBlocks, 3), (QList<int>{0, 0, 0}));
 
-    play(ElementBackground, 1);
-    play(ElementBackground, 50, 1);
-    QCOMPARE(spy.size(), 2); // frame 1, then frame 2 for the next 50 ticks
-    QCOMPARE(spy.last().at(0).toInt(), int(ElementBackground));
-}
+        m_doc->setNumber(u"blkreverseanimation", 1); // 3 - 7: a negative slot
+        QCOMPARE(play(ElementBlocks, 2), (QList<int>{0, 0}));
+    }
 
-void FramePreviewsTest::shownPictureOutlivesItsStrip_data()
-{
-    QTest::addColumn<int>("rebuilt"); // the element whose preview replaces the shared strip
+    void unchangedFrameIsNotRedrawn()
+    {
+        makeFrames("bg", 3, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), {"3", "1", "100"});
+        m_engine->startFramePreview(ElementBackground);
+        QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
 
-    QTest::newRow("same element") << int(ElementBackground);
-    QTest::newRow("element sharing the strip") << int(ElementInternetBackground);
-}
+        play(ElementBackground, 1);
+        play(ElementBackground, 50, 1);
+        QCOMPARE(spy.size(), 2); // frame 1, then frame 2 for the next 50 ticks
+        QCOMPARE(spy.last().at(0).toInt(), int(ElementBackground));
+    }
 
-void FramePreviewsTest::shownPictureOutlivesItsStrip()
-{
-    QFETCH(int, rebuilt);
-    makeFrames("bg", 2, {192, 352});
-    configure(ElementBackground, path("bg1.bmp"), {"2"});
-    m_engine->startFramePreview(ElementBackground);
-    play(ElementBackground, 2);
-    const QImage kept = m_engine->surfaceImage(ElementBackground); // as a window keeps it
-    const QImage &oldStrip = m_engine->strip(ElementBackground);
-    const auto oldBegin = quintptr(oldStrip.constBits());
-    const auto oldEnd = oldBegin + quintptr(oldStrip.sizeInBytes());
+    void shownPictureOutlivesItsStrip_data()
+    {
+        QTest::addColumn<int>("rebuilt"); // the element whose preview replaces the shared strip
 
-    for (int n = 1; n <= 2; ++n)
-        writeFrame(path(QStringLiteral("new%1.bmp").arg(n)), frameColor(n + 4),
-                   animatedElements[rebuilt].frame);
-    configure(rebuilt, path("new1.bmp"), {"2"});
-    QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
-    m_engine->startFramePreview(rebuilt);
+        QTest::newRow("same element") << int(ElementBackground);
+        QTest::newRow("element sharing the strip") << int(ElementInternetBackground);
+    }
 
-    QCOMPARE(frameOfPixel(kept.pixel(0, 0)), 2);
-    QCOMPARE(frameOfPixel(m_engine->strip(ElementBackground).pixel(0, 0)), 5);
-    // The surface still shows its frame, now from memory that does not keep the old strip.
-    const QImage shown = m_engine->surfaceImage(ElementBackground);
-    QCOMPARE(shown, kept);
-    const auto shownAt = quintptr(shown.constBits());
-    QVERIFY(shownAt < oldBegin || shownAt >= oldEnd);
-    QCOMPARE(spy.size(), 1);
-    QCOMPARE(spy.first().at(0).toInt(), int(ElementBackground));
-    QCOMPARE(spy.first().at(1).value<QImage>(), kept);
-}
+    void shownPictureOutlivesItsStrip()
+    {
+        QFETCH(int, rebuilt);
+        makeFrames("bg", 2, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), {"2"});
+        m_engine->startFramePreview(ElementBackground);
+        play(ElementBackground, 2);
+        const QImage kept = m_engine->surfaceImage(ElementBackground); // as a window keeps it
+        const QImage &oldStrip = m_engine->strip(ElementBackground);
+        const auto oldBegin = quintptr(oldStrip.constBits());
+        const auto oldEnd = oldBegin + quintptr(oldStrip.sizeInBytes());
 
-void FramePreviewsTest::windowTimerDrivesTheElement()
-{
-    QTimer windowTimer;
-    m_engine->attachTimer(ElementNextBlock, &windowTimer);
-    makeFrames("nx", 2, {77, 77});
-    configure(ElementNextBlock, path("nx1.bmp"), {"2"});
-    m_engine->startFramePreview(ElementNextBlock);
+        for (int n = 1; n <= 2; ++n)
+            writeFrame(path(QStringLiteral("new%1.bmp").arg(n)), frameColor(n + 4),
+                       animatedElements[rebuilt].frame);
+        configure(rebuilt, path("new1.bmp"), {"2"});
+        QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
+        m_engine->startFramePreview(rebuilt);
 
-    QVERIFY(windowTimer.isActive());
-    QCOMPARE(windowTimer.interval(), 1);
-    QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
-    QVERIFY(spy.wait(1000));
-    windowTimer.stop();
-    QCOMPARE(shown(ElementNextBlock), 1);
-}
+        QCOMPARE(frameOfPixel(kept.pixel(0, 0)), 2);
+        QCOMPARE(frameOfPixel(m_engine->strip(ElementBackground).pixel(0, 0)), 5);
+        // The surface still shows its frame, now from memory that does not keep the old strip.
+        const QImage shown = m_engine->surfaceImage(ElementBackground);
+        QCOMPARE(shown, kept);
+        const auto shownAt = quintptr(shown.constBits());
+        QVERIFY(shownAt < oldBegin || shownAt >= oldEnd);
+        QCOMPARE(spy.size(), 1);
+        QCOMPARE(spy.first().at(0).toInt(), int(ElementBackground));
+        QCOMPARE(spy.first().at(1).value<QImage>(), kept);
+    }
 
-void FramePreviewsTest::resetStopsEveryTimer()
-{
-    makeFrames("bg", 2, {192, 352});
-    makeFrames("ex", 2, {192, 64});
-    configure(ElementBackground, path("bg1.bmp"), {"2"});
-    configure(ElementExplosion, path("ex1.bmp"), {"2"});
-    m_engine->startFramePreview(ElementBackground);
-    m_engine->startFramePreview(ElementExplosion);
-    play(ElementBackground, 1);
-    QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+    void windowTimerDrivesTheElement()
+    {
+        QTimer windowTimer;
+        m_engine->attachTimer(ElementNextBlock, &windowTimer);
+        makeFrames("nx", 2, {77, 77});
+        configure(ElementNextBlock, path("nx1.bmp"), {"2"});
+        m_engine->startFramePreview(ElementNextBlock);
 
-    m_doc->resetTheme();
-    for (int element = 0; element < AnimatedElementCount; ++element)
-        QVERIFY(!m_engine->timer(element)->isActive());
-    QCOMPARE(shown(ElementBackground), 1); // the last drawn frame stays
-}
+        QVERIFY(windowTimer.isActive());
+        QCOMPARE(windowTimer.interval(), 1);
+        QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
+        QVERIFY(spy.wait(1000));
+        windowTimer.stop();
+        QCOMPARE(shown(ElementNextBlock), 1);
+    }
+
+    void resetStopsEveryTimer()
+    {
+        makeFrames("bg", 2, {192, 352});
+        makeFrames("ex", 2, {192, 64});
+        configure(ElementBackground, path("bg1.bmp"), {"2"});
+        configure(ElementExplosion, path("ex1.bmp"), {"2"});
+        m_engine->startFramePreview(ElementBackground);
+        m_engine->startFramePreview(ElementExplosion);
+        play(ElementBackground, 1);
+        QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+
+        m_doc->resetTheme();
+        for (int element = 0; element < AnimatedElementCount; ++element)
+            QVERIFY(!m_engine->timer(element)->isActive());
+        QCOMPARE(shown(ElementBackground), 1); // the last drawn frame stays
+    }
+};
 
 QTEST_GUILESS_MAIN(FramePreviewsTest)
 #include "tst_framepreviews.moc"
