@@ -138,6 +138,15 @@ QImage solid(QRgb color)
     return image;
 }
 
+/** Writes \a bytes to \a name in \a dir; returns the file's path. */
+QString saved(const QTemporaryDir &dir, const QString &name, const QByteArray &bytes)
+{
+    QFile file(dir.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qWarning("could not write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
 bool near(QRgb a, QRgb b)
 {
     return qAbs(qRed(a) - qRed(b)) <= 12 && qAbs(qGreen(a) - qGreen(b)) <= 12
@@ -151,192 +160,159 @@ class ImageFormatsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void previewsReadThemeImages_data();
-    void previewsReadThemeImages();
-    void jpegVariantsAreWhatTheyClaim();
-    void grayscaleJpeg();
-    void failedLoadKeepsThePicture();
-    void framesOfAnyFormatLoadInAnyOrder_data();
-    void framesOfAnyFormatLoadInAnyOrder();
-    void stripHoldsThePictureAsQtConvertsIt_data();
-    void stripHoldsThePictureAsQtConvertsIt();
-};
+    void previewsReadThemeImages_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("name");
 
-void ImageFormatsTest::previewsReadThemeImages_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("bmp 1 bit") << bitmap(1, 0, twoRows("30000000")) << "a.bmp";
-    QTest::newRow("bmp 4 bit") << bitmap(4, 0, twoRows("00110000")) << "a.bmp";
-    QTest::newRow("bmp 8 bit") << bitmap(8, 0, twoRows("00000101")) << "a.bmp";
-    QTest::newRow("bmp 4 bit rle")
-        << bitmap(4, 2, QByteArray::fromHex("0200" "0211" "0000" "0200" "0211" "0001"))
-        << "a.bmp";
-    QTest::newRow("bmp 8 bit rle")
-        << bitmap(8, 1, QByteArray::fromHex("0200" "0201" "0000" "0200" "0201" "0001"))
-        << "a.bmp";
-    QTest::newRow("bmp 16 bit") << bitmap(16, 0, twoRows("007c007c1f001f00")) << "a.bmp";
-    QTest::newRow("bmp 16 bit 565")
-        << bitmap(16, 3, twoRows("00f800f81f001f00"), {0xF800, 0x07E0, 0x001F}) << "a.bmp";
-    QTest::newRow("bmp 24 bit") << bitmap(24, 0, twoRows("0000ff0000ffff0000ff0000")) << "a.bmp";
-    QTest::newRow("bmp 32 bit")
-        << bitmap(32, 0, twoRows("0000ff000000ff00ff000000ff000000")) << "a.bmp";
-    QTest::newRow("gif") << gif() << "a.gif";
-    QTest::newRow("png") << written(halves(), "png") << "a.png";
-    QTest::newRow("jpeg baseline") << written(halves(), "jpeg") << "a.jpg";
-    QTest::newRow("jpeg progressive") << written(halves(), "jpeg", true) << "a.jpg";
-    QTest::newRow("jpeg named bmp") << written(halves(), "jpeg") << "a.bmp";
-}
-
-void ImageFormatsTest::previewsReadThemeImages()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, name);
-
-    QTemporaryDir dir;
-    QFile file(dir.filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    file.close();
-
-    LoadingSurface surface;
-    QVERIFY(surface.load(file.fileName()));
-    const QImage &picture = surface.picture();
-    const int w = picture.width();
-    const int h = picture.height();
-    QVERIFY2(near(picture.pixel(0, 0), red), qPrintable(QString::number(picture.pixel(0, 0), 16)));
-    // Quarter points: lossy formats blur the edge between the halves.
-    QVERIFY(near(picture.pixel(w / 4, h - 1), red));
-    QVERIFY(near(picture.pixel(3 * w / 4, 0), blue));
-    QVERIFY(near(picture.pixel(w - 1, h - 1), blue));
-}
-
-void ImageFormatsTest::jpegVariantsAreWhatTheyClaim()
-{
-    // Start of frame 0 marks a baseline file, 2 a progressive one.
-    QVERIFY(written(halves(), "jpeg").contains(QByteArray::fromHex("ffc0")));
-    QVERIFY(written(halves(), "jpeg", true).contains(QByteArray::fromHex("ffc2")));
-}
-
-void ImageFormatsTest::grayscaleJpeg()
-{
-    QImage gray(8, 8, QImage::Format_Grayscale8);
-    gray.fill(qRgb(128, 128, 128));
-    QTemporaryDir dir;
-    QFile file(dir.filePath("gray.jpg"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(written(gray, "jpeg"));
-    file.close();
-
-    LoadingSurface surface;
-    QVERIFY(surface.load(file.fileName()));
-    QVERIFY(surface.picture().isGrayscale());
-    QVERIFY(near(surface.picture().pixel(4, 4), qRgb(128, 128, 128)));
-}
-
-void ImageFormatsTest::failedLoadKeepsThePicture()
-{
-    QTemporaryDir dir;
-    QFile good(dir.filePath("good.bmp"));
-    QVERIFY(good.open(QIODevice::WriteOnly));
-    good.write(bitmap(8, 0, twoRows("00000101")));
-    good.close();
-    QFile truncated(dir.filePath("bad.bmp"));
-    QVERIFY(truncated.open(QIODevice::WriteOnly));
-    truncated.write(bitmap(24, 0, twoRows("0000ff0000ffff0000ff0000")).left(40));
-    truncated.close();
-
-    LoadingSurface surface;
-    QVERIFY(surface.load(good.fileName()));
-    QVERIFY(!surface.load(truncated.fileName()));
-    QVERIFY(!surface.load(dir.path()));
-    QVERIFY(!surface.load(dir.filePath("none.bmp")));
-    QCOMPARE(surface.picture().size(), QSize(4, 2));
-    QVERIFY(near(surface.picture().pixel(3, 1), blue));
-}
-
-void ImageFormatsTest::framesOfAnyFormatLoadInAnyOrder_data()
-{
-    QTest::addColumn<QStringList>("files"); // "format:name" per frame, loaded in this order
-
-    QTest::newRow("bitmaps, then a renamed jpeg") << QStringList{"bmp:1.bmp", "bmp:2.bmp", "jpeg:3.bmp"};
-    QTest::newRow("jpegs, then a renamed bitmap") << QStringList{"jpeg:1.jpg", "bmp:2.jpg", "jpeg:3.jpg"};
-    QTest::newRow("png among bitmaps") << QStringList{"bmp:1.bmp", "png:2.bmp", "bmp:3.bmp"};
-    QTest::newRow("gif after a bitmap") << QStringList{"bmp:1.bmp", "gif:2.bmp"};
-    QTest::newRow("bitmap after a gif") << QStringList{"gif:1.gif", "bmp:2.gif"};
-}
-
-void ImageFormatsTest::framesOfAnyFormatLoadInAnyOrder()
-{
-    QFETCH(QStringList, files);
-    const QList<QRgb> colors{red, blue, qRgb(0, 160, 0)};
-
-    QTemporaryDir dir;
-    LoadingSurface surface;
-    for (qsizetype i = 0; i < files.size(); ++i) {
-        const QStringList formatAndName = files.at(i).split(u':');
-        const QByteArray format = formatAndName.at(0).toLatin1();
-        QImage image = solid(colors.at(i));
-        if (format == "gif")
-            image = image.convertToFormat(QImage::Format_Indexed8);
-        QFile file(dir.filePath(formatAndName.at(1)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(format == "gif" ? gif() : written(image, format.constData()));
-        file.close();
-
-        QVERIFY2(surface.load(file.fileName()), qPrintable(files.at(i)));
-        // The gif helper draws the red and blue halves.
-        const QRgb expected = format == "gif" ? red : colors.at(i);
-        QVERIFY2(near(surface.picture().pixel(0, 0), expected), qPrintable(files.at(i)));
+        QTest::newRow("bmp 1 bit") << bitmap(1, 0, twoRows("30000000")) << "a.bmp";
+        QTest::newRow("bmp 4 bit") << bitmap(4, 0, twoRows("00110000")) << "a.bmp";
+        QTest::newRow("bmp 8 bit") << bitmap(8, 0, twoRows("00000101")) << "a.bmp";
+        QTest::newRow("bmp 4 bit rle")
+            << bitmap(4, 2, QByteArray::fromHex("0200" "0211" "0000" "0200" "0211" "0001"))
+            << "a.bmp";
+        QTest::newRow("bmp 8 bit rle")
+            << bitmap(8, 1, QByteArray::fromHex("0200" "0201" "0000" "0200" "0201" "0001"))
+            << "a.bmp";
+        QTest::newRow("bmp 16 bit") << bitmap(16, 0, twoRows("007c007c1f001f00")) << "a.bmp";
+        QTest::newRow("bmp 16 bit 565")
+            << bitmap(16, 3, twoRows("00f800f81f001f00"), {0xF800, 0x07E0, 0x001F}) << "a.bmp";
+        QTest::newRow("bmp 24 bit") << bitmap(24, 0, twoRows("0000ff0000ffff0000ff0000")) << "a.bmp";
+        QTest::newRow("bmp 32 bit")
+            << bitmap(32, 0, twoRows("0000ff000000ff00ff000000ff000000")) << "a.bmp";
+        QTest::newRow("gif") << gif() << "a.gif";
+        QTest::newRow("png") << written(halves(), "png") << "a.png";
+        QTest::newRow("jpeg baseline") << written(halves(), "jpeg") << "a.jpg";
+        QTest::newRow("jpeg progressive") << written(halves(), "jpeg", true) << "a.jpg";
+        QTest::newRow("jpeg named bmp") << written(halves(), "jpeg") << "a.bmp";
     }
-}
 
-void ImageFormatsTest::stripHoldsThePictureAsQtConvertsIt_data()
-{
-    QTest::addColumn<int>("element");
-    QTest::addColumn<QImage>("picture");
+    void previewsReadThemeImages()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, name);
 
-    const QList<QSize> sizes{{1, 1}, {5, 3}, {21, 17}, {96, 176}, {97, 200}, {300, 400}};
-    const QList<std::pair<const char *, QImage::Format>> formats{
-        {"rgb32", QImage::Format_RGB32},       {"rgb888", QImage::Format_RGB888},
-        {"argb32", QImage::Format_ARGB32},     {"indexed", QImage::Format_Indexed8},
-        {"grayscale", QImage::Format_Grayscale8}};
-    for (int element : {int(ElementBackground), int(ElementInternetBackground), int(ElementBlocks),
-                        int(ElementSpecialWindow)}) {
-        for (const auto &[name, format] : formats) {
-            for (QSize size : sizes) {
-                QTest::addRow("%s %s %dx%d", animatedElements[element].caption, name,
-                              size.width(), size.height())
-                    << element << pattern(size, format);
+        QTemporaryDir dir;
+        LoadingSurface surface;
+        QVERIFY(surface.load(saved(dir, name, bytes)));
+        const QImage &picture = surface.picture();
+        const int w = picture.width();
+        const int h = picture.height();
+        QVERIFY2(near(picture.pixel(0, 0), red), qPrintable(QString::number(picture.pixel(0, 0), 16)));
+        // Quarter points: lossy formats blur the edge between the halves.
+        QVERIFY(near(picture.pixel(w / 4, h - 1), red));
+        QVERIFY(near(picture.pixel(3 * w / 4, 0), blue));
+        QVERIFY(near(picture.pixel(w - 1, h - 1), blue));
+    }
+
+    void jpegVariantsAreWhatTheyClaim()
+    {
+        // Start of frame 0 marks a baseline file, 2 a progressive one.
+        QVERIFY(written(halves(), "jpeg").contains(QByteArray::fromHex("ffc0")));
+        QVERIFY(written(halves(), "jpeg", true).contains(QByteArray::fromHex("ffc2")));
+    }
+
+    void grayscaleJpeg()
+    {
+        QImage gray(8, 8, QImage::Format_Grayscale8);
+        gray.fill(qRgb(128, 128, 128));
+        QTemporaryDir dir;
+        LoadingSurface surface;
+        QVERIFY(surface.load(saved(dir, "gray.jpg", written(gray, "jpeg"))));
+        QVERIFY(surface.picture().isGrayscale());
+        QVERIFY(near(surface.picture().pixel(4, 4), qRgb(128, 128, 128)));
+    }
+
+    void failedLoadKeepsThePicture()
+    {
+        QTemporaryDir dir;
+        LoadingSurface surface;
+        QVERIFY(surface.load(saved(dir, "good.bmp", bitmap(8, 0, twoRows("00000101")))));
+        QVERIFY(!surface.load(saved(dir, "bad.bmp", bitmap(24, 0, twoRows("0000ff0000ffff0000ff0000")).left(40))));
+        QVERIFY(!surface.load(dir.path()));
+        QVERIFY(!surface.load(dir.filePath("none.bmp")));
+        QCOMPARE(surface.picture().size(), QSize(4, 2));
+        QVERIFY(near(surface.picture().pixel(3, 1), blue));
+    }
+
+    void framesOfAnyFormatLoadInAnyOrder_data()
+    {
+        QTest::addColumn<QStringList>("files"); // "format:name" per frame, loaded in this order
+
+        QTest::newRow("bitmaps, then a renamed jpeg") << QStringList{"bmp:1.bmp", "bmp:2.bmp", "jpeg:3.bmp"};
+        QTest::newRow("jpegs, then a renamed bitmap") << QStringList{"jpeg:1.jpg", "bmp:2.jpg", "jpeg:3.jpg"};
+        QTest::newRow("png among bitmaps") << QStringList{"bmp:1.bmp", "png:2.bmp", "bmp:3.bmp"};
+        QTest::newRow("gif after a bitmap") << QStringList{"bmp:1.bmp", "gif:2.bmp"};
+        QTest::newRow("bitmap after a gif") << QStringList{"gif:1.gif", "bmp:2.gif"};
+    }
+
+    void framesOfAnyFormatLoadInAnyOrder()
+    {
+        QFETCH(QStringList, files);
+        const QList<QRgb> colors{red, blue, qRgb(0, 160, 0)};
+
+        QTemporaryDir dir;
+        LoadingSurface surface;
+        for (qsizetype i = 0; i < files.size(); ++i) {
+            const QStringList formatAndName = files.at(i).split(u':');
+            const QByteArray format = formatAndName.at(0).toLatin1();
+            QImage image = solid(colors.at(i));
+            if (format == "gif")
+                image = image.convertToFormat(QImage::Format_Indexed8);
+            const QByteArray bytes = format == "gif" ? gif() : written(image, format.constData());
+            QVERIFY2(surface.load(saved(dir, formatAndName.at(1), bytes)), qPrintable(files.at(i)));
+            // The gif helper draws the red and blue halves.
+            const QRgb expected = format == "gif" ? red : colors.at(i);
+            QVERIFY2(near(surface.picture().pixel(0, 0), expected), qPrintable(files.at(i)));
+        }
+    }
+
+    void stripHoldsThePictureAsQtConvertsIt_data()
+    {
+        QTest::addColumn<int>("element");
+        QTest::addColumn<QImage>("picture");
+
+        const QList<QSize> sizes{{1, 1}, {5, 3}, {21, 17}, {96, 176}, {97, 200}, {300, 400}};
+        const QList<std::pair<const char *, QImage::Format>> formats{
+            {"rgb32", QImage::Format_RGB32},       {"rgb888", QImage::Format_RGB888},
+            {"argb32", QImage::Format_ARGB32},     {"indexed", QImage::Format_Indexed8},
+            {"grayscale", QImage::Format_Grayscale8}};
+        for (int element : {int(ElementBackground), int(ElementInternetBackground), int(ElementBlocks),
+                            int(ElementSpecialWindow)}) {
+            for (const auto &[name, format] : formats) {
+                for (QSize size : sizes) {
+                    QTest::addRow("%s %s %dx%d", animatedElements[element].caption, name,
+                                  size.width(), size.height())
+                        << element << pattern(size, format);
+                }
             }
         }
     }
-}
 
-void ImageFormatsTest::stripHoldsThePictureAsQtConvertsIt()
-{
-    QFETCH(int, element);
-    QFETCH(QImage, picture);
-    const AnimatedElement &e = animatedElements[element];
+    void stripHoldsThePictureAsQtConvertsIt()
+    {
+        QFETCH(int, element);
+        QFETCH(QImage, picture);
+        const AnimatedElement &e = animatedElements[element];
 
-    QImage strip = FrameStrip::allocate(e, 3);
-    std::memset(strip.bits(), 0xAB, size_t(strip.sizeInBytes())); // as fresh memory may hold
-    FrameStrip::placeFrame(strip, e.frame, 1, picture);
+        QImage strip = FrameStrip::allocate(e, 3);
+        std::memset(strip.bits(), 0xAB, size_t(strip.sizeInBytes())); // as fresh memory may hold
+        FrameStrip::placeFrame(strip, e.frame, 1, picture);
 
-    const QRect cut(QPoint(0, 0), e.frame.boundedTo(picture.size()).boundedTo(QSize(e.stripWidth, 1 << 20)));
-    const QImage converted = picture.copy(cut).convertToFormat(QImage::Format_RGB888);
-    for (int y = 0; y < e.frame.height(); ++y) {
-        const auto *row = strip.constScanLine(e.frame.height() + y);
-        QByteArray expected(strip.bytesPerLine(), '\0');
-        if (y < converted.height())
-            std::memcpy(expected.data(), converted.constScanLine(y), size_t(converted.width()) * 3);
-        QCOMPARE(QByteArray(reinterpret_cast<const char *>(row), strip.bytesPerLine()), expected);
+        const QRect cut(QPoint(0, 0), e.frame.boundedTo(picture.size()).boundedTo(QSize(e.stripWidth, 1 << 20)));
+        const QImage converted = picture.copy(cut).convertToFormat(QImage::Format_RGB888);
+        for (int y = 0; y < e.frame.height(); ++y) {
+            const auto *row = strip.constScanLine(e.frame.height() + y);
+            QByteArray expected(strip.bytesPerLine(), '\0');
+            if (y < converted.height())
+                std::memcpy(expected.data(), converted.constScanLine(y), size_t(converted.width()) * 3);
+            QCOMPARE(QByteArray(reinterpret_cast<const char *>(row), strip.bytesPerLine()), expected);
+        }
+        // The neighbouring slots are left alone.
+        QCOMPARE(strip.constScanLine(e.frame.height() - 1)[0], uchar(0xAB));
+        QCOMPARE(strip.constScanLine(2 * e.frame.height())[0], uchar(0xAB));
     }
-    // The neighbouring slots are left alone.
-    QCOMPARE(strip.constScanLine(e.frame.height() - 1)[0], uchar(0xAB));
-    QCOMPARE(strip.constScanLine(2 * e.frame.height())[0], uchar(0xAB));
-}
+};
 
 QTEST_GUILESS_MAIN(ImageFormatsTest)
 #include "tst_imageformats.moc"
