@@ -249,45 +249,25 @@ private slots:
     {
         QTest::addColumn<QString>("selector");
         QTest::addColumn<int>("choice");
-        QTest::addColumn<QStringList>("shown");
-        QTest::addColumn<QStringList>("hidden");
-        QTest::addColumn<QStringList>("stopped");
-        QTest::newRow("Background") << "cmbFields" << 0 << QStringList{"fraBackground", "chkBG"}
-                                    << QStringList{"fraIBG", "chkIBG"} << QStringList{"tmrPreviewIBG"};
-        QTest::newRow("Internet Background") << "cmbFields" << 1 << QStringList{"fraIBG", "chkIBG"}
-                                             << QStringList{"fraBackground", "chkBG"} << QStringList{"tmrBGPreview"};
-        QTest::newRow("Game Blocks") << "cmbBlocks" << 0 << QStringList{"fraBlocks", "chkBlk"}
-                                     << QStringList{"fraNext", "chkNext", "fraSW", "chkSW"}
-                                     << QStringList{"tmrPreviewNext", "tmrPreviewSW"};
-        QTest::newRow("Next Block Window") << "cmbBlocks" << 1 << QStringList{"fraNext", "chkNext"}
-                                           << QStringList{"fraBlocks", "chkBlk", "fraSW", "chkSW"}
-                                           << QStringList{"tmrPreviewBlk", "tmrPreviewSW"};
-        QTest::newRow("Special Window") << "cmbBlocks" << 2 << QStringList{"fraSW", "chkSW"}
-                                        << QStringList{"fraBlocks", "chkBlk", "fraNext", "chkNext"}
-                                        << QStringList{"tmrPreviewBlk", "tmrPreviewNext"};
-        const QStringList misc = {"fraExplosion", "chkExplosion", "fraBomb", "chkBomb",
-                                  "fraColor", "chkColor", "fraMImg", "chkMImg"};
-        auto others = [&misc](int skip) {
-            QStringList rest = misc;
-            rest.remove(skip * 2, 2);
-            return rest;
+        QTest::addColumn<QList<QStringList>>("sets"); // frame, switch and preview timer of every choice
+        const QList<std::pair<QString, QList<QStringList>>> selectors = {
+            {"cmbFields", {{"fraBackground", "chkBG", "tmrBGPreview"}, {"fraIBG", "chkIBG", "tmrPreviewIBG"}}},
+            {"cmbBlocks", {{"fraBlocks", "chkBlk", "tmrPreviewBlk"}, {"fraNext", "chkNext", "tmrPreviewNext"},
+                           {"fraSW", "chkSW", "tmrPreviewSW"}}},
+            {"cmbMisc", {{"fraExplosion", "chkExplosion", "tmrPreviewExplosion"},
+                         {"fraBomb", "chkBomb", "tmrPreviewBomb"}, {"fraColor", "chkColor"}, {"fraMImg", "chkMImg"}}},
         };
-        QTest::newRow("Explosion") << "cmbMisc" << 0 << misc.mid(0, 2) << others(0) << QStringList{"tmrPreviewBomb"};
-        QTest::newRow("Block Bomb") << "cmbMisc" << 1 << misc.mid(2, 2) << others(1)
-                                    << QStringList{"tmrPreviewExplosion"};
-        QTest::newRow("Theme Colors") << "cmbMisc" << 2 << misc.mid(4, 2) << others(2)
-                                      << QStringList{"tmrPreviewExplosion", "tmrPreviewBomb"};
-        QTest::newRow("Misc. Images") << "cmbMisc" << 3 << misc.mid(6, 2) << others(3)
-                                      << QStringList{"tmrPreviewExplosion", "tmrPreviewBomb"};
+        for (const auto &[selector, sets] : selectors) {
+            for (int choice = 0; choice < sets.size(); ++choice)
+                QTest::addRow("%s", qPrintable(sets[choice][0])) << selector << choice << sets;
+        }
     }
 
     void dataSets()
     {
         QFETCH(QString, selector);
         QFETCH(int, choice);
-        QFETCH(QStringList, shown);
-        QFETCH(QStringList, hidden);
-        QFETCH(QStringList, stopped);
+        QFETCH(QList<QStringList>, sets);
         auto *combo = control<QComboBox>(selector);
         // Move away first so the wanted choice is a real change.
         combo->setCurrentIndex(choice == 0 ? 1 : 0);
@@ -295,13 +275,13 @@ private slots:
 
         combo->setCurrentIndex(choice);
 
-        for (const QString &name : shown)
-            QVERIFY2(!control(name)->isHidden(), qPrintable(name));
-        for (const QString &name : hidden)
-            QVERIFY2(control(name)->isHidden(), qPrintable(name));
         QStringList expectedRunning = allTimers;
-        for (const QString &name : stopped)
-            expectedRunning.removeOne(name);
+        for (int i = 0; i < sets.size(); ++i) {
+            QVERIFY2(control(sets[i][0])->isHidden() == (i != choice), qPrintable(sets[i][0]));
+            QVERIFY2(control(sets[i][1])->isHidden() == (i != choice), qPrintable(sets[i][1]));
+            if (i != choice && sets[i].size() > 2)
+                expectedRunning.removeOne(sets[i][2]);
+        }
         QCOMPARE(runningTimers(), expectedRunning);
         QVERIFY(!doc->isDirty());
     }
