@@ -17,30 +17,6 @@ using Answers = QList<std::optional<QString>>;
 
 namespace {
 
-/**
- * A scratch folder whose "tmp" sub-folder stands in for the system temporary folder while
- * the object lives, so package folders never land in the real one.
- */
-class ScratchFolder
-{
-public:
-    ScratchFolder() : m_realTemp(qgetenv("TMPDIR"))
-    {
-        QDir().mkpath(temp());
-        qputenv("TMPDIR", QFile::encodeName(temp()));
-    }
-    ~ScratchFolder() { qputenv("TMPDIR", m_realTemp); }
-
-    bool isValid() const { return m_dir.isValid() && QDir::tempPath() == temp(); }
-    QString path() const { return m_dir.path(); }
-    QString file(const QString &relative) const { return m_dir.filePath(relative); }
-    QString temp() const { return m_dir.filePath("tmp"); }
-
-private:
-    QTemporaryDir m_dir;
-    QByteArray m_realTemp;
-};
-
 void writeFile(const QString &path, const QByteArray &bytes)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
@@ -84,10 +60,12 @@ class ResourcePackageTest : public QObject
     Q_OBJECT
 
 private:
-    std::unique_ptr<ScratchFolder> m_work;
-    QString m_temp;   // what QDir::tempPath() answers during a test
+    // Its "tmp" sub-folder stands in for the system temporary folder, so package folders never land there.
+    std::unique_ptr<QTemporaryDir> m_work;
+    QString m_temp;
+    QByteArray m_realTemp = qgetenv("TMPDIR");
 
-    QString work(const QString &relative) const { return m_work->file(relative); }
+    QString work(const QString &relative) const { return m_work->filePath(relative); }
     QString iceFolder() const { return m_temp + "/stakko/Ice/"; }
 
     QString rawPackage(const QList<RawZip::Entry> &entries) const
@@ -118,12 +96,18 @@ private:
 private slots:
     void init()
     {
-        m_work = std::make_unique<ScratchFolder>();
-        QVERIFY(m_work->isValid());
-        m_temp = m_work->temp();
+        m_work = std::make_unique<QTemporaryDir>();
+        m_temp = work("tmp");
+        QVERIFY(QDir().mkpath(m_temp));
+        qputenv("TMPDIR", QFile::encodeName(m_temp));
+        QCOMPARE(QDir::tempPath(), m_temp);
     }
 
-    void cleanup() { m_work.reset(); }
+    void cleanup()
+    {
+        m_work.reset();
+        qputenv("TMPDIR", m_realTemp);
+    }
 
     void namesAreStoredRelativeToTheRoot_data()
     {
