@@ -216,33 +216,26 @@ private slots:
 
     void pageTimers_data()
     {
-        QTest::addColumn<int>("page");
+        QTest::addColumn<QList<int>>("pages"); // shown in this order
         QTest::addColumn<QStringList>("keepRunning");
-        QTest::newRow("General") << 0 << QStringList{};
-        QTest::newRow("Interface") << 1 << QStringList{};
-        QTest::newRow("Background") << 2 << QStringList{"tmrBGPreview", "tmrPreviewIBG"};
-        QTest::newRow("Blocks") << 3 << QStringList{"tmrPreviewIBG", "tmrPreviewBlk", "tmrPreviewNext", "tmrPreviewSW"};
-        QTest::newRow("Misc") << 4 << QStringList{"tmrPreviewExplosion", "tmrPreviewBomb"};
-        QTest::newRow("Sounds") << 5 << QStringList{};
+        QTest::newRow("General") << QList<int>{0} << QStringList{};
+        QTest::newRow("Interface") << QList<int>{1} << QStringList{};
+        QTest::newRow("Background") << QList<int>{2} << QStringList{"tmrBGPreview", "tmrPreviewIBG"};
+        QTest::newRow("Blocks") << QList<int>{3}
+                                << QStringList{"tmrPreviewIBG", "tmrPreviewBlk", "tmrPreviewNext", "tmrPreviewSW"};
+        QTest::newRow("Misc") << QList<int>{4} << QStringList{"tmrPreviewExplosion", "tmrPreviewBomb"};
+        QTest::newRow("Sounds") << QList<int>{5} << QStringList{};
+        QTest::newRow("Background, Blocks, Background") << QList<int>{2, 3, 2} << QStringList{"tmrPreviewIBG"};
     }
 
     void pageTimers()
     {
-        QFETCH(int, page);
+        QFETCH(QList<int>, pages);
         QFETCH(QStringList, keepRunning);
         startAllTimers();
-        window->showPage(MainWindow::Page(page));
+        for (int page : pages)
+            window->showPage(MainWindow::Page(page));
         QCOMPARE(runningTimers(), keepRunning);
-    }
-
-    void backgroundRoundTripThroughBlocks()
-    {
-        window->showPage(MainWindow::Page::Background);
-        control<QTimer>("tmrPreviewIBG")->start();
-        control<QTimer>("tmrBGPreview")->start();
-        window->showPage(MainWindow::Page::Blocks);
-        window->showPage(MainWindow::Page::Background);
-        QCOMPARE(runningTimers(), QStringList{"tmrPreviewIBG"});
     }
 
     void dataSets_data()
