@@ -7,6 +7,7 @@
 #include "editor/pages.h"
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
+#include "preview/ticktimer.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -220,10 +221,9 @@ void MainWindow::buildTimers()
 {
     // The preview engine connects and starts them; the window only stops them.
     for (int i = 0; i < 7; ++i) {
-        auto *timer = new QTimer(this);
+        auto *timer = new TickTimer(this);
         timer->setObjectName(QLatin1StringView(timerNames[i]));
         timer->setInterval(1);
-        timer->setTimerType(Qt::PreciseTimer);
         m_timers[i] = timer;
     }
 }

@@ -13,7 +13,7 @@ class QCheckBox;
 class QComboBox;
 class QFrame;
 class QTabBar;
-class QTimer;
+class TickTimer;
 class ThemeDocument;
 
 /**
@@ -108,7 +108,7 @@ private:
     QFrame *m_area = nullptr;
     QWidget *m_panels[pageCount] = {};  // nullptr until first shown
     QAction *m_pageActions[pageCount] = {};
-    QTimer *m_timers[7] = {};
+    TickTimer *m_timers[7] = {};
     QComboBox *m_type = nullptr;
     QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
     QList<QWidget *> m_switchedFrames;  // by row of the switched-frame table, likewise

@@ -82,7 +82,7 @@ void PreviewBinding::bindAnimations()
 {
     for (int element = 0; element < AnimatedElementCount; ++element) {
         const AnimatedElement &e = animatedElements[element];
-        if (auto *timer = m_window.findChild<QTimer *>(QLatin1StringView(e.timer)))
+        if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(e.timer)))
             m_frames.attachTimer(element, timer);
         onClick(QLatin1StringView(e.button), [this, element] { m_frames.startFramePreview(element); });
         m_window.withControl(QLatin1StringView(e.surface), this, [this, element](QWidget *control) {

@@ -9,7 +9,6 @@
 #include "preview/stripprefault.h"
 
 #include <QElapsedTimer>
-#include <QTimer>
 
 #include <cstring>
 
@@ -52,7 +51,7 @@ FramePreviews::FramePreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurfac
             }
         }
         m_surfaceOf[size_t(i)] = surface;
-        attachTimer(i, new QTimer(this));
+        attachTimer(i, new TickTimer(this));
     }
     connect(&m_doc, &ThemeDocument::themeReset, this, &FramePreviews::stopAll);
 }
@@ -63,9 +62,9 @@ FramePreviews::~FramePreviews()
         disconnect(connection);
 }
 
-void FramePreviews::attachTimer(int element, QTimer *timer)
+void FramePreviews::attachTimer(int element, TickTimer *timer)
 {
-    QPointer<QTimer> &slot = m_timers[size_t(element)];
+    QPointer<TickTimer> &slot = m_timers[size_t(element)];
     if (slot == timer)
         return;
     disconnect(m_timerConnections[size_t(element)]);
@@ -76,10 +75,9 @@ void FramePreviews::attachTimer(int element, QTimer *timer)
             delete slot.data();
     }
     slot = timer;
-    timer->setTimerType(Qt::PreciseTimer);
     timer->setInterval(1);
     m_timerConnections[size_t(element)] =
-        connect(timer, &QTimer::timeout, this, [this, element] { animationTick(element); });
+        connect(timer, &TickTimer::timeout, this, [this, element] { animationTick(element); });
     if (running)
         timer->start();
 }

@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QObject>
 #include <QPointer>
-#include <QTimer>
+#include "preview/ticktimer.h"
 
 #include <array>
 #include <functional>
@@ -42,8 +42,8 @@ public:
     void setProgress(LoadProgress *progress) { m_progress = progress; }
 
     /** Makes \a timer drive \a element from now on, replacing the engine's own timer. */
-    void attachTimer(int element, QTimer *timer);
-    QTimer *timer(int element) const { return m_timers.at(size_t(element)); }
+    void attachTimer(int element, TickTimer *timer);
+    TickTimer *timer(int element) const { return m_timers.at(size_t(element)); }
 
     /**
      * The element's Preview command: checks its settings (a message names the first bad one),
@@ -135,7 +135,7 @@ private:
     std::array<FieldIndexes, AnimatedElementCount> m_fields;
     std::array<AnimationState, AnimatedElementCount> m_states;
     std::array<SettingTexts, AnimatedElementCount> m_settingTexts;
-    std::array<QPointer<QTimer>, AnimatedElementCount> m_timers;
+    std::array<QPointer<TickTimer>, AnimatedElementCount> m_timers;
     std::array<QMetaObject::Connection, AnimatedElementCount> m_timerConnections;
     std::array<int, AnimatedElementCount> m_surfaceOf; // index into m_surfaces
     std::array<Surface, AnimatedElementCount> m_surfaces;

@@ -4,6 +4,7 @@
 #include "editor/aboutwindow.h"
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
+#include "preview/ticktimer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -52,14 +53,14 @@ private:
     void startAllTimers()
     {
         for (const QString &name : allTimers)
-            control<QTimer>(name)->start();
+            control<TickTimer>(name)->start();
     }
 
     QStringList runningTimers()
     {
         QStringList running;
         for (const QString &name : allTimers) {
-            if (control<QTimer>(name)->isActive())
+            if (control<TickTimer>(name)->isActive())
                 running << name;
         }
         return running;
@@ -104,8 +105,8 @@ private slots:
             QCOMPARE(control<QLabel>(QStringLiteral("lblIFace(%1)").arg(i))->buddy()->objectName(),
                      QLatin1StringView(fieldSpec(interfaceRowKeys[i]).control));
         for (const QString &name : allTimers) {
-            QCOMPARE(control<QTimer>(name)->interval(), 1);
-            QCOMPARE(control<QTimer>(name)->timerType(), Qt::PreciseTimer);
+            QCOMPARE(control<TickTimer>(name)->interval(), 1);
+            QCOMPARE(control<TickTimer>(name)->timerType(), Qt::PreciseTimer);
         }
     }
 

@@ -506,7 +506,7 @@ private slots:
 
     void windowTimerDrivesTheElement()
     {
-        QTimer windowTimer;
+        TickTimer windowTimer;
         m_engine->attachTimer(ElementNextBlock, &windowTimer);
         makeFrames("nx", 2, {77, 77});
         configure(ElementNextBlock, path("nx1.bmp"), {"2"});

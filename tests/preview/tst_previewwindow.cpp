@@ -3,6 +3,7 @@
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/previewsurface.h"
+#include "preview/ticktimer.h"
 #include "previewtesthelpers.h"
 
 #include <QAbstractButton>
@@ -82,7 +83,7 @@ void PreviewWindowTest::previewClickPlaysInTheWindow()
     prepareBackground();
     click("cmdPreviewBG");
 
-    QVERIFY(control<QTimer>("tmrBGPreview")->isActive());
+    QVERIFY(control<TickTimer>("tmrBGPreview")->isActive());
     QVERIFY(m_dialogs.messages.isEmpty());
     QSet<int> seen;
     QTRY_VERIFY_WITH_TIMEOUT((seen << shownFrame("picPreviewBG"), seen.size() == 3), 5000);
@@ -96,7 +97,7 @@ void PreviewWindowTest::pageSwitchStopsTheAnimation()
     QTRY_VERIFY(shownFrame("picPreviewBG") > 0);
 
     m_window->showPage(MainWindow::Page::Blocks);
-    QVERIFY(!control<QTimer>("tmrBGPreview")->isActive());
+    QVERIFY(!control<TickTimer>("tmrBGPreview")->isActive());
     const QImage last = control<PreviewSurface>("picPreviewBG")->image();
     QTest::qWait(20);
     QCOMPARE(control<PreviewSurface>("picPreviewBG")->image(), last);
@@ -106,18 +107,18 @@ void PreviewWindowTest::dataSetSwitchStopsTheAnimation()
 {
     prepareBackground();
     click("cmdPreviewBG");
-    QVERIFY(control<QTimer>("tmrBGPreview")->isActive());
+    QVERIFY(control<TickTimer>("tmrBGPreview")->isActive());
     control<QComboBox>("cmbFields")->setCurrentIndex(1);
-    QVERIFY(!control<QTimer>("tmrBGPreview")->isActive());
+    QVERIFY(!control<TickTimer>("tmrBGPreview")->isActive());
 }
 
 void PreviewWindowTest::newThemeStopsTheAnimation()
 {
     prepareBackground();
     click("cmdPreviewBG");
-    QVERIFY(control<QTimer>("tmrBGPreview")->isActive());
+    QVERIFY(control<TickTimer>("tmrBGPreview")->isActive());
     m_doc->resetTheme();
-    QVERIFY(!control<QTimer>("tmrBGPreview")->isActive());
+    QVERIFY(!control<TickTimer>("tmrBGPreview")->isActive());
 }
 
 void PreviewWindowTest::interfacePreviewFillsItsDisplay()

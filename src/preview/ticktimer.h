@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+class QSocketNotifier;
+
+/**
+ * A periodic tick source with QTimer's start/stop/isActive interface, for animation previews.
+ * Qt's timers wake the event loop on whole milliseconds under glib, so a 1 ms timer runs at
+ * 1.1 ms with up to a tick of jitter; on Linux this one is a kernel timer (timerfd) whose
+ * expiries wake the loop on time. Elsewhere it is a precise QTimer. Missed periods are folded
+ * into one timeout(), as QTimer does.
+ */
+class TickTimer : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TickTimer(QObject *parent = nullptr);
+    ~TickTimer() override;
+
+    /** The period in milliseconds, at least 1; takes effect at the next start(). */
+    void setInterval(int milliseconds);
+    int interval() const { return m_interval; }
+    Qt::TimerType timerType() const { return Qt::PreciseTimer; }
+    bool isActive() const { return m_active; }
+
+public slots:
+    /** Starts, or restarts, ticking: the first timeout() comes one period from now. */
+    void start();
+    void stop();
+
+signals:
+    void timeout();
+
+private:
+    void expired();
+
+    int m_interval = 1;
+    bool m_active = false;
+    int m_fd = -1;
+    QSocketNotifier *m_notifier = nullptr;
+    QTimer m_fallback;
+};
