@@ -4,6 +4,7 @@
 
 #ifdef Q_OS_LINUX
 #include <sys/timerfd.h>
+#include <time.h>
 #include <unistd.h>
 #endif
 
@@ -44,9 +45,17 @@ void TickTimer::start()
     m_active = true;
 #ifdef Q_OS_LINUX
     if (m_fd >= 0) {
-        const timespec period{m_interval / 1000, long(m_interval % 1000) * 1000000};
-        const itimerspec schedule{period, period};
-        timerfd_settime(m_fd, 0, &schedule, nullptr);
+        // Expiries land half way through a millisecond of the monotonic clock, which is also
+        // the previews' tick counter: wake-up jitter then never moves a tick across a change
+        // of the count, which would hold a frame one tick longer.
+        constexpr qint64 millisecond = 1000000;
+        timespec now{};
+        clock_gettime(CLOCK_MONOTONIC, &now);
+        const qint64 due = (qint64(now.tv_sec) * 1000 + now.tv_nsec / millisecond + m_interval) * millisecond
+            + millisecond / 2;
+        const timespec period{m_interval / 1000, long(m_interval % 1000) * millisecond};
+        const itimerspec schedule{period, {time_t(due / 1000000000), long(due % 1000000000)}};
+        timerfd_settime(m_fd, TFD_TIMER_ABSTIME, &schedule, nullptr);
         m_notifier->setEnabled(true);
         return;
     }

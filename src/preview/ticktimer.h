@@ -9,8 +9,8 @@ class QSocketNotifier;
  * A periodic tick source with QTimer's start/stop/isActive interface, for animation previews.
  * Qt's timers wake the event loop on whole milliseconds under glib, so a 1 ms timer runs at
  * 1.1 ms with up to a tick of jitter; on Linux this one is a kernel timer (timerfd) whose
- * expiries wake the loop on time. Elsewhere it is a precise QTimer. Missed periods are folded
- * into one timeout(), as QTimer does.
+ * expiries wake the loop on time, in the middle of a millisecond of the monotonic clock.
+ * Elsewhere it is a precise QTimer. Missed periods are folded into one timeout(), as QTimer does.
  */
 class TickTimer : public QObject
 {
@@ -27,7 +27,7 @@ public:
     bool isActive() const { return m_active; }
 
 public slots:
-    /** Starts, or restarts, ticking: the first timeout() comes one period from now. */
+    /** Starts, or restarts, ticking: the first timeout() comes about one period from now. */
     void start();
     void stop();
 
