@@ -251,15 +251,14 @@ QWidget *MainWindow::buildPageArea()
     layout->addWidget(m_tabs);
 
     m_area = new QFrame;
-    QFrame *area = m_area;
-    area->setFrameShape(QFrame::StyledPanel);
-    auto *stack = new QGridLayout(area);
+    m_area->setFrameShape(QFrame::StyledPanel);
+    auto *stack = new QGridLayout(m_area);
     stack->setContentsMargins(6, 6, 6, 6);
     // Pages not built yet cannot be measured. This width, in average characters of the font,
     // holds every page at common desktop fonts, so switching pages does not resize the window;
     // a page that needs more widens it when it is built.
-    area->setMinimumWidth(qCeil(QFontMetricsF(area->font()).averageCharWidth() * pageAreaWidthInCharacters));
-    layout->addWidget(area, 1);
+    m_area->setMinimumWidth(qCeil(QFontMetricsF(m_area->font()).averageCharWidth() * pageAreaWidthInCharacters));
+    layout->addWidget(m_area, 1);
     return central;
 }
 
@@ -413,12 +412,16 @@ void MainWindow::bindSelector(QWidget *panel, int selector)
     connect(combo, &QComboBox::currentIndexChanged, this, [this, selector](int choice) {
         chooseDataSet(selector, choice);
     });
-    if (m_started) {
-        for (const DataSet &set : selectors[selector].sets)
-            combo->addItem(QString::fromLatin1(set.caption));
-        combo->setCurrentIndex(m_dataSetChoice[selector]);
-    }
+    if (m_started)
+        fillSelector(combo, selector);
     showDataSet(selector);
+}
+
+void MainWindow::fillSelector(QComboBox *combo, int selector)
+{
+    for (const DataSet &set : selectors[selector].sets)
+        combo->addItem(QString::fromLatin1(set.caption));
+    combo->setCurrentIndex(m_dataSetChoice[selector]);
 }
 
 void MainWindow::refreshSwitchedFrames()
@@ -522,12 +525,10 @@ void MainWindow::startUp()
 
     m_started = true;
     for (int selector = 0; selector < int(std::size(selectors)); ++selector) {
-        if (auto *combo = findChild<QComboBox *>(QLatin1StringView(selectors[selector].name))) {
-            for (const DataSet &set : selectors[selector].sets)
-                combo->addItem(QString::fromLatin1(set.caption));
-            combo->setCurrentIndex(0);
-        }
         chooseDataSet(selector, 0); // also when the first item was already current
+        // Pages not built yet fill their selector when they are.
+        if (auto *combo = findChild<QComboBox *>(QLatin1StringView(selectors[selector].name)))
+            fillSelector(combo, selector);
     }
 
     m_doc.resetTheme();

@@ -93,6 +93,7 @@ private:
     void bindFields(QWidget *panel);
     void bindSwatches(QWidget *panel);
     void bindSelector(QWidget *panel, int selector);
+    void fillSelector(QComboBox *combo, int selector);
     void showSwatch(int index);
     void showDataSet(int selector);
     void showFieldValue(int index);
