@@ -114,21 +114,22 @@ ProfileFile ProfileFile::open(const QString &location)
     QFile file(location);
     if (!file.open(QIODevice::ReadOnly))
         return profile;
-    const QString text = fileText(file.readAll());
+    QString text = fileText(file.readAll());
     profile.m_status = 0;
+    // Lines end at CR (old Mac editors), LF or CRLF; the empty lines this leaves never match.
+    text.replace(u'\r', u'\n');
 
     // Entries above the first section line belong to no section and are never found.
     QHash<QString, QString> *section = nullptr;
     for (QStringView line : QStringView(text).split(u'\n')) {
-        if (line.endsWith(u'\r'))
-            line.chop(1);
         line = trimBlanks(line);
         if (line.startsWith(u'[')) {
             const qsizetype close = line.indexOf(u']');
             if (close < 0)
                 continue;
-            // A section named twice reads as one; its first value for a key still wins.
-            section = &profile.m_sections[trimBlanks(line.sliced(1, close - 1)).toString().toLower()];
+            // Windows stops at a section's first occurrence: a repeat is skipped whole.
+            const QString name = trimBlanks(line.sliced(1, close - 1)).toString().toLower();
+            section = profile.m_sections.contains(name) ? nullptr : &profile.m_sections[name];
             continue;
         }
         const qsizetype equals = line.indexOf(u'=');

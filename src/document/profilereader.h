@@ -24,8 +24,9 @@ qint32 resolveProfileLocation(const QString &location);
 /**
  * An INI file parsed once, read many times, with the behaviour Windows' profile reader has:
  * section and key matched without regard to case, blanks around key and value dropped,
- * matching single or double quotes removed, at most 254 characters, first occurrence wins,
- * lines that are not "[section]" or "key=value" never match.
+ * matching single or double quotes removed, at most 254 characters, first occurrence of a key
+ * wins, only a section's first occurrence is read, lines end at CR, LF or CRLF, lines that are
+ * not "[section]" or "key=value" never match.
  */
 class ProfileFile
 {

@@ -63,6 +63,8 @@ private slots:
         };
         row("plain", info + "name=Night\r\n", "name", "Night");
         row("LF lines, last without end", "[Theme Info]\nname=Night\nversion=2", "version", "2");
+        row("CR lines", "[Theme Info]\rname=Night\rversion=2\r", "name", "Night");
+        row("CR, LF and CRLF lines mixed", "[Theme Info]\r\nauthor=me\nname=Night\rversion=2\r\n", "version", "2");
         row("empty value is not missing", info + "name=\r\n", "name", "");
         row("absent key gives default exactly", info + "name=x\r\n", "author", esc);
         row("absent section", info + "name=x\r\n", "name", esc, "Sound Mixer");
@@ -75,8 +77,8 @@ private slots:
         row("inner quotes kept", info + "name=a \"b\"\r\n", "name", "a \"b\"");
         row("equals inside value", info + "name=a=b\r\n", "name", "a=b");
         row("first key wins", info + "name=first\r\nNAME=second\r\n", "name", "first");
-        row("repeated section merges", info + "name=1\r\n[Other]\r\nname=o\r\n[theme info]\r\nauthor=me\r\n",
-            "author", "me");
+        row("repeated section is not read again", info + "name=1\r\n[Other]\r\nname=o\r\n[theme info]\r\nauthor=me\r\n",
+            "author", esc);
         row("repeated section keeps first value", info + "name=first\r\n[Theme Info]\r\nname=second\r\n",
             "name", "first");
         row("key of another section", info + "name=a\r\n[Sound Mixer]\r\noutput=2\r\n", "output", esc);
