@@ -46,10 +46,14 @@ const char *const usageText =
     "  --set-file KEY=FILE   set a field to the text of FILE (UTF-8), e.g. the description\n"
     "  -o FILE               where to write\n"
     "  --password PW         answer a package's password question with PW\n"
+    "  --max-unpacked-bytes N\n"
+    "                        stop unpacking a package that would write more than N bytes\n"
+    "                        (at most and by default 2147483648); what it wrote is removed\n"
     "  --help, --version\n"
     "\n"
     "Messages the editor would show in a box are printed to stderr as \"TITLE: TEXT\".\n"
-    "Exit status: 0 done, 1 an error message was shown or writing failed, 2 usage error.\n";
+    "Exit status: 0 done, 1 an error message was shown or writing failed, 2 usage error.\n"
+    "A theme that does not load is never written over.\n";
 
 struct UsageError {
     QString message;
@@ -61,6 +65,7 @@ struct Options {
     QList<QPair<QString, QString>> sets; // key, value, in command-line order
     QString output;
     QString root;
+    ExtractOptions extract;
 };
 
 QString takeValue(const QStringList &args, qsizetype &i)
@@ -100,6 +105,15 @@ Options parse(const QStringList &args, ConsoleDialogs &dialogs)
             o.output = takeValue(args, i);
         } else if (a == u"--root") {
             o.root = takeValue(args, i);
+        } else if (a == u"--max-unpacked-bytes") {
+            const QString text = takeValue(args, i);
+            bool ok = false;
+            const qint64 bytes = text.toLongLong(&ok);
+            if (!ok || bytes <= 0 || bytes > ExtractOptions().maxBytes)
+                throw UsageError{QStringLiteral("--max-unpacked-bytes takes 1 to %1, not \"%2\"")
+                                     .arg(ExtractOptions().maxBytes)
+                                     .arg(text)};
+            o.extract.maxBytes = bytes;
         } else if (a == u"--password") {
             dialogs.password = takeValue(args, i);
         } else if (a.startsWith(u'-') && a.size() > 1) {
@@ -139,13 +153,14 @@ void requireArguments(const Options &o, qsizetype least, qsizetype most)
         throw UsageError{QStringLiteral("wrong number of arguments for %1").arg(o.command)};
 }
 
-/** The editor's start-up state followed by its Load command. */
-void startAndLoad(ThemeDocument &doc, const QString &path, Dialogs &dialogs)
+/** The editor's start-up state followed by its Load command; false when the file did not load. */
+bool startAndLoad(ThemeDocument &doc, const QString &path, Dialogs &dialogs, const ExtractOptions &extract)
 {
     doc.resetTheme();
     doc.setDirty(false);
-    loadThemeFile(doc, path, dialogs);
+    const bool loaded = loadThemeFile(doc, path, dialogs, extract);
     doc.setCurrentThemeFile(path);
+    return loaded;
 }
 
 int write(const ThemeDocument &doc, const QString &path)
@@ -212,14 +227,18 @@ int run(const Options &o, ConsoleDialogs &dialogs)
     }
     if (o.command == u"set") {
         requireArguments(o, 1, 1);
-        startAndLoad(doc, o.positional.at(0), dialogs);
+        if (!startAndLoad(doc, o.positional.at(0), dialogs, o.extract)) {
+            std::fprintf(stderr, "Error: %s did not load as a theme, so it was not written.\n",
+                         qUtf8Printable(o.positional.at(0)));
+            return ExitError;
+        }
         applySets(doc, o);
         const int written = write(doc, o.output.isEmpty() ? o.positional.at(0) : o.output);
         return written != ExitOk ? written : status();
     }
     if (o.command == u"dump") {
         requireArguments(o, 1, 1);
-        startAndLoad(doc, o.positional.at(0), dialogs);
+        startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
         const QByteArray json = dumpJson(doc);
         std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
         return status();
@@ -229,7 +248,7 @@ int run(const Options &o, ConsoleDialogs &dialogs)
         doc.resetTheme();
         doc.setDirty(false);
         if (!o.positional.isEmpty())
-            startAndLoad(doc, o.positional.at(0), dialogs);
+            startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
         QByteArray bytes;
         if (!AnsiText::encode(generateDescription(doc), &bytes)) {
             std::fprintf(stderr, "Error: the description holds characters a theme file cannot store\n");
@@ -240,7 +259,7 @@ int run(const Options &o, ConsoleDialogs &dialogs)
     }
     if (o.command == u"unpack") {
         requireArguments(o, 1, 1);
-        const PackageLocation location = extractResourcePackage(o.positional.at(0), dialogs);
+        const PackageLocation location = extractResourcePackage(o.positional.at(0), dialogs, o.extract);
         std::printf("%s\n", qUtf8Printable(location.folder));
         return status();
     }

@@ -1,9 +1,10 @@
 #include "document/themefilewriter.h"
 
+#include "document/safefile.h"
+
 #include "document/ansitext.h"
 #include "document/themedocument.h"
 
-#include <QSaveFile>
 
 namespace {
 
@@ -196,11 +197,10 @@ bool writeThemeFile(const ThemeDocument &doc, const QString &path, QString *erro
     if (!themeFileBytes(doc, &bytes, error))
         return false;
 
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    QString reason;
+    if (!writeWholeFile(path, bytes, &reason)) {
         if (error)
-            *error = QStringLiteral("Could not save %1:\n%2").arg(path, file.errorString());
-        file.cancelWriting();
+            *error = QStringLiteral("Could not save %1:\n%2").arg(path, reason);
         return false;
     }
     return true;

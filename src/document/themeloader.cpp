@@ -88,8 +88,8 @@ const char *const soundKeys[] = {
 class Loader
 {
 public:
-    Loader(ThemeDocument &doc, const QString &path, Dialogs &dialogs)
-        : m_doc(doc), m_path(path), m_dialogs(dialogs), m_file(ProfileFile::open(path))
+    Loader(ThemeDocument &doc, const QString &path, Dialogs &dialogs, const ExtractOptions &extract)
+        : m_doc(doc), m_path(path), m_dialogs(dialogs), m_extract(extract), m_file(ProfileFile::open(path))
     {
     }
 
@@ -150,7 +150,7 @@ public:
         return themeFolder() + QDir::separator() + value;
     }
 
-    void run()
+    bool run()
     {
         // Header
         for (const char *key : {"name", "developer", "version"})
@@ -160,7 +160,7 @@ public:
         const std::optional<QString> resource = read("resourcefile");
         if (resource) {
             m_doc.setText(u"resourcefile", *resource);
-            const PackageLocation location = extractResourcePackage(packagePath(*resource), m_dialogs);
+            const PackageLocation location = extractResourcePackage(packagePath(*resource), m_dialogs, m_extract);
             m_doc.setPackageFolder(location.folder, location.tail);
         } else {
             // A theme without a package must not see the previous theme's files.
@@ -182,18 +182,18 @@ public:
         const std::optional<QString> typeText = read("themetype");
         if (!typeText) {
             m_dialogs.error(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
-            return;
+            return false;
         }
         const std::optional<qint64> type = storedWholeNumber(*typeText);
         if (!type || (*type != 0 && *type != 1)) {
             m_dialogs.error(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
                                            "only Theme Type 0 and Theme Type 1 can be loaded.")
                                 .arg(m_path, typeText->trimmed()));
-            return;
+            return false;
         }
         if (*type == 1 && !resource) {
             m_dialogs.error(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"));
-            return;
+            return false;
         }
         m_doc.setNumber(u"themetype", int(*type));
 
@@ -228,12 +228,14 @@ public:
 
         for (int i = 0; i < 12; ++i)
             m_doc.setSwatch(i, textToColor(m_doc.value(QLatin1StringView(colorKeys[i]))));
+        return true;
     }
 
 private:
     ThemeDocument &m_doc;
     QString m_path;
     Dialogs &m_dialogs;
+    const ExtractOptions &m_extract;
     ProfileFile m_file;
 };
 
@@ -248,9 +250,9 @@ std::optional<quint32> component(const QString &text)
 
 } // namespace
 
-void loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &dialogs)
+bool loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &dialogs, const ExtractOptions &extract)
 {
-    Loader(doc, path, dialogs).run();
+    return Loader(doc, path, dialogs, extract).run();
 }
 
 quint32 textToColor(const QString &text)

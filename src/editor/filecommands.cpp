@@ -38,6 +38,7 @@ bool FileCommands::saveThemeAs()
     if (path.isEmpty() || !writeTo(path))
         return false;
     m_doc.setCurrentThemeFile(path);
+    m_currentFileLoaded = true;
     return true;
 }
 
@@ -57,6 +58,7 @@ void FileCommands::newTheme()
     if (!guard())
         return;
     m_doc.resetTheme();
+    m_currentFileLoaded = true;
     m_doc.setDirty(false);
 }
 
@@ -69,8 +71,7 @@ void FileCommands::loadTheme()
     const QString path = chooseThemeToLoad();
     if (path.isEmpty())
         return;
-    loadThemeFile(m_doc, path, m_dialogs);
-    m_doc.setCurrentThemeFile(path);
+    load(path);
 }
 
 bool FileCommands::loadPath(const QString &path)
@@ -78,15 +79,21 @@ bool FileCommands::loadPath(const QString &path)
     if (!guard())
         return false;
     m_doc.setDirty(false);
-    loadThemeFile(m_doc, path, m_dialogs);
-    m_doc.setCurrentThemeFile(path);
+    load(path);
     return true;
+}
+
+void FileCommands::load(const QString &path)
+{
+    m_currentFileLoaded = loadThemeFile(m_doc, path, m_dialogs);
+    m_doc.setCurrentThemeFile(path);
 }
 
 void FileCommands::saveTheme()
 {
     const QString current = m_doc.currentThemeFile();
-    if (current.isEmpty()) {
+    // A file that did not load is not this document: only the author may choose to replace it.
+    if (current.isEmpty() || !m_currentFileLoaded) {
         saveAs();
         return;
     }

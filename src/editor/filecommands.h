@@ -38,6 +38,7 @@ public:
     void loadTheme();
     /** Loads a theme named outside the dialogs (command line, drop); false when the author stopped it. */
     bool loadPath(const QString &path);
+    /** Writes to the current file, or asks for one when there is none or it did not load. */
     void saveTheme();
     void saveAs();
     /**
@@ -59,6 +60,7 @@ private:
     /** True when the command may go on (no unsaved changes, or the prompt allowed it). */
     bool guard();
     bool writeTo(const QString &path);
+    void load(const QString &path);
 
     ThemeDocument &m_doc;
     Dialogs &m_dialogs;
@@ -66,4 +68,5 @@ private:
     std::optional<EditorConfig> m_config;
     QString m_configPath;
     QString m_programFolder;
+    bool m_currentFileLoaded = true;   // false while the current file is one that failed to load
 };

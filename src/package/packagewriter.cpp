@@ -1,12 +1,12 @@
 #include "package/packagewriter.h"
 
 #include "document/ansitext.h"
+#include "document/safefile.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <archive.h>
 #include <archive_entry.h>
@@ -22,10 +22,10 @@ struct EntryDeleter {
     void operator()(archive_entry *e) const { archive_entry_free(e); }
 };
 
-la_ssize_t writeToSaveFile(archive *, void *client, const void *buffer, size_t length)
+la_ssize_t writeToSafeFile(archive *, void *client, const void *buffer, size_t length)
 {
-    auto *out = static_cast<QSaveFile *>(client);
-    return out->write(static_cast<const char *>(buffer), qint64(length));
+    auto *out = static_cast<SafeFile *>(client);
+    return out->write(static_cast<const char *>(buffer), qint64(length)) ? la_ssize_t(length) : -1;
 }
 
 // Zip dates are local time: midnight 2000-01-01 here gives the same stored date everywhere.
@@ -126,9 +126,16 @@ bool writeResourcePackage(const QString &zipPath, const QStringList &files, cons
     if (!collectFiles(files, root, &packed, error))
         return false;
 
-    QSaveFile out(zipPath);
-    if (!out.open(QIODevice::WriteOnly))
+    SafeFile out(zipPath);
+    if (!out.open())
         return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
+    // The system's reason for a failed write beats libarchive's generic one.
+    const auto writeFailure = [&](archive *a) {
+        const QString reason = out.errorString().isEmpty()
+                                   ? QString::fromLocal8Bit(archive_error_string(a))
+                                   : out.errorString();
+        return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, reason));
+    };
 
     std::unique_ptr<archive, ArchiveWriteDeleter> zip(archive_write_new());
     archive *a = zip.get();
@@ -139,18 +146,16 @@ bool writeResourcePackage(const QString &zipPath, const QStringList &files, cons
                                .arg(QString::fromLocal8Bit(archive_error_string(a))));
     if (!setEncryption(a, options, error))
         return false;
-    if (archive_write_open(a, &out, nullptr, writeToSaveFile, nullptr) != ARCHIVE_OK)
-        return fail(error, QStringLiteral("Could not write %1: %2")
-                               .arg(zipPath, QString::fromLocal8Bit(archive_error_string(a))));
+    if (archive_write_open(a, &out, nullptr, writeToSafeFile, nullptr) != ARCHIVE_OK)
+        return writeFailure(a);
 
     const time_t mtime = fixedEntryTime();
     for (const PackedFile &file : packed) {
         if (!addFile(a, file, mtime, error))
-            return false;
+            return out.errorString().isEmpty() ? false : writeFailure(a);
     }
     if (archive_write_close(a) != ARCHIVE_OK)
-        return fail(error, QStringLiteral("Could not write %1: %2")
-                               .arg(zipPath, QString::fromLocal8Bit(archive_error_string(a))));
+        return writeFailure(a);
     if (!out.commit())
         return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
     return true;

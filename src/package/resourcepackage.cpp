@@ -3,27 +3,33 @@
 #include "document/ansitext.h"
 #include "document/dialogs.h"
 #include "document/pathlookup.h"
+#include "document/safefile.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <archive.h>
 #include <archive_entry.h>
 
-#include <filesystem>
+#include <cerrno>
+#include <cstring>
+#include <map>
 #include <memory>
 #include <optional>
-#include <system_error>
+#include <utility>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
 struct ArchiveReadDeleter {
     void operator()(archive *a) const { archive_read_free(a); }
-};
-struct ArchiveWriteDeleter {
-    void operator()(archive *a) const { archive_write_free(a); }
 };
 
 const QString passwordPrompt = QStringLiteral("Please Enter The Password!");
@@ -72,14 +78,130 @@ QString entryName(archive_entry *entry)
     return {};
 }
 
-bool replaceFile(const QString &from, const QString &to, QString *reason)
+QString systemReason(int error)
 {
-    std::error_code failure;
-    std::filesystem::rename(std::filesystem::path(from.toStdU16String()),
-                            std::filesystem::path(to.toStdU16String()), failure);
-    if (failure)
-        *reason = QString::fromLocal8Bit(failure.message());
-    return !failure;
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+/** A folder descriptor that closes itself. */
+class Folder
+{
+public:
+    Folder() = default;
+    explicit Folder(int fd) : m_fd(fd) {}
+    Folder(Folder &&other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
+    Folder &operator=(Folder &&other) noexcept
+    {
+        std::swap(m_fd, other.m_fd);
+        return *this;
+    }
+    ~Folder()
+    {
+        if (m_fd >= 0)
+            ::close(m_fd);
+    }
+    int fd() const { return m_fd; }
+    bool isOpen() const { return m_fd >= 0; }
+
+private:
+    int m_fd = -1;
+};
+
+/**
+ * The folder \a name inside \a parent, created owner-only when missing. Anyone may create
+ * names in a shared temporary folder, so a link, a file, or a folder of another user there
+ * is refused (\a problem says which) rather than followed or written into.
+ */
+Folder openOwnFolder(int parent, const QByteArray &name, bool *created, QString *problem)
+{
+    *created = mkdirat(parent, name.constData(), 0700) == 0;
+    if (!*created && errno != EEXIST) {
+        *problem = systemReason(errno);
+        return {};
+    }
+    Folder folder(openat(parent, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat info {};
+    if (!folder.isOpen()) {
+        const int error = errno;
+        if (fstatat(parent, name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(info.st_mode))
+            *problem = QStringLiteral("it is a link");
+        else
+            *problem = error == ENOTDIR ? QStringLiteral("it is not a folder") : systemReason(error);
+        return {};
+    }
+    if (fstat(folder.fd(), &info) != 0) {
+        *problem = systemReason(errno);
+        return {};
+    }
+    if (info.st_uid != geteuid()) {
+        *problem = QStringLiteral("it belongs to another user");
+        return {};
+    }
+    if ((info.st_mode & 077) != 0 && fchmod(folder.fd(), 0700) != 0) {
+        *problem = systemReason(errno);
+        return {};
+    }
+    return folder;
+}
+
+/** Where packages go when the shared temporary folder cannot be used: the author's own cache. */
+QString privateBase()
+{
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    if (cache.isEmpty())
+        return {};
+    const QString base = cache + QStringLiteral("/stakko-theme-maker");
+    if (!QDir().mkpath(base))
+        return {};
+    QFile::setPermissions(base, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return base;
+}
+
+struct OpenedPackageFolder {
+    PackageLocation location;
+    Folder folder;
+    QString notice;   // why the shared place was passed over, or ""
+    QString problem;  // why no place could be used, or ""
+};
+
+OpenedPackageFolder openPackageFolder(const QString &packagePath)
+{
+    OpenedPackageFolder opened;
+    const QString name = packageName(packagePath);
+    QStringList refused;
+    for (const QString &base : {QDir::tempPath(), privateBase()}) {
+        if (base.isEmpty())
+            continue;
+        opened.location = packageLocationFor(packagePath, base);
+        QDir().mkpath(base);
+        const Folder baseFolder(::open(QFile::encodeName(base).constData(),
+                                       O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        QString problem;
+        bool created = false;
+        if (!baseFolder.isOpen()) {
+            refused.append(QStringLiteral("%1 (%2)").arg(QDir::toNativeSeparators(base), systemReason(errno)));
+            continue;
+        }
+        const Folder shared = openOwnFolder(baseFolder.fd(), "stakko", &created, &problem);
+        if (!shared.isOpen()) {
+            refused.append(QStringLiteral("%1 (%2)").arg(QDir::toNativeSeparators(base + QStringLiteral("/stakko")),
+                                                         problem));
+            continue;
+        }
+        opened.folder = openOwnFolder(shared.fd(), QFile::encodeName(name), &created, &problem);
+        if (!opened.folder.isOpen()) {
+            refused.append(QStringLiteral("%1 (%2)").arg(QDir::toNativeSeparators(opened.location.folder), problem));
+            continue;
+        }
+        if (!refused.isEmpty())
+            opened.notice = QStringLiteral("%1 cannot be used safely, so the package is unpacked in %2 instead.")
+                                .arg(refused.join(QStringLiteral(", ")),
+                                     QDir::toNativeSeparators(opened.location.folder));
+        return opened;
+    }
+    opened.location = packageLocationFor(packagePath);
+    opened.problem = QStringLiteral("No safe folder to unpack it into: %1.").arg(refused.join(QStringLiteral(", ")));
+    return opened;
 }
 
 class Extraction
@@ -87,24 +209,30 @@ class Extraction
 public:
     Extraction(Dialogs &dialogs, const ExtractOptions &options) : m_dialogs(dialogs), m_options(options) {}
 
-    /** Unpacks \a archivePath below \a folder; returns why something was left out, or "". */
-    QString run(const QString &archivePath, const QString &folder);
+    /** Unpacks \a archivePath into \a folder; returns why something was left out, or "". */
+    QString run(const QString &archivePath, int folder);
 
 private:
     enum class Step { Next, Stop };
+    enum class Outcome { Done, Failed, Stopped };
 
     static const char *askPassword(archive *, void *client);
     Step extractEntry(archive_entry *entry);
-    Step extractFile(archive_entry *entry, const QString &name, const QString &target);
-    enum class Outcome { Done, Failed, Stopped };
-    Outcome copyData(const QString &name, bool encrypted);
+    Step extractFile(archive_entry *entry, const QStringList &parts);
+    Outcome copyData(SafeFile &out, const QString &name, bool encrypted);
+    /** The folder of \a parts below the package folder, made when missing; -1 after a note. */
+    int folderFor(const QStringList &parts, const QString &shownName);
+    void finish(bool stopped);
     void note(const QString &reason);
 
     Dialogs &m_dialogs;
     const ExtractOptions &m_options;
     std::unique_ptr<archive, ArchiveReadDeleter> m_in;
-    std::unique_ptr<archive, ArchiveWriteDeleter> m_out;
-    QString m_folder;          // canonical, so no link in front of it trips the link check
+    int m_root = -1;
+    std::map<QString, Folder> m_folders;                        // by "/"-joined parts
+    std::vector<std::pair<int, QByteArray>> m_createdFolders;   // parent, name: undone on a stop
+    // Files land only when the run was not stopped, so a stopped run leaves the old files as they were.
+    std::vector<std::pair<std::unique_ptr<SafeFile>, QString>> m_pending;
     QString m_reason;
     qint64 m_written = 0;
     bool m_passwordRefused = false;
@@ -122,6 +250,8 @@ const char *Extraction::askPassword(archive *, void *client)
         self->m_passwordRefused = true;
         return nullptr;
     }
+    // Each answer stands alone: a typo must not stick to the next try.
+    self->m_password.clear();
     if (!AnsiText::encode(*answer, &self->m_password))
         self->m_password = answer->toUtf8();
     return self->m_password.constData();
@@ -133,28 +263,21 @@ void Extraction::note(const QString &reason)
         m_reason = reason;
 }
 
-QString Extraction::run(const QString &archivePath, const QString &folder)
+QString Extraction::run(const QString &archivePath, int folder)
 {
     if (!QFileInfo(archivePath).isFile())
         return QStringLiteral("The file does not exist.");
-    m_folder = QFileInfo(folder).canonicalFilePath();
-    if (m_folder.isEmpty())
-        return QStringLiteral("The folder %1 could not be created.").arg(QDir::toNativeSeparators(folder));
+    m_root = folder;
 
     m_in.reset(archive_read_new());
     archive_read_support_format_zip(m_in.get());
     archive_read_set_passphrase_callback(m_in.get(), this, askPassword);
-    m_out.reset(archive_write_disk_new());
-    // No SECURE_NOABSOLUTEPATHS: every target is absolute by construction, and entry names
-    // that are absolute never get this far.
-    archive_write_disk_set_options(m_out.get(), ARCHIVE_EXTRACT_TIME | ARCHIVE_EXTRACT_SECURE_NODOTDOT
-                                                    | ARCHIVE_EXTRACT_SECURE_SYMLINKS);
-
     if (archive_read_open_filename(m_in.get(), QFile::encodeName(archivePath).constData(), 256 * 1024)
         != ARCHIVE_OK)
         return QStringLiteral("It is not a zip archive or it is damaged.");
 
-    for (;;) {
+    Step step = Step::Next;
+    while (step == Step::Next) {
         archive_entry *entry = nullptr;
         const int status = archive_read_next_header(m_in.get(), &entry);
         if (status == ARCHIVE_EOF)
@@ -167,10 +290,52 @@ QString Extraction::run(const QString &archivePath, const QString &folder)
             note(QStringLiteral("It is damaged at %1.").arg(entryName(entry)));
             continue;
         }
-        if (extractEntry(entry) == Step::Stop)
-            break;
+        step = extractEntry(entry);
     }
+    finish(step == Step::Stop);
     return m_reason;
+}
+
+void Extraction::finish(bool stopped)
+{
+    if (stopped) {
+        m_pending.clear();   // each removes its unpublished file
+        m_folders.clear();
+        for (auto it = m_createdFolders.rbegin(); it != m_createdFolders.rend(); ++it)
+            unlinkat(it->first, it->second.constData(), AT_REMOVEDIR);
+        return;
+    }
+    for (auto &[file, name] : m_pending) {
+        if (!file->publish())
+            note(QStringLiteral("Could not write %1: %2").arg(name, file->errorString()));
+    }
+    m_pending.clear();
+}
+
+int Extraction::folderFor(const QStringList &parts, const QString &shownName)
+{
+    int parent = m_root;
+    QString key;
+    for (const QString &part : parts) {
+        key += u'/' + part;
+        auto found = m_folders.find(key);
+        if (found == m_folders.end()) {
+            bool created = false;
+            QString problem;
+            const QByteArray name = QFile::encodeName(part);
+            Folder folder = openOwnFolder(parent, name, &created, &problem);
+            if (!folder.isOpen()) {
+                note(QStringLiteral("Could not write %1: %2 is in the way (%3).")
+                         .arg(shownName, key.mid(1), problem));
+                return -1;
+            }
+            if (created)
+                m_createdFolders.emplace_back(parent, name);
+            found = m_folders.emplace(key, std::move(folder)).first;
+        }
+        parent = found->second.fd();
+    }
+    return parent;
 }
 
 Extraction::Step Extraction::extractEntry(archive_entry *entry)
@@ -183,61 +348,46 @@ Extraction::Step Extraction::extractEntry(archive_entry *entry)
     }
     if (parts->isEmpty())
         return Step::Next;
-    const QString target = m_folder + u'/' + parts->join(u'/');
-    const QString shownName = parts->join(u'/');
 
     const mode_t type = archive_entry_filetype(entry);
     if (archive_entry_hardlink(entry) || (type != AE_IFREG && type != AE_IFDIR)) {
-        note(QStringLiteral("The entry %1 is a link or a special file and was skipped.").arg(shownName));
+        note(QStringLiteral("The entry %1 is a link or a special file and was skipped.")
+                 .arg(parts->join(u'/')));
         return Step::Next;
     }
     if (type == AE_IFREG)
-        return extractFile(entry, shownName, target);
-
-    const QFileInfo existing(target);
-    if (existing.exists() && (!existing.isDir() || existing.isSymLink())) {
-        note(QStringLiteral("Could not write %1: a file of that name is in the way.").arg(shownName));
-        return Step::Next;
-    }
-    archive_entry_copy_pathname(entry, QFile::encodeName(target).constData());
-    archive_entry_set_perm(entry, 0755);
-    if (archive_write_header(m_out.get(), entry) < ARCHIVE_WARN)
-        note(QStringLiteral("Could not write %1: %2")
-                 .arg(shownName, QString::fromLocal8Bit(archive_error_string(m_out.get()))));
-    archive_write_finish_entry(m_out.get());
+        return extractFile(entry, *parts);
+    folderFor(*parts, parts->join(u'/'));
     return Step::Next;
 }
 
-Extraction::Step Extraction::extractFile(archive_entry *entry, const QString &name, const QString &target)
+Extraction::Step Extraction::extractFile(archive_entry *entry, const QStringList &parts)
 {
-    // Written beside the target and renamed over it, so a failed entry leaves the old file.
-    const qsizetype slash = target.lastIndexOf(u'/');
-    const QString partial = target.left(slash + 1) + QStringLiteral(".~") + target.mid(slash + 1)
-                            + QStringLiteral(".partial");
-    const bool encrypted = archive_entry_is_encrypted(entry);
-
-    archive_entry_copy_pathname(entry, QFile::encodeName(partial).constData());
-    archive_entry_set_perm(entry, 0644);
-    archive_entry_unset_size(entry);   // a lying size must not make the writer pad the file
-    if (archive_write_header(m_out.get(), entry) < ARCHIVE_WARN) {
-        note(QStringLiteral("Could not write %1: %2")
-                 .arg(name, QString::fromLocal8Bit(archive_error_string(m_out.get()))));
+    const QString shownName = parts.join(u'/');
+    const int folder = folderFor(parts.mid(0, parts.size() - 1), shownName);
+    if (folder < 0)
+        return Step::Next;
+    auto out = std::make_unique<SafeFile>(folder, QFile::encodeName(parts.last()), 0600);
+    if (!out->open()) {
+        note(QStringLiteral("Could not write %1: %2").arg(shownName, out->errorString()));
         return Step::Next;
     }
-
-    const Outcome outcome = copyData(name, encrypted);
-    const bool closed = archive_write_finish_entry(m_out.get()) >= ARCHIVE_WARN;
-    if (outcome == Outcome::Done) {
-        QString failure = QString::fromLocal8Bit(archive_error_string(m_out.get()));
-        if (closed && replaceFile(partial, target, &failure))
-            return Step::Next;
-        note(QStringLiteral("Could not write %1: %2").arg(name, failure));
+    // libarchive 3.6 calls an empty LZMA entry damaged; an entry of no bytes has nothing to read.
+    const bool empty = archive_entry_size_is_set(entry) && archive_entry_size(entry) == 0;
+    const Outcome outcome = empty ? Outcome::Done : copyData(*out, shownName, archive_entry_is_encrypted(entry));
+    if (outcome == Outcome::Stopped)
+        return Step::Stop;
+    if (outcome == Outcome::Failed)
+        return Step::Next;
+    if (!out->finishAside()) {
+        note(QStringLiteral("Could not write %1: %2").arg(shownName, out->errorString()));
+        return Step::Next;
     }
-    QFile::remove(partial);
-    return outcome == Outcome::Stopped ? Step::Stop : Step::Next;
+    m_pending.emplace_back(std::move(out), shownName);
+    return Step::Next;
 }
 
-Extraction::Outcome Extraction::copyData(const QString &name, bool encrypted)
+Extraction::Outcome Extraction::copyData(SafeFile &out, const QString &name, bool encrypted)
 {
     for (;;) {
         const void *block = nullptr;
@@ -257,9 +407,8 @@ Extraction::Outcome Extraction::copyData(const QString &name, bool encrypted)
                            .arg(sizeText(m_options.maxBytes));
             return Outcome::Stopped;
         }
-        if (archive_write_data_block(m_out.get(), block, size, offset) < ARCHIVE_WARN) {
-            note(QStringLiteral("Could not write %1: %2")
-                     .arg(name, QString::fromLocal8Bit(archive_error_string(m_out.get()))));
+        if (!out.write(static_cast<const char *>(block), qint64(size))) {
+            note(QStringLiteral("Could not write %1: %2").arg(name, out.errorString()));
             return Outcome::Failed;
         }
         m_written += qint64(size);
@@ -268,7 +417,7 @@ Extraction::Outcome Extraction::copyData(const QString &name, bool encrypted)
 
 } // namespace
 
-PackageLocation packageLocationFor(const QString &packagePath)
+QString packageName(const QString &packagePath)
 {
     const qsizetype zip = packagePath.indexOf(QStringLiteral(".zip"));
     QString name;
@@ -276,22 +425,30 @@ PackageLocation packageLocationFor(const QString &packagePath)
         const QString front = packagePath.left(zip);
         name = front.mid(afterLastSeparator(front));
     }
-    const QString tail = QStringLiteral("stakko/") + name + u'/';
-    return {QDir::tempPath() + u'/' + tail, tail};
+    // These would name the shared folder itself or the one above it.
+    if (name.isEmpty() || name == u"." || name == u"..")
+        name.prepend(u'_');
+    return name;
+}
+
+PackageLocation packageLocationFor(const QString &packagePath, const QString &base)
+{
+    const QString tail = QStringLiteral("stakko/") + packageName(packagePath) + u'/';
+    return {(base.isEmpty() ? QDir::tempPath() : base) + u'/' + tail, tail};
 }
 
 PackageLocation extractResourcePackage(const QString &packagePath, Dialogs &dialogs,
                                        const ExtractOptions &options)
 {
-    const PackageLocation location = packageLocationFor(packagePath);
-    const QString temp = QDir::tempPath();
-    QDir().mkdir(temp);
-    QDir().mkdir(temp + QStringLiteral("/stakko"));
-    QDir().mkdir(location.folder);
-
-    Extraction extraction(dialogs, options);
-    const QString reason = extraction.run(resolveThemePath(packagePath), location.folder);
+    OpenedPackageFolder opened = openPackageFolder(packagePath);
+    QString reason = opened.problem;
+    if (reason.isEmpty()) {
+        if (!opened.notice.isEmpty())
+            dialogs.messageBox(QCoreApplication::applicationName(), opened.notice, Dialogs::Icon::Information);
+        Extraction extraction(dialogs, options);
+        reason = extraction.run(resolveThemePath(packagePath), opened.folder.fd());
+    }
     if (!reason.isEmpty())
         dialogs.error(QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason);
-    return location;
+    return opened.location;
 }

@@ -13,25 +13,34 @@ struct PackageLocation {
 };
 
 /**
- * The package folder for \a packagePath. The package name is the text before the first ".zip"
- * (exact case), after the last "/" or "\" in front of it; it is empty when there is no ".zip",
- * so such packages share the "stakko/" folder itself.
+ * The package name of \a packagePath: the text before the first ".zip" (exact case), after the
+ * last "/" or "\\" in front of it. A name that would be empty, "." or ".." gets a leading "_",
+ * so every package has a folder of its own.
  */
-PackageLocation packageLocationFor(const QString &packagePath);
+QString packageName(const QString &packagePath);
+
+/** The package folder for \a packagePath below \a base (the temporary folder when empty). */
+PackageLocation packageLocationFor(const QString &packagePath, const QString &base = {});
 
 struct ExtractOptions {
     qint64 maxBytes = 2LL << 30;   // all entries together; stops zip bombs
 };
 
 /**
- * Unpacks the zip archive at \a packagePath (a theme's name for it: "\" separators and any
+ * Unpacks the zip archive at \a packagePath (a theme's name for it: "\\" separators and any
  * letter case are accepted) into its package folder, recreating stored sub-folders and
  * replacing files of the same name; nothing already there is ever deleted. Entries that would
  * land outside the package folder, and links, are skipped. Passwords are asked for through
- * \a dialogs; an empty or cancelled answer stops the asking for the rest of this call.
+ * \a dialogs, each answer tried on its own; an empty or cancelled answer stops the asking for
+ * the rest of this call.
+ *
+ * The temporary folder is shared with other users: a "stakko" or package folder there that is
+ * a link, not a folder, or another user's is never used; the package then goes below the
+ * author's cache folder instead, and the author is told. What is created is owner-only.
  *
  * Problems are reported in at most one error message; every entry that could be unpacked
- * stays unpacked, and a file whose entry failed keeps its old content. The location is
+ * stays unpacked, and a file whose entry failed keeps its old content. A run stopped by the
+ * size cap removes everything it wrote and leaves the old files as they were. The location is
  * returned in every case, so the caller can publish it even when nothing was unpacked.
  */
 PackageLocation extractResourcePackage(const QString &packagePath, Dialogs &dialogs,

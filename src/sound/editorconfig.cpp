@@ -3,12 +3,12 @@
 #include "document/ansitext.h"
 #include "document/numbertext.h"
 #include "document/profilereader.h"
+#include "document/safefile.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <cmath>
@@ -87,11 +87,10 @@ bool writeEditorConfig(const EditorConfig &config, const QString &path, QString 
     QByteArray bytes;
     AnsiText::encode(text, &bytes); // digits and ASCII only: always encodable
 
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    QString reason;
+    if (!writeWholeFile(path, bytes, &reason)) {
         if (error)
-            *error = QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(path),
-                                                               file.errorString());
+            *error = QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(path), reason);
         return false;
     }
     return true;

@@ -64,6 +64,10 @@ private slots:
         QTest::newRow("unknown command") << QStringList{"frobnicate"} << "frobnicate";
         QTest::newRow("unknown option") << QStringList{"dump", "--fast", "x.skt"} << "--fast";
         QTest::newRow("not an assignment") << QStringList{"new", "-s", "name", "-o", "x.skt"} << "name";
+        QTest::newRow("cap above the default") << QStringList{"unpack", "--max-unpacked-bytes", "3000000000", "x.zip"}
+                                               << "--max-unpacked-bytes";
+        QTest::newRow("cap not a number") << QStringList{"unpack", "--max-unpacked-bytes", "2G", "x.zip"}
+                                          << "--max-unpacked-bytes";
     }
 
     void usageErrors()
@@ -109,15 +113,34 @@ private slots:
         QVERIFY(r.out.indexOf("\"midi\"") < r.out.indexOf("\"CurrentThemeFile\""));
     }
 
-    void errorsShownMakeStatusOne()
+    void failedLoadIsNeverWrittenOver_data()
     {
-        QFile f(m_dir.filePath(QStringLiteral("notype.skt")));
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QByteArray>("errorStart");
+        QTest::newRow("no theme type") << QByteArray("[Theme Info]\r\nname=X\r\n")
+                                       << QByteArray("Error: Could not load bad.skt.\nLocation: Themetype");
+        QTest::newRow("unknown theme type") << QByteArray("[Theme Info]\r\nthemetype=2\r\n")
+                                            << QByteArray("Error: Could not load bad.skt.\nIts theme type \"2\"");
+        QTest::newRow("no theme at all") << QByteArray("shopping list\neggs\n")
+                                         << QByteArray("Error: Could not load bad.skt.\nLocation: Themetype");
+    }
+
+    void failedLoadIsNeverWrittenOver()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QByteArray, errorStart);
+        QFile f(m_dir.filePath(QStringLiteral("bad.skt")));
         QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write("[Theme Info]\r\nname=X\r\n");
+        f.write(bytes);
         f.close();
-        const Run r = cli({"dump", "notype.skt"});
-        QCOMPARE(r.status, 1);
-        QVERIFY(r.err.startsWith("Error: Could not load notype.skt.\nLocation: Themetype"));
+
+        const Run dump = cli({"dump", "bad.skt"});
+        QCOMPARE(dump.status, 1);
+        QVERIFY2(dump.err.startsWith(errorStart), dump.err.constData());
+        const Run set = cli({"set", "bad.skt", "-s", "name=Y"});
+        QCOMPARE(set.status, 1);
+        QVERIFY2(set.err.contains("bad.skt did not load as a theme, so it was not written."), set.err.constData());
+        QCOMPARE(fileBytes(QStringLiteral("bad.skt")), bytes);
     }
 
     void setLoadsChangesAndWritesBack()
@@ -150,6 +173,12 @@ private slots:
         const QString folder = QString::fromUtf8(r.out).trimmed();
         QCOMPARE(folder, m_dir.filePath(QStringLiteral("tmp/stakko/Ice/")));
         QVERIFY(QFile::exists(folder + QStringLiteral("gfx/bg1.bmp")));
+
+        // A lowered cap stops the unpacking and takes back what it wrote.
+        const Run capped = cli({"unpack", "--max-unpacked-bytes", "4", "Ice.zip"});
+        QCOMPARE(capped.status, 1);
+        QVERIFY2(capped.err.contains("Extraction stopped: the package would write more than 4 bytes."),
+                 capped.err.constData());
 
         const Run missing = cli({"unpack", "Nope.zip"});
         QCOMPARE(missing.status, 1);

@@ -302,6 +302,38 @@ private slots:
         QVERIFY(dialogs.messages.isEmpty());
     }
 
+    void saveAfterFailedLoadAsksForAFile_data()
+    {
+        QTest::addColumn<QString>("saveName");   // "" cancels the Save As dialog
+        QTest::newRow("cancelled") << "";
+        QTest::newRow("saved elsewhere") << "elsewhere.skt";
+    }
+
+    void saveAfterFailedLoadAsksForAFile()
+    {
+        QFETCH(QString, saveName);
+        const QString notATheme = path(QStringLiteral("notes.skt"));
+        QVERIFY(writeFile(notATheme, "shopping list\n"));
+        ThemeDocument doc;
+        ScriptedDialogs dialogs;
+        dialogs.openNames.enqueue(notATheme);
+        if (!saveName.isEmpty())
+            dialogs.saveNames.enqueue(path(saveName));
+        FileCommands commands(doc, dialogs);
+        commands.setProgramFolder(m_dir.path());
+
+        commands.loadTheme();
+        commands.saveTheme();
+
+        QCOMPARE(contents(notATheme), QByteArray("shopping list\n"));
+        QCOMPARE(dialogs.saveFilters.size(), 1);
+        QCOMPARE(doc.currentThemeFile(), saveName.isEmpty() ? notATheme : path(saveName));
+        QCOMPARE(doc.isDirty(), saveName.isEmpty());
+        // Once saved under a name of the author's choosing, Save writes there without asking.
+        commands.saveTheme();
+        QCOMPARE(dialogs.saveFilters.size(), saveName.isEmpty() ? 2 : 1);
+    }
+
     void loadOpensInDataFolder_data()
     {
         QTest::addColumn<bool>("dataFolderExists");

@@ -9,7 +9,8 @@
 
 /**
  * Zip bytes built by hand, for archives no well-behaved writer makes: names with "..",
- * backslashes or drive letters, links, wrong checksums. Entries are stored, not compressed.
+ * backslashes or drive letters, links, wrong checksums, odd compression. Entries are stored
+ * unless they bring their own compressed bytes.
  */
 namespace RawZip {
 
@@ -20,6 +21,8 @@ struct Entry {
     QByteArray data;   // for a link: where it points
     Kind kind = Kind::File;
     bool badCrc = false;
+    quint32 method = 0;       // 0 stored; otherwise \a compressed is written as the entry's bytes
+    QByteArray compressed {};
 };
 
 inline quint32 crc32(const QByteArray &bytes)
@@ -58,19 +61,22 @@ inline QByteArray build(const QList<Entry> &entries)
         const quint32 offset = quint32(out.size());
         const quint32 crc = crc32(e.data) ^ (e.badCrc ? 0x1u : 0u);
         const quint32 size = quint32(e.data.size());
+        const QByteArray &bytes = e.method == 0 ? e.data : e.compressed;
+        const quint32 storedSize = quint32(bytes.size());
+        const quint32 flags = e.method == 14 ? 2 : 0;   // LZMA with an end marker, as Python writes it
         const quint32 nameSize = quint32(e.name.size());
         const quint32 mode = e.kind == Kind::Symlink ? 0120777 : e.kind == Kind::Directory ? 040755 : 0100644;
         const quint32 attributes = (mode << 16) | (e.kind == Kind::Directory ? 0x10 : 0);
 
         // Local header: signature, version needed, flags, stored, time, date, crc, sizes, name, extra.
-        put(out, {{0x04034b50, 4}, {10, 2}, {0, 2}, {0, 2}, {0, 2}, {date, 2}, {crc, 4}, {size, 4}, {size, 4},
-                  {nameSize, 2}, {0, 2}});
-        out.append(e.name).append(e.data);
+        put(out, {{0x04034b50, 4}, {63, 2}, {flags, 2}, {e.method, 2}, {0, 2}, {date, 2}, {crc, 4},
+                  {storedSize, 4}, {size, 4}, {nameSize, 2}, {0, 2}});
+        out.append(e.name).append(bytes);
 
         // Central entry: made on Unix (so the mode counts), then as above, comment, disk,
         // internal and external attributes, local header offset.
-        put(central, {{0x02014b50, 4}, {(3u << 8) | 20, 2}, {10, 2}, {0, 2}, {0, 2}, {0, 2}, {date, 2},
-                      {crc, 4}, {size, 4}, {size, 4}, {nameSize, 2}, {0, 2}, {0, 2}, {0, 2}, {0, 2},
+        put(central, {{0x02014b50, 4}, {(3u << 8) | 63, 2}, {63, 2}, {flags, 2}, {e.method, 2}, {0, 2},
+                      {date, 2}, {crc, 4}, {storedSize, 4}, {size, 4}, {nameSize, 2}, {0, 2}, {0, 2}, {0, 2}, {0, 2},
                       {attributes, 4}, {offset, 4}});
         central.append(e.name);
     }

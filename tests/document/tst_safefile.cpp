@@ -1,0 +1,128 @@
+// Every file the program writes goes through one mechanism: whole or not at all.
+
+#include "common/smalldisk.h"
+#include "document/safefile.h"
+#include "document/themedocument.h"
+#include "document/themefilewriter.h"
+#include "package/packagewriter.h"
+#include "sound/editorconfig.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+
+using Writer = std::function<bool(const QString &path, QString *error)>;
+Q_DECLARE_METATYPE(Writer)
+
+namespace {
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+bool writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+}
+
+/** Noise does not compress, so a package of it is as large as the noise. */
+QByteArray noise(int size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    QRandomGenerator generator(7);
+    for (char &byte : bytes)
+        byte = char(generator.generate());
+    return bytes;
+}
+
+} // namespace
+
+class SafeFileTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // Small enough to sit in a write buffer, so only a checked flush or close sees the failure.
+    void fullDiskKeepsTheOldFile_data()
+    {
+        QTest::addColumn<Writer>("writer");
+        QTest::addColumn<qint64>("leftBytes");
+        QTest::newRow("theme file") << Writer([](const QString &path, QString *error) {
+            ThemeDocument doc;
+            doc.resetTheme();
+            doc.setText(u"description", QString(9000, u'd'));
+            return writeThemeFile(doc, path, error);
+        }) << qint64(4096);
+        QTest::newRow("skm.ini") << Writer([](const QString &path, QString *error) {
+            return writeEditorConfig({44100, 8, 1}, path, error);
+        }) << qint64(0);
+        QTest::newRow("package") << Writer([](const QString &path, QString *error) {
+            const QString source = QFileInfo(path).absolutePath() + QStringLiteral("/../source");
+            QDir().mkpath(source);
+            writeFile(source + QStringLiteral("/bg1.bmp"), noise(12000));
+            return writeResourcePackage(path, {source + QStringLiteral("/bg1.bmp")}, source, error);
+        }) << qint64(8192);
+    }
+
+    void fullDiskKeepsTheOldFile()
+    {
+        QFETCH(Writer, writer);
+        QFETCH(qint64, leftBytes);
+        SmallDisk disk(256);
+        if (!disk.isMounted())
+            QSKIP(qPrintable(disk.skipReason()));
+        QVERIFY(QDir(disk.path()).mkdir(QStringLiteral("out")));
+        const QString target = disk.filePath(QStringLiteral("out/target"));
+        QVERIFY(writeFile(target, "the old file"));
+        QVERIFY(disk.fill(leftBytes));
+
+        QString error;
+        QVERIFY(!writer(target, &error));
+
+        QVERIFY2(error.contains(QStringLiteral("No space left on device")), qPrintable(error));
+        QCOMPARE(readFile(target), QByteArray("the old file"));
+        QCOMPARE(QDir(disk.filePath(QStringLiteral("out"))).entryList(QDir::Files | QDir::Hidden),
+                 QStringList{QStringLiteral("target")});
+    }
+
+    void replacingKeepsPermissionsAndFollowsLinks_data()
+    {
+        QTest::addColumn<bool>("throughLink");
+        QTest::newRow("plain file") << false;
+        QTest::newRow("through a link") << true;
+    }
+
+    void replacingKeepsPermissionsAndFollowsLinks()
+    {
+        QFETCH(bool, throughLink);
+        QTemporaryDir dir;
+        const QString real = dir.filePath(QStringLiteral("real.skt"));
+        QVERIFY(writeFile(real, "old"));
+        QVERIFY(QFile::setPermissions(real, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+        const QFile::Permissions permissions = QFile::permissions(real);
+        QString path = real;
+        if (throughLink) {
+            path = dir.filePath(QStringLiteral("link.skt"));
+            QVERIFY(QFile::link(real, path));
+        }
+
+        QString error;
+        QVERIFY2(writeWholeFile(path, "new", &error), qPrintable(error));
+
+        QCOMPARE(readFile(real), QByteArray("new"));
+        QCOMPARE(QFileInfo(path).isSymLink(), throughLink);
+        QCOMPARE(QFile::permissions(real), permissions);
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden | QDir::System).size(),
+                 throughLink ? 2 : 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(SafeFileTest)
+#include "tst_safefile.moc"
