@@ -3,10 +3,12 @@
 // without fonts or clocks, so running it again gives the same bytes.
 
 #include "document/description.h"
+#include "document/safefile.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "package/resourcepackage.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -829,22 +831,22 @@ private:
 
     bool saveImage(const QImage &image, const QString &name)
     {
-        const QString path = m_work.filePath(name);
         const bool jpeg = name.endsWith(u".jpg");
-        if (!image.save(path, jpeg ? "JPEG" : "BMP", jpeg ? 88 : -1)) {
-            m_error = QStringLiteral("Cannot write %1").arg(path);
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, jpeg ? "JPEG" : "BMP", jpeg ? 88 : -1)) {
+            m_error = QStringLiteral("Cannot encode %1").arg(name);
             return false;
         }
-        m_files.append(path);
-        return true;
+        return saveBytes(bytes, name);
     }
 
     bool saveBytes(const QByteArray &bytes, const QString &name)
     {
         const QString path = m_work.filePath(name);
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-            m_error = QStringLiteral("Cannot write %1: %2").arg(path, file.errorString());
+        QString reason;
+        if (!writeWholeFile(path, bytes, &reason)) {
+            m_error = QStringLiteral("Cannot write %1: %2").arg(path, reason);
             return false;
         }
         m_files.append(path);
