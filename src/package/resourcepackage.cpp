@@ -169,7 +169,12 @@ OpenedPackageFolder openPackageFolder(const QString &packagePath)
     OpenedPackageFolder opened;
     const QString name = packageName(packagePath);
     QStringList refused;
-    for (const QString &base : {QDir::tempPath(), privateBase()}) {
+    const auto refuse = [&refused](const QString &path, const QString &why) {
+        refused.append(QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), why));
+    };
+    for (const bool shared : {true, false}) {
+        // The private place is made only when it is needed.
+        const QString base = shared ? QDir::tempPath() : privateBase();
         if (base.isEmpty())
             continue;
         opened.location = packageLocationFor(packagePath, base);
@@ -179,28 +184,28 @@ OpenedPackageFolder openPackageFolder(const QString &packagePath)
         QString problem;
         bool created = false;
         if (!baseFolder.isOpen()) {
-            refused.append(QStringLiteral("%1 (%2)").arg(QDir::toNativeSeparators(base), systemReason(errno)));
+            refuse(base, systemReason(errno));
             continue;
         }
-        const Folder shared = openOwnFolder(baseFolder.fd(), "stakko", &created, &problem);
-        if (!shared.isOpen()) {
-            refused.append(QStringLiteral("%1 (%2)").arg(QDir::toNativeSeparators(base + QStringLiteral("/stakko")),
-                                                         problem));
+        const Folder stakko = openOwnFolder(baseFolder.fd(), "stakko", &created, &problem);
+        if (!stakko.isOpen()) {
+            refuse(base + QStringLiteral("/stakko"), problem);
             continue;
         }
-        opened.folder = openOwnFolder(shared.fd(), QFile::encodeName(name), &created, &problem);
+        opened.folder = openOwnFolder(stakko.fd(), QFile::encodeName(name), &created, &problem);
         if (!opened.folder.isOpen()) {
-            refused.append(QStringLiteral("%1 (%2)").arg(QDir::toNativeSeparators(opened.location.folder), problem));
+            refuse(opened.location.folder, problem);
             continue;
         }
         if (!refused.isEmpty())
-            opened.notice = QStringLiteral("%1 cannot be used safely, so the package is unpacked in %2 instead.")
-                                .arg(refused.join(QStringLiteral(", ")),
+            opened.notice = QStringLiteral("The shared folder cannot be used safely (%1), so the package "
+                                           "is unpacked in %2 instead.")
+                                .arg(refused.join(QStringLiteral("; ")),
                                      QDir::toNativeSeparators(opened.location.folder));
         return opened;
     }
     opened.location = packageLocationFor(packagePath);
-    opened.problem = QStringLiteral("No safe folder to unpack it into: %1.").arg(refused.join(QStringLiteral(", ")));
+    opened.problem = QStringLiteral("No safe folder to unpack it into (%1).").arg(refused.join(QStringLiteral("; ")));
     return opened;
 }
 
