@@ -121,6 +121,8 @@ void useSoundFont()
 bool startAudio(const char *driver)
 {
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Stakko Theme Maker");
+    // SIGTERM and SIGINT are the program's to handle: SDL would turn them into events nobody reads.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (driver)
         SDL_SetHint(SDL_HINT_AUDIODRIVER, driver); // a set environment variable still wins
     else

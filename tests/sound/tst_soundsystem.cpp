@@ -13,6 +13,7 @@
 #include <QTest>
 
 #include <cmath>
+#include <csignal>
 #include <cstring>
 #include <memory>
 #include <optional>
@@ -456,6 +457,19 @@ private slots:
             QCOMPARE(DiskAudioCapture::peak(m_capture->samples()), 0);
         }
         QCOMPARE(m_dialogs.messageLines(), QStringList());
+    }
+
+    void signalsAreLeftToTheProgram()
+    {
+        // The mixer's own handler would turn SIGTERM into a quit event nobody reads. It is put
+        // only where no handler is, so the test framework's is set aside meanwhile.
+        struct sigaction plain = {}, framework = {}, after = {};
+        plain.sa_handler = SIG_DFL;
+        QCOMPARE(sigaction(SIGTERM, &plain, &framework), 0);
+        const auto restore = qScopeGuard([&framework] { sigaction(SIGTERM, &framework, nullptr); });
+        QVERIFY(start());
+        QCOMPARE(sigaction(SIGTERM, nullptr, &after), 0);
+        QVERIFY(after.sa_handler == SIG_DFL);
     }
 
     void failedInitialisationIsReportedOnce_data()
