@@ -88,6 +88,7 @@ QString generateDescription(const ThemeDocument &doc)
         for (const Answer &a : miscImages)
             textLine(a);
     } else {
+        // The game's own spelling: descriptions must read as the original writes them.
         add(QStringLiteral("//Miscellaenous Images: No"));
     }
     switchLine({"//Colors: ", "includecolors"});

@@ -29,6 +29,7 @@ constexpr FieldSpec fields[] = {
     {"ifacemenu", T, "", "txtIMenu", "Menu Graphics:"},
     {"ifacemenutransparent", S, "0", "chkIMenuTransparent", "Enable Menu Graphic Transparency"},
 
+    // "Backgrond" (here and below) is the caption authors know: kept as the original spells it.
     {"includebackground", S, "0", "chkBG", "Include Game Backgrond"},
     {"bgimage", T, "", "txtBStart", "Background Image:"},
     {"bganimated", S, "0", "chkBGAni", "Animated Background"},

@@ -64,6 +64,7 @@ constexpr PageRow pageRows[MainWindow::pageCount] = {
      "&Background", 7315, Blk | SW | Next | Explosion | Bomb, "background", "cmbFields"},
     {createBlocksPage, "Blocks", "Game Block Configuration", "tab-blocks", "mnuBLK", "Bl&ocks",
      6475, BG | Explosion | Bomb, "blocks", "cmbBlocks"},
+    // "Misceallenous" is the menu caption authors know: kept as the original spells it.
     {createMiscPage, "Misc. GFX", "Miscellaneous graphics", "tab-misc", "mnuMisc", "&Misceallenous Graphics",
      6475, BG | Blk | IBG | SW | Next, "misc", "cmbMisc"},
     {createSoundPage, "Sounds/Music", "Sounds and Music configuration", "tab-sounds", "mnuSounds",
