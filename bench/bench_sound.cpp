@@ -3,7 +3,7 @@
 // Audio goes through SDL's disk driver, which consumes it at the real playback rate.
 
 #include "document/dialogs.h"
-#include "sound/diskaudiocapture.h"
+#include "common/diskaudiocapture.h"
 #include "sound/soundsystem.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "common/scripteddialogs.h"
 #include "document/pathlookup.h"
-#include "sound/diskaudiocapture.h"
+#include "common/diskaudiocapture.h"
 #include "sound/musicformat.h"
 #include "sound/soundsystem.h"
 

@@ -1,4 +1,4 @@
-#include "sound/diskaudiocapture.h"
+#include "common/diskaudiocapture.h"
 
 #include <QElapsedTimer>
 #include <QFile>
