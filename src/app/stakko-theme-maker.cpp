@@ -4,11 +4,13 @@
 
 #include "document/dialogs.h"
 #include "document/themedocument.h"
+#include "document/themerecovery.h"
 #include "editor/buttonbinding.h"
 #include "editor/filecommands.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/qtdialogs.h"
+#include "editor/shutdownsignals.h"
 #include "sound/soundsystem.h"
 
 #include <QAbstractButton>
@@ -25,7 +27,7 @@
 
 namespace {
 
-/** Screenshots run unattended: messages go to stderr and every question is cancelled. */
+/** For screenshots and an end by the system: messages go to stderr and every question is cancelled. */
 class UnattendedDialogs : public Dialogs
 {
 public:
@@ -38,6 +40,32 @@ public:
     QString openFileName(const QString &, const QString &) override { return {}; }
     QString saveFileName(const QString &) override { return {}; }
     std::optional<quint32> chooseColor() override { return std::nullopt; }
+};
+
+/** Hands every call to one of the other dialogs: the editor's own until nobody is there to answer. */
+class SwitchedDialogs : public Dialogs
+{
+public:
+    explicit SwitchedDialogs(Dialogs &target) : m_target(&target) {}
+    void switchTo(Dialogs &target) { m_target = &target; }
+
+    Answer messageBox(const QString &title, const QString &text, Icon icon, Buttons buttons) override
+    {
+        return m_target->messageBox(title, text, icon, buttons);
+    }
+    std::optional<QString> inputBox(const QString &prompt, const QString &title) override
+    {
+        return m_target->inputBox(prompt, title);
+    }
+    QString openFileName(const QString &filter, const QString &folder) override
+    {
+        return m_target->openFileName(filter, folder);
+    }
+    QString saveFileName(const QString &filter) override { return m_target->saveFileName(filter); }
+    std::optional<quint32> chooseColor() override { return m_target->chooseColor(); }
+
+private:
+    Dialogs *m_target;
 };
 
 QString fileSlug(const QString &caption)
@@ -161,7 +189,7 @@ int main(int argc, char *argv[])
     MainWindow window(doc);
     QtDialogs interactive(&window);
     UnattendedDialogs unattended;
-    Dialogs &dialogs = screenshotFolder.isEmpty() ? static_cast<Dialogs &>(interactive) : unattended;
+    SwitchedDialogs dialogs(screenshotFolder.isEmpty() ? static_cast<Dialogs &>(interactive) : unattended);
     FileCommands commands(doc, dialogs);
 
     auto onTriggered = [&window](const char *item, auto command) {
@@ -171,10 +199,11 @@ int main(int argc, char *argv[])
     onTriggered("mnuLoadTheme", [&commands] { commands.loadTheme(); });
     onTriggered("mnuSaveTheme", [&commands] { commands.saveTheme(); });
     onTriggered("mnuSaveAs", [&commands] { commands.saveAs(); });
-    window.setCloseGuard([&commands, &window] {
+    const auto endEditor = [&commands, &window] {
         commands.setEditorConfig(window.editorConfig());
         return commands.exitRequested();
-    });
+    };
+    window.setCloseGuard(endEditor);
 
     // Start-up reads the configuration; the mixer opens once the window is on screen, so a
     // failure message stands over the editor rather than over an empty desktop.
@@ -202,11 +231,38 @@ int main(int argc, char *argv[])
         return ok ? 0 : 1;
     }
 
+    // Ended by the system: Exit without questions, the unsaved changes kept for the next start.
+    bool endedBySystem = false;
+    const auto endBySystem = [&] {
+        endedBySystem = true;
+        dialogs.switchTo(unattended);
+        int status = 0;
+        if (doc.isDirty()) {
+            QString error;
+            const QString kept = ThemeRecovery().keep(doc, &error);
+            if (kept.isEmpty()) {
+                std::fprintf(stderr, "Unsaved changes were lost: %s\n", qPrintable(error));
+                status = 1;
+            } else {
+                std::fprintf(stderr, "Unsaved changes were kept in %s\n", qPrintable(kept));
+            }
+            doc.setDirty(false); // the kept copy holds them; Exit must not ask
+        }
+        endEditor();
+        QApplication::exit(status);
+    };
+
     window.show();
     QTimer::singleShot(0, &window, [&] {
+        // Caught from the first turn of the event loop on; before, there is nothing to lose.
+        auto *ending = new ShutdownSignals(&window);
+        QObject::connect(ending, &ShutdownSignals::received, &window, endBySystem, Qt::SingleShotConnection);
+        // A message below may be waiting when the system ends the editor; the rest is then skipped.
         if (soundConfig)
             sound.initSound(*soundConfig, dialogs);
-        if (!themePath.isEmpty())
+        if (!endedBySystem)
+            ThemeRecovery().announce(dialogs);
+        if (!endedBySystem && !themePath.isEmpty())
             commands.loadPath(themePath);
     });
     return app.exec();

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+
+#include <csignal>
+#include <iterator>
+
+class QSocketNotifier;
+
+/**
+ * SIGTERM, SIGINT and SIGHUP delivered as received() from the event loop, so the editor can
+ * end as Exit does instead of at once. A signal the process was started with ignored (nohup)
+ * stays ignored. One object at a time; its end puts back the handlers it replaced. When the
+ * signals cannot be caught they keep their usual effect, with a warning.
+ */
+class ShutdownSignals : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ShutdownSignals(QObject *parent = nullptr);
+    ~ShutdownSignals() override;
+
+signals:
+    void received(int signalNumber);
+
+private:
+    void readPipe();
+
+    static constexpr int caught[] = {SIGTERM, SIGINT, SIGHUP};
+
+    int m_pipe[2] = {-1, -1};
+    QSocketNotifier *m_notifier = nullptr;
+    struct sigaction m_previous[std::size(caught)] = {};
+};
