@@ -8,19 +8,6 @@
 
 namespace {
 
-struct RegistryRoot {
-    const char *name;
-    quint32 handle;
-};
-
-// Tested in this order; the handles are the values Windows gives these roots.
-constexpr RegistryRoot registryRoots[] = {
-    {"HKCU", 0x80000001u}, {"HKLM", 0x80000002u}, {"HKU", 0x80000003u},
-    {"HKDD", 0x80000006u}, {"HKCC", 0x80000005u}, {"HKCR", 0x80000000u},
-};
-
-constexpr qint32 LocationIsFile = 1;
-
 // The reader hands text through a 255-character buffer, terminator included.
 constexpr qsizetype MaxValueLength = 254;
 
@@ -63,59 +50,26 @@ QString fileText(const QByteArray &bytes)
     return AnsiText::decode(bytes);
 }
 
-// Leading digits with an optional sign, wrapping at 32 bits like the Windows integer reader.
-qint32 leadingInteger(QStringView text)
+bool isReadableLocation(const QString &location)
 {
-    bool negative = false;
-    if (!text.isEmpty() && (text.front() == u'-' || text.front() == u'+')) {
-        negative = text.front() == u'-';
-        text = text.sliced(1);
-    }
-    quint32 magnitude = 0;
-    for (const QChar c : text) {
-        if (c < u'0' || c > u'9')
-            break;
-        magnitude = magnitude * 10u + quint32(c.unicode() - u'0');
-    }
-    return qint32(negative ? 0u - magnitude : magnitude);
-}
-
-QString defaultAsText(const ProfileValue &value)
-{
-    if (const auto *text = std::get_if<QString>(&value))
-        return *text;
-    if (const auto *flag = std::get_if<bool>(&value))
-        return *flag ? QStringLiteral("True") : QStringLiteral("False");
-    return QString::number(std::get<qint32>(value));
+    if (location.isEmpty())
+        return false;
+    const QFileInfo info(location);
+    return info.isFile() && !info.isHidden() && !info.fileName().startsWith(u'.');
 }
 
 } // namespace
 
-qint32 resolveProfileLocation(const QString &location)
-{
-    const QString upper = location.toUpper();
-    for (const RegistryRoot &root : registryRoots) {
-        if (upper == QLatin1StringView(root.name))
-            return qint32(root.handle);
-    }
-    if (location.isEmpty())
-        return 0;
-    const QFileInfo info(location);
-    if (!info.isFile() || info.isHidden() || info.fileName().startsWith(u'.'))
-        return 0;
-    return LocationIsFile;
-}
-
 ProfileFile ProfileFile::open(const QString &location)
 {
     ProfileFile profile;
-    if (resolveProfileLocation(location) != LocationIsFile)
+    if (!isReadableLocation(location))
         return profile;
     QFile file(location);
     if (!file.open(QIODevice::ReadOnly))
         return profile;
     QString text = fileText(file.readAll());
-    profile.m_status = 0;
+    profile.m_read = true;
     // Lines end at CR (old Mac editors), LF or CRLF; the empty lines this leaves never match.
     text.replace(u'\r', u'\n');
 
@@ -142,19 +96,6 @@ ProfileFile ProfileFile::open(const QString &location)
     return profile;
 }
 
-qint32 ProfileFile::read(const QString &section, const QString &key, const QString &typeLetter,
-                         const ProfileValue &defaultValue, ProfileValue &value) const
-{
-    value = defaultValue;
-    if (m_status != 0)
-        return m_status;
-    if (typeLetter.toUpper() == u"S")
-        value = text(section, key, defaultAsText(defaultValue));
-    else
-        value = leadingInteger(text(section, key, QString()));
-    return 0;
-}
-
 QString ProfileFile::text(const QString &section, const QString &key,
                           const QString &defaultText) const
 {
@@ -165,11 +106,4 @@ QString ProfileFile::text(const QString &section, const QString &key,
             return found->left(MaxValueLength);
     }
     return withoutTrailingBlanks(defaultText).left(MaxValueLength);
-}
-
-qint32 readProfileValue(const QString &location, const QString &section, const QString &key,
-                        const QString &typeLetter, const ProfileValue &defaultValue,
-                        ProfileValue &value)
-{
-    return ProfileFile::open(location).read(section, key, typeLetter, defaultValue, value);
 }

@@ -5,17 +5,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace QTest {
-template <> char *toString(const ProfileValue &value)
-{
-    if (const auto *text = std::get_if<QString>(&value))
-        return toString(*text);
-    if (const auto *flag = std::get_if<bool>(&value))
-        return toString(*flag);
-    return toString(std::get<qint32>(value));
-}
-} // namespace QTest
-
 class ProfileReaderTest : public QObject
 {
     Q_OBJECT
@@ -29,15 +18,6 @@ class ProfileReaderTest : public QObject
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot write %s", qPrintable(path));
         return path;
-    }
-
-    static ProfileValue read(const QString &location, const QString &key, const QString &typeLetter,
-                             const ProfileValue &defaultValue, qint32 status,
-                             const QString &section = QStringLiteral("Theme Info"))
-    {
-        ProfileValue value = QStringLiteral("stale");
-        const qint32 got = readProfileValue(location, section, key, typeLetter, defaultValue, value);
-        return got == status ? value : ProfileValue(QStringLiteral("<status %1>").arg(got));
     }
 
 private slots:
@@ -104,36 +84,7 @@ private slots:
         QFETCH(QString, expected);
 
         const QString path = writeFile(QStringLiteral("theme.skt"), file);
-        QCOMPARE(read(path, key, QStringLiteral("S"), defaultText, 0, section), ProfileValue(expected));
         QCOMPARE(ProfileFile::open(path).text(section, key, defaultText), expected);
-    }
-
-    void integerValues_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QString>("typeLetter");
-        QTest::addColumn<qint32>("expected");
-
-        QTest::newRow("digits") << QByteArray("n=44100") << "I" << 44100;
-        QTest::newRow("lower-case letter") << QByteArray("n=12") << "b" << 12;
-        QTest::newRow("negative") << QByteArray("n=-7") << "D" << -7;
-        QTest::newRow("plus sign") << QByteArray("n=+7") << "I" << 7;
-        QTest::newRow("leading digits only") << QByteArray("n=8 channels") << "I" << 8;
-        QTest::newRow("quoted") << QByteArray("n=\"16\"") << "I" << 16;
-        QTest::newRow("not a number") << QByteArray("n=abc") << "I" << 0;
-        QTest::newRow("missing") << QByteArray("other=5") << "I" << 0;
-        QTest::newRow("wraps at 32 bits") << QByteArray("n=4294967297") << "I" << 1;
-    }
-
-    void integerValues()
-    {
-        QFETCH(QByteArray, line);
-        QFETCH(QString, typeLetter);
-        QFETCH(qint32, expected);
-
-        const QString path = writeFile(QStringLiteral("skm.ini"), "[Sound Mixer]\r\n" + line + "\r\n");
-        QCOMPARE(read(path, QStringLiteral("n"), typeLetter, qint32(99), 0, QStringLiteral("Sound Mixer")),
-                 ProfileValue(expected));
     }
 
     void unreadableLocations_data()
@@ -144,8 +95,6 @@ private slots:
         QTest::newRow("folder") << "folder";
         QTest::newRow("empty location") << "";
         QTest::newRow("other letter case") << "THEME.SKT";
-        QTest::newRow("full root name is a path") << "HKEY_CURRENT_USER";
-        QTest::newRow("unlisted root is a path") << "HKPD";
     }
 
     void unreadableLocations()
@@ -156,69 +105,18 @@ private slots:
         QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder")));
 
         const QString location = name.isEmpty() ? name : m_dir->filePath(name);
-        QCOMPARE(resolveProfileLocation(location), 0);
-        const QString esc = missingValueMarker();
-        QCOMPARE(read(location, QStringLiteral("name"), QStringLiteral("S"), esc, ProfileNotFound),
-                 ProfileValue(esc));
         const ProfileFile file = ProfileFile::open(location);
-        QCOMPARE(file.status(), ProfileNotFound);
-        QCOMPARE(file.text(QStringLiteral("Theme Info"), QStringLiteral("name")), esc);
+        QVERIFY(!file.isRead());
+        QCOMPARE(file.text(QStringLiteral("Theme Info"), QStringLiteral("name")), missingValueMarker());
     }
 
-    void registryRootNames_data()
-    {
-        QTest::addColumn<QString>("location");
-        QTest::addColumn<quint32>("handle");
-        QTest::newRow("hkcu") << "hkcu" << 0x80000001u;
-        QTest::newRow("HKLM") << "HKLM" << 0x80000002u;
-        QTest::newRow("hku") << "hku" << 0x80000003u;
-        QTest::newRow("HKDD") << "HKDD" << 0x80000006u;
-        QTest::newRow("HKCC") << "HKCC" << 0x80000005u;
-        QTest::newRow("HkCr") << "HkCr" << 0x80000000u;
-    }
-
-    void registryRootNames()
-    {
-        QFETCH(QString, location);
-        QFETCH(quint32, handle);
-        QCOMPARE(quint32(resolveProfileLocation(location)), handle);
-
-        // A file of that very name in the working folder must not be read instead.
-        QVERIFY(QDir::setCurrent(m_dir->path()));
-        writeFile(location, "[Software\\Stakko]\r\nname=file\r\n");
-        QCOMPARE(read(location, QStringLiteral("name"), QStringLiteral("S"), QStringLiteral("default"),
-                      ProfileNotFound, QStringLiteral("Software\\Stakko")),
-                 ProfileValue(QStringLiteral("default")));
-    }
-
-    void defaultIsConvertedForTextReads()
+    void openedFileKeepsWhatItRead()
     {
         const QString path = writeFile(QStringLiteral("theme.skt"), "[Theme Info]\r\nname=Night\r\n");
-        const QString author = QStringLiteral("author");
-        QCOMPARE(read(path, author, QStringLiteral("S"), qint32(-3), 0), ProfileValue(QStringLiteral("-3")));
-        QCOMPARE(read(path, author, QStringLiteral("s"), true, 0), ProfileValue(QStringLiteral("True")));
-        QCOMPARE(read(m_dir->filePath(QStringLiteral("absent")), author, QStringLiteral("S"), false,
-                      ProfileNotFound),
-                 ProfileValue(false));
-    }
-
-    void openedFileReadsLikeSingleReads()
-    {
-        const QString path = writeFile(QStringLiteral("theme.skt"),
-                                       "//Theme\r\n \r\n[Theme Info]\r\nname=Night\r\nbgframecount=6\r\n");
         const ProfileFile file = ProfileFile::open(path);
-        QCOMPARE(file.status(), 0);
-        QCOMPARE(resolveProfileLocation(path), 1);
-
-        // Changing the file afterwards does not change what the opened file reads.
+        QVERIFY(file.isRead());
         writeFile(QStringLiteral("theme.skt"), "[Theme Info]\r\nname=Day\r\n");
-        ProfileValue value;
-        QCOMPARE(file.read(QStringLiteral("Theme Info"), QStringLiteral("name"), QStringLiteral("S"),
-                           missingValueMarker(), value), 0);
-        QCOMPARE(std::get<QString>(value), QStringLiteral("Night"));
-        QCOMPARE(file.read(QStringLiteral("Theme Info"), QStringLiteral("bgframecount"), QStringLiteral("I"),
-                           QString(), value), 0);
-        QCOMPARE(std::get<qint32>(value), 6);
+        QCOMPARE(file.text(QStringLiteral("Theme Info"), QStringLiteral("name")), QStringLiteral("Night"));
     }
 };
 
