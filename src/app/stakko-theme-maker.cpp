@@ -3,6 +3,7 @@
 // at the screen's resolution and again at 144 DPI, and exits.
 
 #include "document/dialogs.h"
+#include "document/safefile.h"
 #include "document/themedocument.h"
 #include "document/themerecovery.h"
 #include "editor/buttonbinding.h"
@@ -16,6 +17,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QBuffer>
 #include <QComboBox>
 #include <QDir>
 #include <QEventLoop>
@@ -103,8 +105,12 @@ bool saveShot(MainWindow &window, const QString &path)
 {
     QApplication::processEvents();
     playVisiblePreviews(window);
-    if (!window.grab().save(path)) {
-        std::fprintf(stderr, "Could not write %s\n", qPrintable(path));
+    QByteArray png;
+    QBuffer buffer(&png);
+    QString reason = QStringLiteral("the picture could not be encoded");
+    if (!buffer.open(QIODevice::WriteOnly) || !window.grab().save(&buffer, "PNG")
+        || !writeWholeFile(path, png, &reason)) {
+        std::fprintf(stderr, "Could not write %s: %s\n", qPrintable(path), qPrintable(reason));
         return false;
     }
     return true;

@@ -1,6 +1,7 @@
 #include "document/themerecovery.h"
 
 #include "document/dialogs.h"
+#include "document/safefile.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 namespace {
@@ -97,7 +97,7 @@ void ThemeRecovery::announce(Dialogs &dialogs) const
 
     // Only copies still there are remembered, so the list never outgrows the folder.
     const QByteArray bytes = copies.join(u'\n').toUtf8() + '\n';
-    QSaveFile out(listPath);
-    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.flush() || !out.commit())
-        dialogs.error(cannotWrite(listPath, out.errorString()));
+    QString reason;
+    if (!writeWholeFile(listPath, bytes, &reason))
+        dialogs.error(cannotWrite(listPath, reason));
 }
