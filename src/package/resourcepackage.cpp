@@ -305,7 +305,7 @@ void Extraction::finish(bool stopped)
 {
     if (stopped) {
         m_pending.clear();   // each removes its unpublished file
-        m_folders.clear();
+        // Innermost first, while the descriptors of their parents are still open.
         for (auto it = m_createdFolders.rbegin(); it != m_createdFolders.rend(); ++it)
             unlinkat(it->first, it->second.constData(), AT_REMOVEDIR);
         return;

@@ -518,7 +518,7 @@ private slots:
         // Zeros pack down to almost nothing: a small bomb.
         const QString root = work("bomb");
         const QStringList files =
-            makeFiles(root, {"gfx/a.bmp", "gfx/b.bmp", "gfx/c.bmp", "mine.bmp"}, QByteArray(1 << 20, '\0'));
+            makeFiles(root, {"gfx/anim/a.bmp", "gfx/anim/b.bmp", "gfx/c.bmp", "mine.bmp"}, QByteArray(1 << 20, '\0'));
         const QString package = work("themes/Ice.zip");
         QVERIFY(QDir().mkpath(work("themes")));
         QVERIFY(writeResourcePackage(package, files, root));
