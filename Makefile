@@ -7,19 +7,33 @@ DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev libarchive-dev \
 	libsdl2-mixer-dev timgm6mb-soundfont xvfb xauth imagemagick unzip zip \
 	sox vorbis-tools lame
 
-.PHONY: all deps configure build test run bench sample clean
+# The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
+FUZZ_BUILD    ?= build-fuzz
+FUZZ_SECONDS  ?= 60
+FUZZ_SMOKE_SECONDS ?= 30
+FUZZ_PACKAGES  = clang libclang-rt-dev python3
+# True when clang++ can link a libFuzzer target with both sanitizers.
+FUZZ_TOOLCHAIN = printf 'extern "C" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }\n' | \
+	clang++ -x c++ -fsanitize=fuzzer,address,undefined -o /dev/null - >/dev/null 2>&1
+
+.PHONY: all deps configure build test run bench sample clean fuzz fuzz-deps fuzz-build fuzz-run fuzz-smoke
 
 all: build
 
+# $(call install_missing,PACKAGES): installs those of the Debian packages that are missing.
+define install_missing
+@missing=$$(for p in $(1); do \
+	dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'ok installed' || echo $$p; done); \
+if [ -n "$$missing" ]; then \
+	sudo=; [ "$$(id -u)" -eq 0 ] || sudo=sudo; \
+	echo "Installing Debian packages:" $$missing; \
+	$$sudo apt-get update && \
+	DEBIAN_FRONTEND=noninteractive $$sudo apt-get install -y --no-install-recommends $$missing; \
+fi
+endef
+
 deps:
-	@missing=$$(for p in $(DEBIAN_PACKAGES); do \
-		dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'ok installed' || echo $$p; done); \
-	if [ -n "$$missing" ]; then \
-		sudo=; [ "$$(id -u)" -eq 0 ] || sudo=sudo; \
-		echo "Installing Debian packages:" $$missing; \
-		$$sudo apt-get update && \
-		DEBIAN_FRONTEND=noninteractive $$sudo apt-get install -y --no-install-recommends $$missing; \
-	fi
+	$(call install_missing,$(DEBIAN_PACKAGES))
 
 configure: deps
 	@[ -f $(BUILD)/build.ninja ] || cmake -S . -B $(BUILD) -G Ninja
@@ -30,6 +44,30 @@ build: configure
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy \
 		ctest --output-on-failure -j $(JOBS)
+	@$(MAKE) --no-print-directory fuzz-smoke
+
+# Each fuzz target for a short while when clang is here; the test run fails on any finding.
+fuzz-smoke:
+	@if $(FUZZ_TOOLCHAIN); then \
+		$(MAKE) --no-print-directory fuzz-run FUZZ_SECONDS=$(FUZZ_SMOKE_SECONDS); \
+	else \
+		echo "*** Fuzz smoke test SKIPPED: clang++ with libFuzzer is not installed (make fuzz installs it)."; \
+	fi
+
+fuzz: fuzz-deps
+	@$(MAKE) --no-print-directory fuzz-run
+
+fuzz-deps: deps
+	$(call install_missing,$(FUZZ_PACKAGES))
+
+fuzz-build:
+	@[ -f $(FUZZ_BUILD)/build.ninja ] || \
+		cmake -S fuzz -B $(FUZZ_BUILD) -G Ninja -DCMAKE_CXX_COMPILER=clang++
+	cmake --build $(FUZZ_BUILD) -j $(JOBS)
+
+fuzz-run: fuzz-build
+	python3 fuzz/make-corpus.py $(FUZZ_BUILD)/seeds
+	fuzz/run-fuzzers.sh $(FUZZ_BUILD) $(FUZZ_SECONDS) $(JOBS)
 
 run: build
 	@if [ -x $(BUILD)/src/app/stakko-theme-maker ] && { [ -n "$$DISPLAY" ] || [ -n "$$WAYLAND_DISPLAY" ]; }; then \
@@ -52,4 +90,4 @@ sample: build
 	$(BUILD)/samples/make-sample samples
 
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(FUZZ_BUILD)
