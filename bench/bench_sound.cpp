@@ -2,7 +2,7 @@
 // stream (which must not be decoded whole first) and for a MIDI song (soundfont loading).
 // Audio goes through SDL's disk driver, which consumes it at the real playback rate.
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 #include "common/diskaudiocapture.h"
 #include "sound/soundsystem.h"
 

@@ -1,7 +1,7 @@
 // Unpacking a package of 400 background frames, against Info-ZIP's unzip on the same file.
 // Prints the median times and their ratio; the target is a ratio of at most 1.15.
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 #include "package/resourcepackage.h"
 
 #include <QCoreApplication>

@@ -4,7 +4,7 @@
 #include "fuzzsupport.h"
 #include "scratchfolder.h"
 
-#include "document/profilereader.h"
+#include "common/profilereader.h"
 #include "sound/editorconfig.h"
 
 #include <QStringList>

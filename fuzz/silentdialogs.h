@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 
 /** Dialogs nobody answers: every question is cancelled and every message dismissed. */
 class SilentDialogs : public Dialogs

@@ -3,7 +3,7 @@
 // without fonts or clocks, so running it again gives the same bytes.
 
 #include "document/description.h"
-#include "document/safefile.h"
+#include "common/safefile.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "package/resourcepackage.h"

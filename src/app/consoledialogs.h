@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 
 /**
  * Dialogs for the command line: messages go to stderr as "TITLE: TEXT", the password question

@@ -2,8 +2,8 @@
 // stakko-theme-maker --screenshot DIR [THEME.skt] writes every page and data set as PNG files,
 // at the screen's resolution and again at 144 DPI, and exits.
 
-#include "document/dialogs.h"
-#include "document/safefile.h"
+#include "common/dialogs.h"
+#include "common/safefile.h"
 #include "document/themedocument.h"
 #include "document/themerecovery.h"
 #include "editor/buttonbinding.h"

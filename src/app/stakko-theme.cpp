@@ -2,7 +2,7 @@
 
 #include "consoledialogs.h"
 
-#include "document/ansitext.h"
+#include "common/ansitext.h"
 #include "document/description.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"

@@ -1,8 +1,8 @@
 #include "document/themefilewriter.h"
 
-#include "document/safefile.h"
+#include "common/safefile.h"
 
-#include "document/ansitext.h"
+#include "common/ansitext.h"
 #include "document/themedocument.h"
 
 

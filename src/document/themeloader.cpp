@@ -1,9 +1,9 @@
 #include "document/themeloader.h"
 
-#include "document/dialogs.h"
-#include "document/numbertext.h"
-#include "document/pathlookup.h"
-#include "document/profilereader.h"
+#include "common/dialogs.h"
+#include "common/numbertext.h"
+#include "common/pathlookup.h"
+#include "common/profilereader.h"
 #include "document/themedocument.h"
 #include "package/resourcepackage.h"
 

@@ -1,7 +1,7 @@
 #include "document/themerecovery.h"
 
-#include "document/dialogs.h"
-#include "document/safefile.h"
+#include "common/dialogs.h"
+#include "common/safefile.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 

@@ -1,6 +1,6 @@
 #include "editor/fieldbrowsing.h"
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "package/resourcepackage.h"

@@ -1,6 +1,6 @@
 #include "editor/filecommands.h"
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"

@@ -1,7 +1,7 @@
 #include "package/packagewriter.h"
 
-#include "document/ansitext.h"
-#include "document/safefile.h"
+#include "common/ansitext.h"
+#include "common/safefile.h"
 
 #include <QDateTime>
 #include <QDir>

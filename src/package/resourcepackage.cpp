@@ -1,9 +1,9 @@
 #include "package/resourcepackage.h"
 
-#include "document/ansitext.h"
-#include "document/dialogs.h"
-#include "document/pathlookup.h"
-#include "document/safefile.h"
+#include "common/ansitext.h"
+#include "common/dialogs.h"
+#include "common/pathlookup.h"
+#include "common/safefile.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "preview/framepreviews.h"
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 #include "document/themedocument.h"
 #include "preview/framesequence.h"
 #include "preview/framestrip.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/numbertext.h"
+#include "common/numbertext.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "preview/loadingsurface.h"
 
-#include "document/pathlookup.h"
+#include "common/pathlookup.h"
 
 #include <QImageReader>
 

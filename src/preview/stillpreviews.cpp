@@ -1,6 +1,6 @@
 #include "preview/stillpreviews.h"
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "document/themeloader.h"

@@ -1,9 +1,9 @@
 #include "sound/editorconfig.h"
 
-#include "document/ansitext.h"
-#include "document/numbertext.h"
-#include "document/profilereader.h"
-#include "document/safefile.h"
+#include "common/ansitext.h"
+#include "common/numbertext.h"
+#include "common/profilereader.h"
+#include "common/safefile.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "sound/soundsystem.h"
 
-#include "document/dialogs.h"
-#include "document/pathlookup.h"
+#include "common/dialogs.h"
+#include "common/pathlookup.h"
 #include "sound/musicformat.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/dialogs.h"
+#include "common/dialogs.h"
 
 #include <QList>
 #include <QQueue>

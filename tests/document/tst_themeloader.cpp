@@ -1,5 +1,5 @@
 #include "common/scripteddialogs.h"
-#include "document/ansitext.h"
+#include "common/ansitext.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"

@@ -1,5 +1,5 @@
 #include "common/scripteddialogs.h"
-#include "document/pathlookup.h"
+#include "common/pathlookup.h"
 #include "common/diskaudiocapture.h"
 #include "sound/musicformat.h"
 #include "sound/soundsystem.h"

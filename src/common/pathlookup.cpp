@@ -1,4 +1,4 @@
-#include "document/pathlookup.h"
+#include "common/pathlookup.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 // Every file the program writes goes through one mechanism: whole or not at all.
 
 #include "common/smalldisk.h"
-#include "document/safefile.h"
+#include "common/safefile.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "package/packagewriter.h"

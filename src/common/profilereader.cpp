@@ -1,6 +1,6 @@
-#include "document/profilereader.h"
+#include "common/profilereader.h"
 
-#include "document/ansitext.h"
+#include "common/ansitext.h"
 
 #include <QFile>
 #include <QFileInfo>

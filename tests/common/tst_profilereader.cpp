@@ -1,4 +1,4 @@
-#include "document/profilereader.h"
+#include "common/profilereader.h"
 
 #include <QDir>
 #include <QFile>

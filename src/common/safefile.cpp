@@ -1,4 +1,4 @@
-#include "document/safefile.h"
+#include "common/safefile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "document/numbertext.h"
+#include "common/numbertext.h"
 
 #include <QLocale>
 

@@ -1,4 +1,4 @@
-#include "document/ansitext.h"
+#include "common/ansitext.h"
 
 namespace {
 
