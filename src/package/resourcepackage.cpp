@@ -175,8 +175,12 @@ OpenedPackageFolder openPackageFolder(const QString &packagePath)
     for (const bool shared : {true, false}) {
         // The private place is made only when it is needed.
         const QString base = shared ? QDir::tempPath() : privateBase();
-        if (base.isEmpty())
+        if (base.isEmpty()) {
+            // Qt gives no temporary folder when $TMPDIR names none.
+            if (shared)
+                refuse(qEnvironmentVariable("TMPDIR"), QStringLiteral("no such folder"));
             continue;
+        }
         opened.location = packageLocationFor(packagePath, base);
         QDir().mkpath(base);
         const Folder baseFolder(::open(QFile::encodeName(base).constData(),

@@ -304,6 +304,7 @@ private slots:
         QTest::newRow("stakko is a file") << "stakko" << "file";
         QTest::newRow("stakko of another user") << "stakko" << "foreign";
         QTest::newRow("package folder of another user") << "stakko/Ice" << "foreign";
+        QTest::newRow("no temporary folder") << "" << "none";
     }
 
     void untrustedSharedFolderIsPassedOver()
@@ -320,8 +321,10 @@ private slots:
             QVERIFY(QFile::link(outside, place));
         else if (what == "file")
             writeFile(place, "in the way");
-        else
+        else if (what == "foreign")
             QVERIFY(QDir().mkpath(place) && chown(QFile::encodeName(place).constData(), 65534, 65534) == 0);
+        else
+            qputenv("TMPDIR", QFile::encodeName(work("gone")));
         const QString package = rawPackage({{"gfx/bg1.bmp", "pixels"}});
         ScriptedDialogs dialogs;
 
