@@ -11,12 +11,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace {
-
 QString systemReason(int error)
 {
     return QString::fromLocal8Bit(std::strerror(error));
 }
+
+namespace {
 
 /** The file a save really replaces: the target of a link, like any editor's save. */
 QString followLinks(const QString &path)
@@ -108,8 +108,11 @@ bool SafeFile::closeFile()
     const int fd = m_fd;
     m_fd = -1;
     // Delayed allocation may only now learn that the disk is full.
-    if (::close(fd) != 0)
-        return fail(errno);
+    if (::close(fd) != 0) {
+        const int error = errno;
+        cancel();
+        return fail(error);
+    }
     return true;
 }
 
@@ -122,26 +125,12 @@ bool SafeFile::commit(bool sync)
         cancel();
         return fail(error);
     }
-    if (!closeFile()) {
-        const QString reason = m_error;
-        cancel();
-        m_error = reason;
-        return false;
-    }
-    return publish();
+    return finishAside() && publish();
 }
 
 bool SafeFile::finishAside()
 {
-    if (m_fd < 0)
-        return false;
-    if (!closeFile()) {
-        const QString reason = m_error;
-        cancel();
-        m_error = reason;
-        return false;
-    }
-    return true;
+    return m_fd >= 0 && closeFile();
 }
 
 bool SafeFile::publish()

@@ -56,5 +56,8 @@ private:
     QString m_error;
 };
 
+/** The system's own words for errno value \a error ("No space left on device"). */
+QString systemReason(int error);
+
 /** \a bytes written whole to \a path with SafeFile; false and \a error filled when not. */
 bool writeWholeFile(const QString &path, const QByteArray &bytes, QString *error);

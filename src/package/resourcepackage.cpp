@@ -15,7 +15,6 @@
 #include <archive_entry.h>
 
 #include <cerrno>
-#include <cstring>
 #include <map>
 #include <memory>
 #include <optional>
@@ -76,11 +75,6 @@ QString entryName(archive_entry *entry)
     if (const char *raw = archive_entry_pathname(entry))
         return AnsiText::decode(QByteArray(raw));
     return {};
-}
-
-QString systemReason(int error)
-{
-    return QString::fromLocal8Bit(std::strerror(error));
 }
 
 /** A folder descriptor that closes itself. */
