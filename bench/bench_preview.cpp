@@ -6,7 +6,6 @@
 //     pixel bytes (target <= 1.1).
 // Run with "timing" or "strip" for one half only.
 
-#include "common/scripteddialogs.h"
 #include "document/themedocument.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
@@ -74,9 +73,8 @@ bool frameTiming(const QString &folder)
     std::printf("Frame timing (3 s per delay; time on screen minus the delay)\n");
     for (int delay : {0, 10, 40, 100}) {
         ThemeDocument doc;
-        ScriptedDialogs dialogs;
         LoadingSurface loading;
-        FramePreviews previews(doc, dialogs, loading);
+        FramePreviews previews(doc, loading);
         configureBackground(doc, folder + QStringLiteral("/bg1.bmp"), 10, delay);
 
         QElapsedTimer clock;
@@ -131,9 +129,8 @@ double bareDecodeMs(const QString &folder, const char *format)
 double stripBuildMs(const QString &folder, const char *format, qint64 *stripBytes)
 {
     ThemeDocument doc;
-    ScriptedDialogs dialogs;
     LoadingSurface loading;
-    FramePreviews previews(doc, dialogs, loading);
+    FramePreviews previews(doc, loading);
     configureBackground(doc, QStringLiteral("%1/bg1.%2").arg(folder, QLatin1StringView(format)),
                         stripFrames, 10);
     QElapsedTimer timer;

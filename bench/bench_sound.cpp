@@ -2,7 +2,6 @@
 // stream (which must not be decoded whole first) and for a MIDI song (soundfont loading).
 // Audio goes through SDL's disk driver, which consumes it at the real playback rate.
 
-#include "common/dialogs.h"
 #include "common/diskaudiocapture.h"
 #include "sound/soundsystem.h"
 
@@ -24,19 +23,11 @@ constexpr double targetMs = 100;
 constexpr int runs = 7;
 constexpr int sampleRate = 22050;
 
-class PrintingDialogs : public Dialogs
+void print(const Report &report)
 {
-public:
-    Answer messageBox(const QString &title, const QString &text, Icon, Buttons) override
-    {
-        QTextStream(stderr) << title << ": " << text << "\n";
-        return Answer::Ok;
-    }
-    std::optional<QString> inputBox(const QString &, const QString &) override { return {}; }
-    QString openFileName(const QString &, const QString &) override { return {}; }
-    QString saveFileName(const QString &) override { return {}; }
-    std::optional<quint32> chooseColor() override { return {}; }
-};
+    for (const QString &line : report.lines())
+        QTextStream(stderr) << line << "\n";
+}
 
 void put(QByteArray &bytes, quint32 value, int size, bool bigEndian = false)
 {
@@ -102,21 +93,22 @@ Timing timeToFirstSound(const QString &music, const QString &rawFile)
 {
     DiskAudioCapture capture(rawFile);
     SoundSystem sound;
-    PrintingDialogs dialogs;
     EditorConfig config;
     config.frequency = 44100;
     config.numchannels = 8;
     config.output = 1;
     Timing timing;
-    if (!sound.initSound(config, dialogs) || !capture.waitForFrames(1, 2000))
+    print(sound.initSound(config));
+    if (!sound.soundAvailable() || !capture.waitForFrames(1, 2000))
         return timing;
 
     const qint64 before = capture.frameCount();
     QElapsedTimer timer;
     timer.start();
     const std::clock_t cpuStart = std::clock();
-    sound.openMusic(music, dialogs);
+    const Report opened = sound.openMusic(music);
     timing.openCpuMs = (std::clock() - cpuStart) * 1000.0 / CLOCKS_PER_SEC;
+    print(opened);
     sound.playMusic();
     if (capture.waitForSound(before, 5000) >= 0)
         timing.toSoundMs = timer.nsecsElapsed() / 1e6;

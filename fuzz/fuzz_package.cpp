@@ -25,7 +25,7 @@ PackageLocation extract(const QString &zip)
     SilentDialogs dialogs;
     ExtractOptions options;
     options.maxBytes = maxBytes;
-    return extractResourcePackage(zip, dialogs, options);
+    return extractResourcePackage(zip, dialogs, options).location;
 }
 
 QString shown(const std::filesystem::path &path)

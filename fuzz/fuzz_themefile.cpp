@@ -25,7 +25,7 @@ bool load(ThemeDocument &doc, const QString &path)
     SilentDialogs dialogs;
     ExtractOptions extract;
     extract.maxBytes = 4 << 20; // a package the theme names may be a bomb
-    return loadThemeFile(doc, path, dialogs, extract);
+    return loadThemeFile(doc, path, dialogs, extract).loaded;
 }
 
 bool bytesOf(const ThemeDocument &doc, QByteArray *bytes)

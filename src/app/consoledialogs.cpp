@@ -7,16 +7,12 @@
 #include <termios.h>
 #include <unistd.h>
 
-Dialogs::Answer ConsoleDialogs::messageBox(const QString &title, const QString &text, Icon,
-                                           Buttons buttons)
+void ConsoleDialogs::print(const Report &report)
 {
-    QString shown = text;
-    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    std::fprintf(stderr, "%s: %s\n", qUtf8Printable(title), qUtf8Printable(shown));
-    if (title == u"Error" || title == u"ERROR")
-        m_errorShown = true;
-    // Nobody can answer a question here; the safe answer changes nothing.
-    return buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+    for (QString line : report.lines()) {
+        line.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+        std::fprintf(stderr, "%s\n", qUtf8Printable(line));
+    }
 }
 
 std::optional<QString> ConsoleDialogs::inputBox(const QString &prompt, const QString &)

@@ -2,24 +2,26 @@
 
 #include "common/dialogs.h"
 
+#include "common/report.h"
+
 /**
- * Dialogs for the command line: messages go to stderr as "TITLE: TEXT", the password question
- * is answered from --password once, else asked on a terminal, else left unanswered.
+ * Dialogs for the command line: the password question is answered from --password once, else
+ * asked on a terminal, else left unanswered; nobody can answer the others, so they are cancelled.
  */
 class ConsoleDialogs : public Dialogs
 {
 public:
     std::optional<QString> password;
 
-    bool errorShown() const { return m_errorShown; }
+    /** Prints every problem to stderr as "TITLE: TEXT", each line break a new line. */
+    static void print(const Report &report);
 
-    Answer messageBox(const QString &title, const QString &text, Icon icon, Buttons buttons) override;
+    Answer askYesNoCancel(const QString &, const QString &) override { return Answer::Cancel; }
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
     QString openFileName(const QString &, const QString &) override { return {}; }
     QString saveFileName(const QString &) override { return {}; }
     std::optional<quint32> chooseColor() override { return std::nullopt; }
 
 private:
-    bool m_errorShown = false;
     bool m_passwordUsed = false;
 };

@@ -2,11 +2,11 @@
 // stakko-theme-maker --screenshot DIR [THEME.skt] writes every page and data set as PNG files,
 // at the screen's resolution and again at 144 DPI, and exits.
 
-#include "common/dialogs.h"
 #include "common/safefile.h"
 #include "document/themedocument.h"
 #include "document/themerecovery.h"
 #include "editor/buttonbinding.h"
+#include "editor/editordialogs.h"
 #include "editor/filecommands.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
@@ -30,14 +30,15 @@
 namespace {
 
 /** For screenshots and an end by the system: messages go to stderr and every question is cancelled. */
-class UnattendedDialogs : public Dialogs
+class UnattendedDialogs : public EditorDialogs
 {
 public:
-    Answer messageBox(const QString &title, const QString &text, Icon, Buttons buttons) override
+    void show(const Report &report) override
     {
-        std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
-        return buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+        for (const QString &line : report.lines())
+            std::fprintf(stderr, "%s\n", qPrintable(line));
     }
+    Answer askYesNoCancel(const QString &, const QString &) override { return Answer::Cancel; }
     std::optional<QString> inputBox(const QString &, const QString &) override { return std::nullopt; }
     QString openFileName(const QString &, const QString &) override { return {}; }
     QString saveFileName(const QString &) override { return {}; }
@@ -45,15 +46,16 @@ public:
 };
 
 /** Hands every call to one of the other dialogs: the editor's own until nobody is there to answer. */
-class SwitchedDialogs : public Dialogs
+class SwitchedDialogs : public EditorDialogs
 {
 public:
-    explicit SwitchedDialogs(Dialogs &target) : m_target(&target) {}
-    void switchTo(Dialogs &target) { m_target = &target; }
+    explicit SwitchedDialogs(EditorDialogs &target) : m_target(&target) {}
+    void switchTo(EditorDialogs &target) { m_target = &target; }
 
-    Answer messageBox(const QString &title, const QString &text, Icon icon, Buttons buttons) override
+    void show(const Report &report) override { m_target->show(report); }
+    Answer askYesNoCancel(const QString &title, const QString &text) override
     {
-        return m_target->messageBox(title, text, icon, buttons);
+        return m_target->askYesNoCancel(title, text);
     }
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override
     {
@@ -67,7 +69,7 @@ public:
     std::optional<quint32> chooseColor() override { return m_target->chooseColor(); }
 
 private:
-    Dialogs *m_target;
+    EditorDialogs *m_target;
 };
 
 QString fileSlug(const QString &caption)
@@ -195,19 +197,26 @@ int main(int argc, char *argv[])
     MainWindow window(doc);
     QtDialogs interactive(&window);
     UnattendedDialogs unattended;
-    SwitchedDialogs dialogs(screenshotFolder.isEmpty() ? static_cast<Dialogs &>(interactive) : unattended);
+    SwitchedDialogs dialogs(screenshotFolder.isEmpty() ? static_cast<EditorDialogs &>(interactive) : unattended);
     FileCommands commands(doc, dialogs);
 
-    auto onTriggered = [&window](const char *item, auto command) {
-        QObject::connect(window.findChild<QAction *>(QLatin1StringView(item)), &QAction::triggered, &window, command);
+    // Each command's report is shown once the command is over.
+    auto onTriggered = [&](const char *item, auto command) {
+        QObject::connect(window.findChild<QAction *>(QLatin1StringView(item)), &QAction::triggered, &window,
+                         [&, command] {
+                             command();
+                             dialogs.show(commands.takeReport());
+                         });
     };
     onTriggered("mnuNewTheme", [&commands] { commands.newTheme(); });
     onTriggered("mnuLoadTheme", [&commands] { commands.loadTheme(); });
     onTriggered("mnuSaveTheme", [&commands] { commands.saveTheme(); });
     onTriggered("mnuSaveAs", [&commands] { commands.saveAs(); });
-    const auto endEditor = [&commands, &window] {
+    const auto endEditor = [&commands, &window, &dialogs] {
         commands.setEditorConfig(window.editorConfig());
-        return commands.exitRequested();
+        const bool ending = commands.exitRequested();
+        dialogs.show(commands.takeReport());
+        return ending;
     };
     window.setCloseGuard(endEditor);
 
@@ -223,8 +232,10 @@ int main(int argc, char *argv[])
     window.startUp();
 
     if (!screenshotFolder.isEmpty()) {
-        if (!themePath.isEmpty())
+        if (!themePath.isEmpty()) {
             commands.loadPath(themePath);
+            dialogs.show(commands.takeReport());
+        }
         bool ok = writeScreenshots(window, screenshotFolder, screenshotSuffix);
         if (!scaledPass) {
             QStringList childArgs{QStringLiteral("--screenshot"), screenshotFolder, QStringLiteral("--scaled-pass")};
@@ -265,11 +276,13 @@ int main(int argc, char *argv[])
         QObject::connect(ending, &ShutdownSignals::received, &window, endBySystem, Qt::SingleShotConnection);
         // A message below may be waiting when the system ends the editor; the rest is then skipped.
         if (soundConfig)
-            sound.initSound(*soundConfig, dialogs);
+            dialogs.show(sound.initSound(*soundConfig));
         if (!endedBySystem)
-            ThemeRecovery().announce(dialogs);
-        if (!endedBySystem && !themePath.isEmpty())
+            dialogs.show(ThemeRecovery().announce());
+        if (!endedBySystem && !themePath.isEmpty()) {
             commands.loadPath(themePath);
+            dialogs.show(commands.takeReport());
+        }
     });
     return app.exec();
 }

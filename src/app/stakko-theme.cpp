@@ -153,14 +153,20 @@ void requireArguments(const Options &o, qsizetype least, qsizetype most)
         throw UsageError{QStringLiteral("wrong number of arguments for %1").arg(o.command)};
 }
 
-/** The editor's start-up state followed by its Load command; false when the file did not load. */
-bool startAndLoad(ThemeDocument &doc, const QString &path, Dialogs &dialogs, const ExtractOptions &extract)
+/** The editor's start-up state followed by its Load command, whose report is printed. */
+LoadReport startAndLoad(ThemeDocument &doc, const QString &path, Dialogs &dialogs, const ExtractOptions &extract)
 {
     doc.resetTheme();
     doc.setDirty(false);
-    const bool loaded = loadThemeFile(doc, path, dialogs, extract);
+    const LoadReport report = loadThemeFile(doc, path, dialogs, extract);
     doc.setCurrentThemeFile(path);
-    return loaded;
+    ConsoleDialogs::print(report);
+    return report;
+}
+
+int statusOf(const Report &report)
+{
+    return report.hasErrors() ? ExitError : ExitOk;
 }
 
 int write(const ThemeDocument &doc, const QString &path)
@@ -214,7 +220,6 @@ QByteArray dumpJson(const ThemeDocument &doc)
 int run(const Options &o, ConsoleDialogs &dialogs)
 {
     ThemeDocument doc;
-    const auto status = [&] { return dialogs.errorShown() ? ExitError : ExitOk; };
 
     if (o.command == u"new") {
         requireArguments(o, 0, 0);
@@ -227,41 +232,44 @@ int run(const Options &o, ConsoleDialogs &dialogs)
     }
     if (o.command == u"set") {
         requireArguments(o, 1, 1);
-        if (!startAndLoad(doc, o.positional.at(0), dialogs, o.extract)) {
+        const LoadReport loaded = startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
+        if (!loaded.loaded) {
             std::fprintf(stderr, "Error: %s did not load as a theme, so it was not written.\n",
                          qUtf8Printable(o.positional.at(0)));
             return ExitError;
         }
         applySets(doc, o);
         const int written = write(doc, o.output.isEmpty() ? o.positional.at(0) : o.output);
-        return written != ExitOk ? written : status();
+        return written != ExitOk ? written : statusOf(loaded);
     }
     if (o.command == u"dump") {
         requireArguments(o, 1, 1);
-        startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
+        const LoadReport loaded = startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
         const QByteArray json = dumpJson(doc);
         std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
-        return status();
+        return statusOf(loaded);
     }
     if (o.command == u"describe") {
         requireArguments(o, 0, 1);
         doc.resetTheme();
         doc.setDirty(false);
+        LoadReport loaded;
         if (!o.positional.isEmpty())
-            startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
+            loaded = startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
         QByteArray bytes;
         if (!AnsiText::encode(generateDescription(doc), &bytes)) {
             std::fprintf(stderr, "Error: the description holds characters a theme file cannot store\n");
             return ExitError;
         }
         std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
-        return status();
+        return statusOf(loaded);
     }
     if (o.command == u"unpack") {
         requireArguments(o, 1, 1);
-        const PackageLocation location = extractResourcePackage(o.positional.at(0), dialogs, o.extract);
-        std::printf("%s\n", qUtf8Printable(location.folder));
-        return status();
+        const UnpackReport unpacked = extractResourcePackage(o.positional.at(0), dialogs, o.extract);
+        ConsoleDialogs::print(unpacked);
+        std::printf("%s\n", qUtf8Printable(unpacked.location.folder));
+        return statusOf(unpacked);
     }
     if (o.command == u"pack") {
         if (o.output.isEmpty() || o.positional.isEmpty())

@@ -5,21 +5,20 @@
 #include <optional>
 
 /**
- * Everything the core asks of the person at the keyboard. The editor answers with real
- * dialogs, the command line with stderr and a terminal prompt, tests with scripted answers.
- * Cancelling any of them is a plain "not done" answer, never an error.
+ * The questions the core asks the person at the keyboard. The editor answers with real
+ * dialogs, the command line from its options or a terminal prompt, tests with scripted answers.
+ * Cancelling any of them is a plain "not done" answer, never an error. What went wrong is not
+ * told here: commands return it in a Report.
  */
 class Dialogs
 {
 public:
-    enum class Icon { Critical, Exclamation, Information, Question };
-    enum class Buttons { Ok, YesNoCancel };
-    enum class Answer { Ok, Yes, No, Cancel };
+    enum class Answer { Yes, No, Cancel };
 
     virtual ~Dialogs() = default;
 
-    virtual Answer messageBox(const QString &title, const QString &text, Icon icon,
-                              Buttons buttons = Buttons::Ok) = 0;
+    /** A warning with Yes, No and Cancel, Yes the default: the save prompt. */
+    virtual Answer askYesNoCancel(const QString &title, const QString &text) = 0;
 
     /** A text input box; nullopt when cancelled. */
     virtual std::optional<QString> inputBox(const QString &prompt, const QString &title) = 0;
@@ -35,7 +34,4 @@ public:
 
     /** The colour dialog; the chosen colour as red + 256 green + 65536 blue, or nullopt. */
     virtual std::optional<quint32> chooseColor() = 0;
-
-    /** Shorthand for the system's usual error box: title "Error", critical icon, OK. */
-    void error(const QString &text) { messageBox(QStringLiteral("Error"), text, Icon::Critical); }
 };

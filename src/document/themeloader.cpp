@@ -160,8 +160,9 @@ public:
         const std::optional<QString> resource = read("resourcefile");
         if (resource) {
             m_doc.setText(u"resourcefile", *resource);
-            const PackageLocation location = extractResourcePackage(packagePath(*resource), m_dialogs, m_extract);
-            m_doc.setPackageFolder(location.folder, location.tail);
+            const UnpackReport unpacked = extractResourcePackage(packagePath(*resource), m_dialogs, m_extract);
+            m_report.append(unpacked);
+            m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
         } else {
             // A theme without a package must not see the previous theme's files.
             m_doc.setPackageFolder(QString(), QString());
@@ -181,18 +182,18 @@ public:
         // Theme type
         const std::optional<QString> typeText = read("themetype");
         if (!typeText) {
-            m_dialogs.error(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
+            m_report.error(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
             return false;
         }
         const std::optional<qint64> type = storedWholeNumber(*typeText);
         if (!type || (*type != 0 && *type != 1)) {
-            m_dialogs.error(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
+            m_report.error(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
                                            "only Theme Type 0 and Theme Type 1 can be loaded.")
                                 .arg(m_path, typeText->trimmed()));
             return false;
         }
         if (*type == 1 && !resource) {
-            m_dialogs.error(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"));
+            m_report.error(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QStringLiteral("resourcefile"));
             return false;
         }
         m_doc.setNumber(u"themetype", int(*type));
@@ -237,6 +238,9 @@ private:
     Dialogs &m_dialogs;
     const ExtractOptions &m_extract;
     ProfileFile m_file;
+
+public:
+    LoadReport m_report;
 };
 
 /** A colour component: a whole number in the 16-bit range, not negative, above 255 counts as 255. */
@@ -250,9 +254,11 @@ std::optional<quint32> component(const QString &text)
 
 } // namespace
 
-bool loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &dialogs, const ExtractOptions &extract)
+LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions, const ExtractOptions &extract)
 {
-    return Loader(doc, path, dialogs, extract).run();
+    Loader loader(doc, path, questions, extract);
+    loader.m_report.loaded = loader.run();
+    return loader.m_report;
 }
 
 quint32 textToColor(const QString &text)

@@ -1,6 +1,5 @@
 #include "document/themerecovery.h"
 
-#include "common/dialogs.h"
 #include "common/safefile.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
@@ -71,8 +70,9 @@ QString ThemeRecovery::keep(const ThemeDocument &doc, QString *error) const
     return path;
 }
 
-void ThemeRecovery::announce(Dialogs &dialogs) const
+Report ThemeRecovery::announce() const
 {
+    Report report;
     const QString listPath = m_folder + u'/' + announcedList;
     QStringList announced;
     QFile list(listPath);
@@ -87,17 +87,17 @@ void ThemeRecovery::announce(Dialogs &dialogs) const
             fresh << QDir::toNativeSeparators(m_folder + u'/' + name);
     }
     if (fresh.isEmpty())
-        return;
-    dialogs.messageBox(QStringLiteral("Unsaved Changes Kept"),
-                       QStringLiteral("Stakko Theme Maker was closed by the system with unsaved "
+        return report;
+    report.information(QStringLiteral("Stakko Theme Maker was closed by the system with unsaved "
                                       "changes. They were kept in:\n%1\nLoad %2 to get them back.")
                            .arg(fresh.join(u'\n'),
                                 fresh.size() == 1 ? QStringLiteral("that file") : QStringLiteral("those files")),
-                       Dialogs::Icon::Information);
+                       m_folder, QStringLiteral("Unsaved Changes Kept"));
 
     // Only copies still there are remembered, so the list never outgrows the folder.
     const QByteArray bytes = copies.join(u'\n').toUtf8() + '\n';
     QString reason;
     if (!writeWholeFile(listPath, bytes, &reason))
-        dialogs.error(cannotWrite(listPath, reason));
+        report.error(cannotWrite(listPath, reason), listPath);
+    return report;
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "common/report.h"
+
 #include <QString>
 
-class Dialogs;
 class ThemeDocument;
 
 /**
@@ -26,10 +27,10 @@ public:
     QString keep(const ThemeDocument &doc, QString *error = nullptr) const;
 
     /**
-     * Names every copy not named before in one information box, then remembers them as named.
-     * The copies stay where they are.
+     * Names every copy not named before in one information message, then remembers them as
+     * named. The copies stay where they are.
      */
-    void announce(Dialogs &dialogs) const;
+    Report announce() const;
 
 private:
     QString m_folder;

@@ -1,5 +1,7 @@
 #include "editor/buttonbinding.h"
 
+#include "editor/editordialogs.h"
+
 #include "document/themedocument.h"
 #include "editor/fieldbrowsing.h"
 #include "editor/filecommands.h"
@@ -28,7 +30,7 @@ QString droppedTheme(const QMimeData *mime)
 
 } // namespace
 
-ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, Dialogs &dialogs, SoundSystem &sound,
+ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs, SoundSystem &sound,
                              FileCommands &commands)
     : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_sound(sound), m_commands(commands)
 {
@@ -46,7 +48,11 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, Dialogs &di
     }
     onClick(QStringLiteral("cmdBrowseSkin"), [this] { browseSkinFile(m_doc, m_dialogs); });
     onClick(QStringLiteral("cmdBrowseMusic"), [this] { browseMusic(m_doc, m_dialogs); });
-    onClick(QStringLiteral("cmdBrowseResource"), [this] { browseResourcePackage(m_doc, m_dialogs); });
+    onClick(QStringLiteral("cmdBrowseResource"), [this] {
+        Report report;
+        browseResourcePackage(m_doc, m_dialogs, report);
+        m_dialogs.show(report);
+    });
     onClick(QStringLiteral("cmdPlayMusic"), [this] { toggleMusic(); });
 
     m_window.setAcceptDrops(true);
@@ -72,7 +78,7 @@ void ButtonBinding::toggleMusic()
     // "Stop Music" and the next click merely resets it.
     if (button->text() == playMusicCaption) {
         button->setText(stopMusicCaption);
-        m_sound.openMusic(m_doc.musicFolder() + m_doc.value(u"midi"), m_dialogs);
+        m_dialogs.show(m_sound.openMusic(m_doc.musicFolder() + m_doc.value(u"midi")));
         m_sound.playMusic();
     } else {
         button->setText(playMusicCaption);
@@ -95,6 +101,7 @@ bool ButtonBinding::eventFilter(QObject *watched, QEvent *event)
         if (!path.isEmpty()) {
             drop->acceptProposedAction();
             m_commands.loadPath(path);
+            m_dialogs.show(m_commands.takeReport());
         }
         return true;
     }

@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-class Dialogs;
+class EditorDialogs;
 class FileCommands;
 class MainWindow;
 class SoundSystem;
@@ -19,7 +19,7 @@ class ButtonBinding : public QObject
     Q_OBJECT
 
 public:
-    ButtonBinding(MainWindow &window, ThemeDocument &doc, Dialogs &dialogs, SoundSystem &sound,
+    ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs, SoundSystem &sound,
                   FileCommands &commands);
 
 protected:
@@ -31,7 +31,7 @@ private:
 
     MainWindow &m_window;
     ThemeDocument &m_doc;
-    Dialogs &m_dialogs;
+    EditorDialogs &m_dialogs;
     SoundSystem &m_sound;
     FileCommands &m_commands;
 };

@@ -114,13 +114,14 @@ bool browseMusic(ThemeDocument &doc, Dialogs &dialogs)
     return true;
 }
 
-bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs)
+bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs, Report &report)
 {
     const QString chosen = browseForFile(dialogs, zipFilter, QString());
     if (chosen.isEmpty())
         return false;
-    const PackageLocation location = extractResourcePackage(chosen, dialogs);
-    doc.setPackageFolder(location.folder, location.tail);
+    const UnpackReport unpacked = extractResourcePackage(chosen, dialogs);
+    report.append(unpacked);
+    doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
     doc.setText(u"resourcefile", chosen);
     return true;
 }

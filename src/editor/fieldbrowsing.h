@@ -6,6 +6,7 @@
 #include <optional>
 
 class Dialogs;
+struct Report;
 class ThemeDocument;
 
 // Open-dialog filters in the "Description|pattern|...|" form the Dialogs interface takes.
@@ -80,7 +81,7 @@ bool browseSound(ThemeDocument &doc, Dialogs &dialogs, int row);
  */
 bool browseMusic(ThemeDocument &doc, Dialogs &dialogs);
 /**
- * Resource package: unpacks the chosen zip (reporting its own problems), makes its folder the
- * package folder and stores the full chosen path as the resource file.
+ * Resource package: unpacks the chosen zip (adding its problems to \a report), makes its folder
+ * the package folder and stores the full chosen path as the resource file.
  */
-bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs);
+bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs, Report &report);

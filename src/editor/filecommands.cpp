@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <utility>
+
 FileCommands::FileCommands(ThemeDocument &doc, Dialogs &dialogs)
     : m_doc(doc)
     , m_dialogs(dialogs)
@@ -17,10 +19,9 @@ FileCommands::FileCommands(ThemeDocument &doc, Dialogs &dialogs)
 
 bool FileCommands::promptToSave()
 {
-    const Dialogs::Answer answer = m_dialogs.messageBox(
+    const Dialogs::Answer answer = m_dialogs.askYesNoCancel(
         QStringLiteral("Caution"),
-        QStringLiteral("This action will cause all previous changes to be lost, do you wish to save?"),
-        Dialogs::Icon::Exclamation, Dialogs::Buttons::YesNoCancel);
+        QStringLiteral("This action will cause all previous changes to be lost, do you wish to save?"));
     switch (answer) {
     case Dialogs::Answer::No:
         return true;
@@ -85,7 +86,9 @@ bool FileCommands::loadPath(const QString &path)
 
 void FileCommands::load(const QString &path)
 {
-    m_currentFileLoaded = loadThemeFile(m_doc, path, m_dialogs);
+    const LoadReport report = loadThemeFile(m_doc, path, m_dialogs);
+    m_currentFileLoaded = report.loaded;
+    m_report.append(report);
     m_doc.setCurrentThemeFile(path);
 }
 
@@ -116,9 +119,14 @@ bool FileCommands::exitRequested()
         const QString path = m_configPath.isEmpty() ? editorConfigWritePath() : m_configPath;
         QString error;
         if (!writeEditorConfig(*m_config, path, &error))
-            m_dialogs.error(error);
+            m_report.error(error, path);
     }
     return true;
+}
+
+Report FileCommands::takeReport()
+{
+    return std::exchange(m_report, {});
 }
 
 bool FileCommands::guard()
@@ -132,6 +140,6 @@ bool FileCommands::writeTo(const QString &path)
     if (writeThemeFile(m_doc, path, &error))
         return true;
     // The author must learn why the theme is still unsaved; the command's state stays "changed".
-    m_dialogs.error(error);
+    m_report.error(error, path);
     return false;
 }

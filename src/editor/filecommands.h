@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/report.h"
 #include "sound/editorconfig.h"
 
 #include <QLatin1StringView>
@@ -47,6 +48,9 @@ public:
      */
     bool exitRequested();
 
+    /** What the commands found since the last call, for the editor to show; the list starts empty again. */
+    Report takeReport();
+
     /** Run at shut-down before skm.ini is written. */
     void setCloseSound(std::function<void()> closeSound) { m_closeSound = std::move(closeSound); }
     /** The settings written to skm.ini at shut-down; without them the file is left alone. */
@@ -69,4 +73,5 @@ private:
     QString m_configPath;
     QString m_programFolder;
     bool m_currentFileLoaded = true;   // false while the current file is one that failed to load
+    Report m_report;
 };

@@ -1,5 +1,6 @@
 #include "editor/previewbinding.h"
 
+#include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
 #include "preview/loadprogress.h"
@@ -52,10 +53,11 @@ private:
 
 } // namespace
 
-PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, Dialogs &dialogs)
+PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs)
     : QObject(&window)
     , m_window(window)
-    , m_frames(doc, dialogs, m_loading)
+    , m_dialogs(dialogs)
+    , m_frames(doc, m_loading)
     , m_stills(doc, dialogs, m_loading)
     , m_progress(std::make_unique<ProgressDialogReporter>(&window))
 {
@@ -84,7 +86,7 @@ void PreviewBinding::bindAnimations()
         const AnimatedElement &e = animatedElements[element];
         if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(e.timer)))
             m_frames.attachTimer(element, timer);
-        onClick(QLatin1StringView(e.button), [this, element] { m_frames.startFramePreview(element); });
+        onClick(QLatin1StringView(e.button), [this, element] { m_dialogs.show(m_frames.startFramePreview(element)); });
         m_window.withControl(QLatin1StringView(e.surface), this, [this, element](QWidget *control) {
             m_surfaces[size_t(element)] = qobject_cast<PreviewSurface *>(control);
         });
@@ -102,7 +104,7 @@ void PreviewBinding::bindStills()
         return QStringLiteral("%1(%2)").arg(QLatin1StringView(name)).arg(i);
     };
     for (int i = 0; i < 10; ++i)
-        onClick(indexed("cmdPreviewIface", i), [this, i] { m_stills.showInterfaceScreenPreview(i); });
+        onClick(indexed("cmdPreviewIface", i), [this, i] { m_dialogs.show(m_stills.showInterfaceScreenPreview(i)); });
     for (int i = 0; i < 8; ++i)
         onClick(indexed("cmdPreviewMisc", i), [this, i] { m_stills.showMiscImagePreview(i); });
     for (int i = 0; i < 12; ++i)

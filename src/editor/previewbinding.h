@@ -10,7 +10,7 @@
 #include <array>
 #include <memory>
 
-class Dialogs;
+class EditorDialogs;
 class LoadProgress;
 class MainWindow;
 class PreviewSurface;
@@ -27,7 +27,7 @@ class PreviewBinding : public QObject
     Q_OBJECT
 
 public:
-    PreviewBinding(MainWindow &window, ThemeDocument &doc, Dialogs &dialogs);
+    PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs);
     ~PreviewBinding() override;
 
     FramePreviews &frames() { return m_frames; }
@@ -40,6 +40,7 @@ private:
     void onClick(const QString &button, Handler handler);
 
     MainWindow &m_window;
+    EditorDialogs &m_dialogs;
     LoadingSurface m_loading;
     FramePreviews m_frames;
     StillPreviews m_stills;

@@ -12,18 +12,10 @@ QtDialogs::QtDialogs(QWidget *parent)
 {
 }
 
-Dialogs::Answer QtDialogs::messageBox(const QString &title, const QString &text, Icon icon,
-                                      Buttons buttons)
+Dialogs::Answer QtDialogs::askYesNoCancel(const QString &title, const QString &text)
 {
-    static constexpr QMessageBox::Icon icons[] = {
-        QMessageBox::Critical, QMessageBox::Warning, QMessageBox::Information, QMessageBox::Question};
-    QMessageBox box(icons[int(icon)], title, text, QMessageBox::NoButton, m_parent);
-    if (buttons == Buttons::Ok) {
-        box.setStandardButtons(QMessageBox::Ok);
-        box.exec();
-        return Answer::Ok;
-    }
-    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                    m_parent);
     box.setDefaultButton(QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::Cancel);
     switch (box.exec()) {
@@ -33,6 +25,16 @@ Dialogs::Answer QtDialogs::messageBox(const QString &title, const QString &text,
         return Answer::No;
     default:
         return Answer::Cancel;
+    }
+}
+
+void QtDialogs::show(const Report &report)
+{
+    for (const Problem &p : report.problems) {
+        const bool error = p.severity == Problem::Severity::Error;
+        QMessageBox box(error ? QMessageBox::Critical : QMessageBox::Information, p.shownTitle(), p.text,
+                        QMessageBox::Ok, m_parent);
+        box.exec();
     }
 }
 

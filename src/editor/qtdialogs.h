@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/dialogs.h"
+#include "editor/editordialogs.h"
 
 #include <QColor>
 #include <QPointer>
@@ -11,13 +11,13 @@
  * The editor's dialogs. The file dialogs behave as one shared dialog: each opens in the folder
  * the last one was given, and one given no folder opens where the author last chose a file.
  */
-class QtDialogs : public Dialogs
+class QtDialogs : public EditorDialogs
 {
 public:
     explicit QtDialogs(QWidget *parent = nullptr);
 
-    Answer messageBox(const QString &title, const QString &text, Icon icon,
-                      Buttons buttons = Buttons::Ok) override;
+    Answer askYesNoCancel(const QString &title, const QString &text) override;
+    void show(const Report &report) override;
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
     QString openFileName(const QString &filter, const QString &initialFolder) override;
     QString saveFileName(const QString &filter) override;

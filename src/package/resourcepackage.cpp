@@ -440,18 +440,19 @@ PackageLocation packageLocationFor(const QString &packagePath, const QString &ba
     return {(base.isEmpty() ? QDir::tempPath() : base) + u'/' + tail, tail};
 }
 
-PackageLocation extractResourcePackage(const QString &packagePath, Dialogs &dialogs,
-                                       const ExtractOptions &options)
+UnpackReport extractResourcePackage(const QString &packagePath, Dialogs &dialogs, const ExtractOptions &options)
 {
+    UnpackReport report;
     OpenedPackageFolder opened = openPackageFolder(packagePath);
+    report.location = opened.location;
     QString reason = opened.problem;
     if (reason.isEmpty()) {
         if (!opened.notice.isEmpty())
-            dialogs.messageBox(QCoreApplication::applicationName(), opened.notice, Dialogs::Icon::Information);
+            report.information(opened.notice, packagePath);
         Extraction extraction(dialogs, options);
         reason = extraction.run(resolveThemePath(packagePath), opened.folder.fd());
     }
     if (!reason.isEmpty())
-        dialogs.error(QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason);
-    return opened.location;
+        report.error(QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason, packagePath);
+    return report;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/report.h"
 #include "package/packagewriter.h"
 
 #include <QString>
@@ -38,10 +39,13 @@ struct ExtractOptions {
  * a link, not a folder, or another user's is never used; the package then goes below the
  * author's cache folder instead, and the author is told. What is created is owner-only.
  *
- * Problems are reported in at most one error message; every entry that could be unpacked
- * stays unpacked, and a file whose entry failed keeps its old content. A run stopped by the
- * size cap removes everything it wrote and leaves the old files as they were. The location is
- * returned in every case, so the caller can publish it even when nothing was unpacked.
+ * The report holds at most one error; every entry that could be unpacked stays unpacked, and
+ * a file whose entry failed keeps its old content. A run stopped by the size cap removes
+ * everything it wrote and leaves the old files as they were. The location is filled in every
+ * case, so the caller can publish it even when nothing was unpacked.
  */
-PackageLocation extractResourcePackage(const QString &packagePath, Dialogs &dialogs,
-                                       const ExtractOptions &options = {});
+struct UnpackReport : Report {
+    PackageLocation location;
+};
+UnpackReport extractResourcePackage(const QString &packagePath, Dialogs &dialogs,
+                                    const ExtractOptions &options = {});

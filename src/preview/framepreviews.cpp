@@ -1,6 +1,5 @@
 #include "preview/framepreviews.h"
 
-#include "common/dialogs.h"
 #include "document/themedocument.h"
 #include "preview/framesequence.h"
 #include "preview/framestrip.h"
@@ -28,11 +27,10 @@ static int fieldIndexOrNone(const char *key)
     return key ? ThemeDocument::requireIndex(QString::fromLatin1(key)) : -1;
 }
 
-FramePreviews::FramePreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurface &loading,
+FramePreviews::FramePreviews(ThemeDocument &doc, LoadingSurface &loading,
                              QObject *parent)
     : QObject(parent)
     , m_doc(doc)
-    , m_dialogs(dialogs)
     , m_loading(loading)
     , m_clock(systemTickCount)
 {
@@ -111,12 +109,12 @@ QImage FramePreviews::surfaceImage(int element) const
 }
 
 bool FramePreviews::settingsValid(int element, double *frameCount, qint64 *startingFrame,
-                                  double *delay)
+                                  double *delay, Report &report)
 {
     const FieldIndexes &f = m_fields[size_t(element)];
     const auto count = parseAuthorNumber(m_doc.value(f.frameCount));
     if (!count || !(*count > 0)) {
-        m_dialogs.error(QStringLiteral("Number of frames needs to be 1 or greater!"));
+        report.error(QStringLiteral("Number of frames needs to be 1 or greater!"), QString::fromLatin1(animatedElements[element].frameCountField));
         return false;
     }
     *frameCount = *count;
@@ -124,34 +122,35 @@ bool FramePreviews::settingsValid(int element, double *frameCount, qint64 *start
     if (f.startingFrame >= 0) {
         const auto start = parseAuthorNumber(m_doc.value(f.startingFrame));
         if (!start || !(*start > 0)) {
-            m_dialogs.error(QStringLiteral("Starting frame needs to be 1 or greater!"));
+            report.error(QStringLiteral("Starting frame needs to be 1 or greater!"), QString::fromLatin1(animatedElements[element].startingFrameField));
             return false;
         }
         *startingFrame = frameNumber(*start);
     }
     const auto wait = parseAuthorNumber(m_doc.value(f.delay));
     if (!wait || !(*wait >= 0)) {
-        m_dialogs.error(QStringLiteral("Delay between frames needs to be 0 or greater!"));
+        report.error(QStringLiteral("Delay between frames needs to be 0 or greater!"), QString::fromLatin1(animatedElements[element].delayField));
         return false;
     }
     *delay = *wait;
     return true;
 }
 
-void FramePreviews::startFramePreview(int element)
+Report FramePreviews::startFramePreview(int element)
 {
+    Report report;
     const FieldIndexes &f = m_fields[size_t(element)];
     if (f.animated >= 0 && m_doc.number(f.animated) != 1)
-        return;
+        return report;
     double frameCount = 0;
     qint64 startingFrame = 1;
     double delay = 0;
-    if (!settingsValid(element, &frameCount, &startingFrame, &delay))
-        return;
+    if (!settingsValid(element, &frameCount, &startingFrame, &delay, report))
+        return report;
 
     QImage built;
-    if (!buildStrip(element, frameCount, &built))
-        return;
+    if (!buildStrip(element, frameCount, &built, report))
+        return report;
 
     Strip &strip = stripOf(element);
     const quint64 replaced = strip.generation;
@@ -161,9 +160,10 @@ void FramePreviews::startFramePreview(int element)
     releaseViews(replaced);
     m_states[size_t(element)] = {startingFrame, 0, frameCount, delay, startingFrame};
     m_timers[size_t(element)]->start();
+    return report;
 }
 
-bool FramePreviews::buildStrip(int element, double frameCount, QImage *built)
+bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Report &report)
 {
     const AnimatedElement &e = animatedElements[element];
     const auto sequence = FrameSequence::fromImageText(m_doc.value(m_fields[size_t(element)].image));
@@ -175,12 +175,12 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built)
                        "1 GiB of memory.")
             .arg(QString::fromLatin1(e.caption), m_doc.value(m_fields[size_t(element)].frameCount).trimmed());
     if (FrameStrip::bytesNeeded(e, frameCount) > FrameStrip::maximumBytes) {
-        m_dialogs.error(tooLarge);
+        report.error(tooLarge, QString::fromLatin1(e.frameCountField));
         return false;
     }
     *built = FrameStrip::allocate(e, frameCount);
     if (built->isNull()) {
-        m_dialogs.error(tooLarge);
+        report.error(tooLarge, QString::fromLatin1(e.frameCountField));
         return false;
     }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/report.h"
+
 #include "preview/animatedelement.h"
 
 #include <QImage>
@@ -12,7 +14,6 @@
 #include <optional>
 #include <vector>
 
-class Dialogs;
 class LoadProgress;
 class LoadingSurface;
 class ThemeDocument;
@@ -32,7 +33,7 @@ public:
     /** Milliseconds since system start, wrapping like a 32-bit tick counter. */
     using Clock = std::function<quint32()>;
 
-    FramePreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurface &loading,
+    FramePreviews(ThemeDocument &doc, LoadingSurface &loading,
                   QObject *parent = nullptr);
     ~FramePreviews() override;
 
@@ -46,11 +47,11 @@ public:
     TickTimer *timer(int element) const { return m_timers.at(size_t(element)); }
 
     /**
-     * The element's Preview command: checks its settings (a message names the first bad one),
+     * The element's Preview command: checks its settings (the report names the first bad one),
      * loads every frame file once into a new strip and starts the element's timer. Any early
      * end, a cancelled load included, leaves a running animation exactly as it was.
      */
-    void startFramePreview(int element);
+    Report startFramePreview(int element);
 
     /** One timer tick: draws the current frame and moves on once the delay has passed. */
     void animationTick(int element);
@@ -117,8 +118,8 @@ private:
         const AnimatedElement *viewElement = nullptr; // whose surface size the views have
     };
 
-    bool settingsValid(int element, double *frameCount, qint64 *startingFrame, double *delay);
-    bool buildStrip(int element, double frameCount, QImage *strip);
+    bool settingsValid(int element, double *frameCount, qint64 *startingFrame, double *delay, Report &report);
+    bool buildStrip(int element, double frameCount, QImage *strip, Report &report);
     static std::optional<double> readNumber(ParsedNumber &parsed, const QString &text);
     void readSettings(int element);
     void draw(int element, qint64 slot);
@@ -128,7 +129,6 @@ private:
     const Strip &stripOf(int element) const;
 
     ThemeDocument &m_doc;
-    Dialogs &m_dialogs;
     LoadingSurface &m_loading;
     Clock m_clock;
     LoadProgress *m_progress = nullptr;

@@ -15,17 +15,19 @@ StillPreviews::StillPreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurfac
 {
 }
 
-void StillPreviews::showInterfaceScreenPreview(int row)
+Report StillPreviews::showInterfaceScreenPreview(int row)
 {
+    Report report;
     const QString path =
         m_doc.packageFolder() + m_doc.value(QString::fromLatin1(interfaceRowKeys[row]));
     m_loading.clear();
     if (!path.isEmpty() && !m_loading.load(path)) {
-        m_dialogs.error(QStringLiteral("Unable to load image: ") + path);
-        return;
+        report.error(QStringLiteral("Unable to load image: ") + path, QString::fromLatin1(interfaceRowKeys[row]));
+        return report;
     }
     m_interfacePicture = m_loading.picture();
     emit interfacePictureChanged(m_interfacePicture);
+    return report;
 }
 
 void StillPreviews::showMiscImagePreview(int row)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/report.h"
+
 #include <QImage>
 #include <QObject>
 #include <QSize>
@@ -28,7 +30,7 @@ public:
      * Shows interface screen \a row (0-9). An empty path empties the display; a file that
      * cannot be loaded is reported and the display keeps its picture.
      */
-    void showInterfaceScreenPreview(int row);
+    Report showInterfaceScreenPreview(int row);
 
     /**
      * Shows miscellaneous image \a row (0-7). A file that cannot be loaded shows, without a

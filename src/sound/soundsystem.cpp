@@ -1,6 +1,5 @@
 #include "sound/soundsystem.h"
 
-#include "common/dialogs.h"
 #include "common/pathlookup.h"
 #include "sound/musicformat.h"
 
@@ -177,16 +176,14 @@ SoundSystem::~SoundSystem()
     closeSound();
 }
 
-bool SoundSystem::initSound(const EditorConfig &config, Dialogs &dialogs)
+Report SoundSystem::initSound(const EditorConfig &config)
 {
+    Report report;
     closeSound();
     m_soundAvailable = openMixer(config);
-    if (!m_soundAvailable) {
-        dialogs.messageBox(QStringLiteral("ERROR"),
-                           QStringLiteral("Could not initialize sound/music subsystem!"),
-                           Dialogs::Icon::Critical);
-    }
-    return m_soundAvailable;
+    if (!m_soundAvailable)
+        report.error(QStringLiteral("Could not initialize sound/music subsystem!"), {}, QStringLiteral("ERROR"));
+    return report;
 }
 
 bool SoundSystem::openMixer(const EditorConfig &config)
@@ -258,10 +255,11 @@ bool SoundSystem::isStreamFile(const QString &path) const
     return !isModuleSongName(path);
 }
 
-void SoundSystem::openMusic(const QString &path, Dialogs &dialogs)
+Report SoundSystem::openMusic(const QString &path)
 {
+    Report report;
     if (!m_soundAvailable)
-        return;
+        return report;
     stopMusic();
     freeMusic();
     m_musicIsStream = isStreamFile(path);
@@ -275,9 +273,10 @@ void SoundSystem::openMusic(const QString &path, Dialogs &dialogs)
             code = loadFailureCode(QString::fromUtf8(Mix_GetError()));
     }
     if (!m_musicHandle) {
-        dialogs.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code));
+        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), path);
         m_musicPlaying = false;
     }
+    return report;
 }
 
 void SoundSystem::playMusic()

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "common/report.h"
+
 #include "sound/editorconfig.h"
 
 #include <QString>
 
-class Dialogs;
 
 // The mixer's own handle types, declared here so that callers need no SDL headers.
 struct _Mix_Music;
@@ -25,10 +26,10 @@ public:
     SoundSystem &operator=(const SoundSystem &) = delete;
 
     /**
-     * Opens the mixer with the settings of \a config. On failure shows "Could not initialize
-     * sound/music subsystem!" once and leaves soundAvailable() false; returns soundAvailable().
+     * Opens the mixer with the settings of \a config. On failure reports "Could not initialize
+     * sound/music subsystem!" and leaves soundAvailable() false.
      */
-    bool initSound(const EditorConfig &config, Dialogs &dialogs);
+    Report initSound(const EditorConfig &config);
 
     /** Stops and frees the music and any wave sound, then releases the audio device. */
     void closeSound();
@@ -38,10 +39,10 @@ public:
 
     /**
      * Frees the current music, then opens the file at \a path (a theme path: "\" separators and
-     * any letter case are accepted). A file that cannot be opened is reported through \a dialogs
-     * with the matching soundErrorText() and leaves no music item. Does nothing without sound.
+     * any letter case are accepted). A file that cannot be opened is reported with the matching
+     * soundErrorText() and leaves no music item. Does nothing without sound.
      */
-    void openMusic(const QString &path, Dialogs &dialogs);
+    Report openMusic(const QString &path);
 
     /** Starts the open music item from its beginning; module songs loop, streams play once. */
     void playMusic();

@@ -107,25 +107,23 @@ private slots:
         // The copy is the theme as the editor held it, and loads back cleanly.
         ScriptedDialogs quiet;
         ThemeDocument loaded;
-        QVERIFY(loadThemeFile(loaded, theme, quiet));
+        QVERIFY(loadThemeFile(loaded, theme, quiet).loaded);
         QVERIFY(writeThemeFile(loaded, path(QStringLiteral("expected.skt"))));
         QCOMPARE(fileBytes(copy), fileBytes(path(QStringLiteral("expected.skt"))));
         ThemeDocument back;
-        QVERIFY(loadThemeFile(back, copy, quiet));
-        QCOMPARE(quiet.messageLines(), QStringList());
+        const LoadReport report = loadThemeFile(back, copy, quiet);
+        QVERIFY(report.loaded);
+        QCOMPARE(report.lines(), QStringList());
 
         // The next start names the copy once, and leaves it where it is.
         const ThemeRecovery recovery(folder);
-        ScriptedDialogs first;
-        recovery.announce(first);
-        QCOMPARE(first.messageLines(),
+        const Report first = recovery.announce();
+        QCOMPARE(first.lines(),
                  QStringList{"Unsaved Changes Kept: Stakko Theme Maker was closed by the system with unsaved "
                              "changes. They were kept in:\n" + QDir::toNativeSeparators(copy)
                              + "\nLoad that file to get them back."});
-        QCOMPARE(first.messages.first().icon, Dialogs::Icon::Information);
-        ScriptedDialogs second;
-        recovery.announce(second);
-        QCOMPARE(second.messageLines(), QStringList());
+        QCOMPARE(first.problems.first().severity, Problem::Severity::Information);
+        QCOMPARE(recovery.announce().lines(), QStringList());
         QVERIFY(QFile::exists(copy));
     }
 };

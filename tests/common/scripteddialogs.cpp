@@ -1,11 +1,16 @@
 #include "scripteddialogs.h"
 
-Dialogs::Answer ScriptedDialogs::messageBox(const QString &title, const QString &text, Icon icon,
-                                            Buttons buttons)
+void ScriptedDialogs::show(const Report &report)
 {
-    messages.append({title, text, icon, buttons});
-    if (buttons == Buttons::Ok)
-        return Answer::Ok;
+    for (const Problem &p : report.problems) {
+        const bool error = p.severity == Problem::Severity::Error;
+        messages.append({p.shownTitle(), p.text, error ? Kind::Error : Kind::Information});
+    }
+}
+
+Dialogs::Answer ScriptedDialogs::askYesNoCancel(const QString &title, const QString &text)
+{
+    messages.append({title, text, Kind::Question});
     return answers.isEmpty() ? Answer::Cancel : answers.dequeue();
 }
 

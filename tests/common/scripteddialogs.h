@@ -1,26 +1,27 @@
 #pragma once
 
-#include "common/dialogs.h"
+#include "editor/editordialogs.h"
 
 #include <QList>
 #include <QQueue>
 #include <QStringList>
 
 /**
- * Dialogs with answers queued by the test. Every question is recorded; a question with no
- * queued answer gets the cancel answer, so a forgotten script shows up as a cancelled dialog.
+ * Dialogs with answers queued by the test. Every question and shown message is recorded; a
+ * question with no queued answer gets the cancel answer, so a forgotten script shows up as a
+ * cancelled dialog.
  */
-class ScriptedDialogs : public Dialogs
+class ScriptedDialogs : public EditorDialogs
 {
 public:
+    enum class Kind { Error, Information, Question };
     struct Message {
         QString title;
         QString text;
-        Icon icon;
-        Buttons buttons;
+        Kind kind;
     };
 
-    QQueue<Answer> answers;                  // for YesNoCancel boxes; OK boxes answer Ok
+    QQueue<Answer> answers;                  // for YesNoCancel questions
     QQueue<std::optional<QString>> inputs;   // input boxes
     QQueue<QString> openNames;               // open-file dialogs ("" = cancel)
     QQueue<QString> saveNames;               // save-file dialogs ("" = cancel)
@@ -33,7 +34,8 @@ public:
     QStringList saveFilters;
     int colorRequests = 0;
 
-    Answer messageBox(const QString &title, const QString &text, Icon icon, Buttons buttons) override;
+    void show(const Report &report) override;
+    Answer askYesNoCancel(const QString &title, const QString &text) override;
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
     QString openFileName(const QString &filter, const QString &initialFolder) override;
     QString saveFileName(const QString &filter) override;

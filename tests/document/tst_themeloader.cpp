@@ -51,13 +51,14 @@ class LoaderTest : public QObject
     struct Loaded {
         ThemeDocument doc;
         ScriptedDialogs dialogs;
+        LoadReport report;
     };
 
     void load(Loaded &l, const QString &file)
     {
         l.doc.resetTheme();
         l.doc.setDirty(false);
-        loadThemeFile(l.doc, file, l.dialogs);
+        l.report = loadThemeFile(l.doc, file, l.dialogs);
     }
 
 private slots:
@@ -108,8 +109,8 @@ private slots:
         // The loader's writes are ordinary edits: the window sees them and the theme is dirty.
         QVERIFY(back.doc.isDirty());
         QVERIFY(changes.size() > 100);
-        QCOMPARE(back.dialogs.messages.size(), 1); // the package named beside the file does not exist
-        QVERIFY(back.dialogs.messages[0].text.startsWith(QStringLiteral("Could not load resource file ")
+        QCOMPARE(back.report.problems.size(), 1); // the package named beside the file does not exist
+        QVERIFY(back.report.problems[0].text.startsWith(QStringLiteral("Could not load resource file ")
                                                          + m_dir.path() + QStringLiteral("/pack.zip")));
     }
 
@@ -162,7 +163,7 @@ private slots:
         l.doc.resetTheme();
         l.doc.setText(u"bgfilename", QStringLiteral("kept"));
         l.doc.setText(u"inetbgstartingframe", QStringLiteral("7"));
-        loadThemeFile(l.doc, writeLines(path(QStringLiteral("v.skt")), lines), l.dialogs);
+        l.report = loadThemeFile(l.doc, writeLines(path(QStringLiteral("v.skt")), lines), l.dialogs);
         for (const auto &[key, value] : expected)
             QCOMPARE(l.doc.value(key), value);
     }
@@ -205,9 +206,9 @@ private slots:
         l.doc.resetTheme();
         l.doc.setText(u"bgfilename", QStringLiteral("old"));
         l.doc.setNumber(u"themetype", 0);
-        loadThemeFile(l.doc, file, l.dialogs);
-        QCOMPARE(l.dialogs.messageLines(), QStringList{message.contains(u"%1") ? message.arg(file) : message});
-        QCOMPARE(l.dialogs.messages[0].icon, Dialogs::Icon::Critical);
+        l.report = loadThemeFile(l.doc, file, l.dialogs);
+        QCOMPARE(l.report.lines(), QStringList{message.contains(u"%1") ? message.arg(file) : message});
+        QCOMPARE(l.report.problems[0].severity, Problem::Severity::Error);
         // Steps before the type ran; nothing after it did.
         QCOMPARE(l.doc.value(u"name"), name);
         QCOMPARE(l.doc.value(u"ifacemain"), lines.isEmpty() ? QString() : QStringLiteral("m.bmp"));
@@ -231,7 +232,7 @@ private slots:
         Loaded l;
         l.doc.setMusicFolder(QStringLiteral("old/"));
         load(l, writeLines(path(QStringLiteral("p.skt")), type1({"midi=m.mid"}, QStringLiteral("PACK.zip"))));
-        QVERIFY2(l.dialogs.messages.isEmpty(), qPrintable(l.dialogs.messageLines().join(u'\n')));
+        QVERIFY2(l.report.problems.isEmpty(), qPrintable(l.report.lines().join(u'\n')));
         const QString folder = QDir(m_temp.path()).filePath(QStringLiteral("stakko/PACK/"));
         QCOMPARE(l.doc.value(u"resourcefile"), QStringLiteral("PACK.zip"));
         QCOMPARE(l.doc.packageFolder(), folder);

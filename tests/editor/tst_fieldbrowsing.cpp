@@ -298,14 +298,15 @@ private slots:
         unpackedPackage(doc);
         const QString resource = doc.value(u"resourcefile");
         ScriptedDialogs dialogs;
-        QVERIFY(!browseResourcePackage(doc, dialogs)); // cancelled: the old package stays
+        Report report;
+        QVERIFY(!browseResourcePackage(doc, dialogs, report)); // cancelled: the old package stays
         QCOMPARE(doc.packageFolder(), m_packageFolder);
         QCOMPARE(doc.packageFolderTail(), m_tail);
         QCOMPARE(doc.value(u"resourcefile"), resource);
         QVERIFY(!doc.isDirty());
 
         dialogs.openNames.enqueue(zipPath);
-        QVERIFY(browseResourcePackage(doc, dialogs));
+        QVERIFY(browseResourcePackage(doc, dialogs, report));
         QCOMPARE(dialogs.openFilters, (QStringList{zipFilter, zipFilter}));
         QCOMPARE(dialogs.openFolders, (QStringList{QString(), QString()}));
         QCOMPARE(doc.value(u"resourcefile"), zipPath);
@@ -313,7 +314,7 @@ private slots:
         QCOMPARE(QDir::cleanPath(doc.packageFolder()), m_temp.path() + QStringLiteral("/stakko/Ice"));
         QVERIFY(QFile::exists(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp")));
         QVERIFY(doc.isDirty());
-        QVERIFY(dialogs.messages.isEmpty());
+        QVERIFY(report.isEmpty());
 
         // The next image dialog opens in the package and shortens names inside it.
         dialogs.openNames.enqueue(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp"));

@@ -147,10 +147,10 @@ private slots:
         case Command::Exit: exitAllowed = commands.exitRequested(); break;
         }
 
+        dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messageLines(), dirty ? QStringList{promptText} : QStringList());
         if (dirty) {
-            QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Exclamation);
-            QCOMPARE(dialogs.messages.first().buttons, Dialogs::Buttons::YesNoCancel);
+            QCOMPARE(dialogs.messages.first().kind, ScriptedDialogs::Kind::Question);
         }
         // "Yes" always asks for a new file, even when the theme has one.
         QCOMPARE(dialogs.saveFilters, dirty && answer == Answer::Yes ? QStringList{themeFileFilter} : QStringList());
@@ -245,6 +245,7 @@ private slots:
         if (!dirtyAfter)
             QVERIFY(contents(doc.currentThemeFile()).contains("Ice Age"));
         QCOMPARE(m_dir.entryList({QStringLiteral("*.skt.skt"), QStringLiteral("mytheme.skt")}), QStringList());
+        dialogs.show(commands.takeReport());
         QVERIFY(dialogs.messages.isEmpty());
     }
 
@@ -275,9 +276,10 @@ private slots:
         QVERIFY(doc.isDirty());
         QCOMPARE(doc.currentThemeFile(), current);
         QCOMPARE(dialogs.saveFilters.size(), saveAs ? 1 : 0);
+        dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messages.size(), 1);
         QCOMPARE(dialogs.messages.first().title, QStringLiteral("Error"));
-        QCOMPARE(dialogs.messages.first().icon, Dialogs::Icon::Critical);
+        QCOMPARE(dialogs.messages.first().kind, ScriptedDialogs::Kind::Error);
         QVERIFY(dialogs.messages.first().text.contains(unwritable));
     }
 
@@ -299,6 +301,7 @@ private slots:
         QCOMPARE(doc.number(u"themetype"), 0);
         // The loader's writes are edits like any other.
         QVERIFY(doc.isDirty());
+        dialogs.show(commands.takeReport());
         QVERIFY(dialogs.messages.isEmpty());
     }
 
@@ -378,6 +381,7 @@ private slots:
         QVERIFY(commands.loadPath(theme));
         QCOMPARE(doc.value(u"name"), QStringLiteral("Dropped"));
         QCOMPARE(doc.currentThemeFile(), theme);
+        dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messageLines(), QStringList(2, promptText));
         QVERIFY(dialogs.openFilters.isEmpty());
     }
@@ -400,6 +404,7 @@ private slots:
         QVERIFY(written.contains("frequency=22050\r\n"));
         QVERIFY(written.contains("numchannels=16\r\n"));
         QVERIFY(written.contains("output=2\r\n"));
+        dialogs.show(commands.takeReport());
         QVERIFY(dialogs.messages.isEmpty());
     }
 

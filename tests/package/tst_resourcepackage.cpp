@@ -132,14 +132,14 @@ private slots:
         QVERIFY(!readFile(package).contains('\\'));
 
         ScriptedDialogs dialogs;
-        const PackageLocation location = extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.messageLines(), QStringList());
+        QCOMPARE(unpacked.lines(), QStringList());
         QStringList expected = names;
         expected.sort();
-        QCOMPARE(filesBelow(location.folder), expected);
+        QCOMPARE(filesBelow(unpacked.location.folder), expected);
         for (const QString &name : names)
-            QCOMPARE(readFile(location.folder + name), "content of " + name.toUtf8());
+            QCOMPARE(readFile(unpacked.location.folder + name), "content of " + name.toUtf8());
     }
 
     void relativePathsCountFromTheCurrentFolder()
@@ -152,8 +152,8 @@ private slots:
         QVERIFY(written);
 
         ScriptedDialogs dialogs;
-        const PackageLocation location = extractResourcePackage(work("Ice.zip"), dialogs);
-        QCOMPARE(filesBelow(location.folder), QStringList{"gfx/bg1.bmp"});
+        const UnpackReport unpacked = extractResourcePackage(work("Ice.zip"), dialogs);
+        QCOMPARE(filesBelow(unpacked.location.folder), QStringList{"gfx/bg1.bmp"});
     }
 
     void packingAgainGivesTheSameBytes()
@@ -248,9 +248,9 @@ private slots:
         writeFile(package, RawZip::build({{"ok.bmp", "fine"}}));
         ScriptedDialogs dialogs;
 
-        const PackageLocation location = extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
-        QCOMPARE(location.tail, "stakko/" + folder + u'/');
+        QCOMPARE(unpacked.location.tail, "stakko/" + folder + u'/');
         QCOMPARE(filesBelow(m_work->path()), (QStringList{"themes/" + fileName, "tmp/stakko/" + folder + "/ok.bmp"}));
     }
 
@@ -271,11 +271,11 @@ private slots:
         const QString package = rawPackage({{stored, "pixels"}});
         ScriptedDialogs dialogs;
 
-        const PackageLocation location = extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
-        QCOMPARE(location.folder, iceFolder());
-        QCOMPARE(location.tail, "stakko/Ice/");
-        QCOMPARE(dialogs.messageLines(), QStringList());
+        QCOMPARE(unpacked.location.folder, iceFolder());
+        QCOMPARE(unpacked.location.tail, "stakko/Ice/");
+        QCOMPARE(unpacked.lines(), QStringList());
         QCOMPARE(filesBelow(iceFolder()), QStringList{expected});
         QCOMPARE(readFile(iceFolder() + expected), QByteArray("pixels"));
     }
@@ -284,8 +284,8 @@ private slots:
     {
         rawPackage({{"bg1.bmp", "pixels"}, {"sounds/", {}, Kind::Directory}});
         ScriptedDialogs dialogs;
-        extractResourcePackage(work("THEMES") + "\\Ice.zip", dialogs);
-        QCOMPARE(dialogs.messageLines(), QStringList());
+        const UnpackReport unpacked = extractResourcePackage(work("THEMES") + "\\Ice.zip", dialogs);
+        QCOMPARE(unpacked.lines(), QStringList());
         QCOMPARE(readFile(iceFolder() + "bg1.bmp"), QByteArray("pixels"));
         QVERIFY(QFileInfo(iceFolder() + "sounds").isDir());
         // Others on a shared machine may not read or plant anything here.
@@ -328,17 +328,17 @@ private slots:
         const QString package = rawPackage({{"gfx/bg1.bmp", "pixels"}});
         ScriptedDialogs dialogs;
 
-        const PackageLocation location = extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
         const QString privateFolder = work("cache/stakko-theme-maker/stakko/Ice/");
-        QCOMPARE(location.folder, privateFolder);
-        QCOMPARE(location.tail, "stakko/Ice/");
+        QCOMPARE(unpacked.location.folder, privateFolder);
+        QCOMPARE(unpacked.location.tail, "stakko/Ice/");
         QCOMPARE(readFile(privateFolder + "gfx/bg1.bmp"), QByteArray("pixels"));
         QCOMPARE(filesBelow(outside), QStringList());
-        QCOMPARE(dialogs.messages.size(), 1);
-        QCOMPARE(dialogs.messages.at(0).icon, Dialogs::Icon::Information);
-        QVERIFY2(dialogs.messages.at(0).text.contains(QDir::toNativeSeparators(privateFolder)),
-                 qPrintable(dialogs.messages.at(0).text));
+        QCOMPARE(unpacked.problems.size(), 1);
+        QCOMPARE(unpacked.problems.at(0).severity, Problem::Severity::Information);
+        QVERIFY2(unpacked.problems.at(0).text.contains(QDir::toNativeSeparators(privateFolder)),
+                 qPrintable(unpacked.problems.at(0).text));
     }
 
     void fullDiskKeepsOldFilesAndLeavesNoPartials()
@@ -356,9 +356,9 @@ private slots:
         QVERIFY(disk.fill(64 * 1024));
         ScriptedDialogs dialogs;
 
-        extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.messageLines(),
+        QCOMPARE(unpacked.lines(),
                  QStringList{errorLine(package, "Could not write gfx/bg1.bmp: No space left on device")});
         QCOMPARE(readFile(ice + "gfx/bg1.bmp"), QByteArray("old frame"));
         QCOMPARE(filesBelow(ice), (QStringList{"gfx/bg1.bmp", "ok.bmp"}));
@@ -371,9 +371,9 @@ private slots:
         const QString package = rawPackage({{"empty.txt", {}, Kind::File, false, 14, emptyLzma}, {"ok.bmp", "fine"}});
         ScriptedDialogs dialogs;
 
-        extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.messageLines(), QStringList());
+        QCOMPARE(unpacked.lines(), QStringList());
         QCOMPARE(filesBelow(iceFolder()), (QStringList{"empty.txt", "ok.bmp"}));
         QCOMPARE(QFileInfo(iceFolder() + "empty.txt").size(), 0);
     }
@@ -385,9 +385,9 @@ private slots:
         const QString package = rawPackage({{"gfx/bg1.bmp", "new frame"}});
         ScriptedDialogs dialogs;
 
-        extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.messages.size(), 0);
+        QCOMPARE(unpacked.problems.size(), 0);
         QCOMPARE(dialogs.inputPrompts.size(), 0);
         QCOMPARE(readFile(iceFolder() + "gfx/bg1.bmp"), QByteArray("new frame"));
         QCOMPARE(readFile(iceFolder() + "gfx/mine.bmp"), QByteArray("the author's own"));
@@ -417,11 +417,11 @@ private slots:
             writeFile(package, bytes);
         ScriptedDialogs dialogs;
 
-        const PackageLocation location = extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.messageLines(), QStringList{errorLine(package, reason)});
-        QCOMPARE(dialogs.messages.at(0).icon, Dialogs::Icon::Critical);
-        QCOMPARE(location.folder, iceFolder());
+        QCOMPARE(unpacked.lines(), QStringList{errorLine(package, reason)});
+        QCOMPARE(unpacked.problems.at(0).severity, Problem::Severity::Error);
+        QCOMPARE(unpacked.location.folder, iceFolder());
         QVERIFY(QFileInfo(iceFolder()).isDir()); // made even so, for the caller to publish
         QCOMPARE(filesBelow(iceFolder()), QStringList());
     }
@@ -434,9 +434,9 @@ private slots:
                                             {"c.bmp", "new c"}});
         ScriptedDialogs dialogs;
 
-        extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
-        QCOMPARE(dialogs.messageLines(), QStringList{errorLine(package, "It is damaged at b.bmp.")});
+        QCOMPARE(unpacked.lines(), QStringList{errorLine(package, "It is damaged at b.bmp.")});
         QCOMPARE(filesBelow(iceFolder()),
                  (QStringList{"a.bmp", "b.bmp", "c.bmp"}));
         QCOMPARE(readFile(iceFolder() + "b.bmp"), QByteArray("good old b"));
@@ -462,12 +462,12 @@ private slots:
         const QString package = rawPackage({{stored, "evil"}, {"ok.bmp", "fine"}});
         ScriptedDialogs dialogs;
 
-        extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
         QCOMPARE(filesBelow(m_work->path()),
                  (QStringList{"themes/Ice.zip", "tmp/stakko/Ice/ok.bmp"}));
         QVERIFY(!QFileInfo::exists("/stakko-escape-test"));
-        QCOMPARE(dialogs.messageLines(),
+        QCOMPARE(unpacked.lines(),
                  QStringList{errorLine(package, QStringLiteral("The entry %1 points outside the package folder "
                                                                "and was skipped.").arg(QString::fromLatin1(stored).replace(u'\\', u'/')))});
     }
@@ -495,14 +495,14 @@ private slots:
         const QString package = rawPackage(entries);
         ScriptedDialogs dialogs;
 
-        extractResourcePackage(package, dialogs);
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
 
         QCOMPARE(filesBelow(outside), QStringList());
         QCOMPARE(QFileInfo(iceFolder() + "gfx").isSymLink(), linkInFolder);
         QCOMPARE(readFile(iceFolder() + "ok.bmp"), QByteArray("fine"));
-        QCOMPARE(dialogs.messages.size(), 1);
-        QVERIFY2(dialogs.messageLines().at(0).startsWith(errorLine(package, reason)),
-                 qPrintable(dialogs.messageLines().at(0)));
+        QCOMPARE(unpacked.problems.size(), 1);
+        QVERIFY2(unpacked.lines().at(0).startsWith(errorLine(package, reason)),
+                 qPrintable(unpacked.lines().at(0)));
     }
 
     void sizeCapStopsExtraction_data()
@@ -529,9 +529,9 @@ private slots:
         writeFile(iceFolder() + "mine.bmp", "the author's own");
         ScriptedDialogs dialogs;
 
-        extractResourcePackage(package, dialogs, ExtractOptions{cap});
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs, ExtractOptions{cap});
 
-        QCOMPARE(dialogs.messageLines(),
+        QCOMPARE(unpacked.lines(),
                  QStringList{errorLine(package, QStringLiteral("Extraction stopped: the package would write "
                                                                "more than %1.").arg(shown))});
         // What the stopped run wrote is gone; what was there before is as it was.
@@ -578,16 +578,16 @@ private slots:
         for (const auto &answer : answers)
             dialogs.inputs.enqueue(answer);
 
-        extractResourcePackage(package, dialogs);
+        const UnpackReport report = extractResourcePackage(package, dialogs);
 
         QCOMPARE(dialogs.inputPrompts, QStringList(prompts, "Please Enter The Password!"));
         if (unpacked) {
-            QCOMPARE(dialogs.messageLines(), QStringList());
+            QCOMPARE(report.lines(), QStringList());
             QCOMPARE(filesBelow(iceFolder()), (QStringList{"gfx/bg1.bmp", "gfx/bg2.bmp",
                                                            "snd/drop.wav"}));
             QCOMPARE(readFile(iceFolder() + "snd/drop.wav"), QByteArray("content of snd/drop.wav"));
         } else {
-            QCOMPARE(dialogs.messageLines(),
+            QCOMPARE(report.lines(),
                      QStringList{errorLine(package, "The password is wrong or missing for gfx/bg1.bmp.")});
             QCOMPARE(filesBelow(iceFolder()), QStringList{"gfx/bg1.bmp"});
             QCOMPARE(readFile(iceFolder() + "gfx/bg1.bmp"), QByteArray("old frame"));
@@ -599,11 +599,10 @@ private slots:
         const QString package = packedPackage({PackageEncryption::Traditional, "s3cret"});
         ScriptedDialogs dialogs;
         dialogs.inputs.enqueue(std::nullopt);
-        extractResourcePackage(package, dialogs);
+        QCOMPARE(extractResourcePackage(package, dialogs).problems.size(), 1);
         dialogs.inputs.enqueue("s3cret");
-        extractResourcePackage(package, dialogs);
+        QCOMPARE(extractResourcePackage(package, dialogs).problems.size(), 0);
         QCOMPARE(dialogs.inputPrompts.size(), 2);
-        QCOMPARE(dialogs.messages.size(), 1);
         QCOMPARE(filesBelow(iceFolder()).size(), 3);
     }
 };

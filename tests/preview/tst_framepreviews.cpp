@@ -1,4 +1,3 @@
-#include "common/scripteddialogs.h"
 #include "document/themedocument.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
@@ -41,7 +40,7 @@ class FramePreviewsTest : public QObject
 
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<ThemeDocument> m_doc;
-    std::unique_ptr<ScriptedDialogs> m_dialogs;
+    Report m_report; // everything the previews started in this test reported
     std::unique_ptr<LoadingSurface> m_loading;
     std::unique_ptr<FramePreviews> m_engine;
     quint32 m_now = 0;
@@ -92,15 +91,17 @@ class FramePreviewsTest : public QObject
     }
 
 private slots:
+    void startPreview(int element) { m_report.append(m_engine->startFramePreview(element)); }
+
     void init()
     {
         m_dir = std::make_unique<QTemporaryDir>();
         QVERIFY(m_dir->isValid());
         m_doc = std::make_unique<ThemeDocument>();
         m_doc->resetTheme();
-        m_dialogs = std::make_unique<ScriptedDialogs>();
         m_loading = std::make_unique<LoadingSurface>();
-        m_engine = std::make_unique<FramePreviews>(*m_doc, *m_dialogs, *m_loading);
+        m_engine = std::make_unique<FramePreviews>(*m_doc, *m_loading);
+        m_report = {};
         m_now = 123456;
         m_engine->setClock([this] { return m_now; });
     }
@@ -156,11 +157,11 @@ private slots:
         makeFrames("bg", 3, {192, 352});
         configure(ElementBackground, image.contains(u'.') ? path(image) : image, {frames, start, delay});
         m_doc->setNumber(u"bganimated", animated);
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
 
-        QCOMPARE(m_dialogs->messageLines(), message.isEmpty() ? QStringList() : QStringList{message});
+        QCOMPARE(m_report.lines(), message.isEmpty() ? QStringList() : QStringList{message});
         if (!message.isEmpty())
-            QCOMPARE(m_dialogs->messages.first().icon, Dialogs::Icon::Critical);
+            QCOMPARE(m_report.problems.first().severity, Problem::Severity::Error);
         QCOMPARE(m_engine->timer(ElementBackground)->isActive(), starts);
         QCOMPARE(m_engine->strip(ElementBackground).isNull(), !starts);
     }
@@ -169,16 +170,16 @@ private slots:
     {
         makeFrames("bg", 5, {192, 352});
         configure(ElementBackground, path("bg1.bmp"));
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
         QCOMPARE(play(ElementBackground, 3), (QList<int>{1, 2, 3}));
 
         m_doc->setText(u"bgframecount", QStringLiteral("0"));
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
         m_doc->setText(u"bgframecount", QStringLiteral("5"));
         m_doc->setText(u"bgimage", QStringLiteral("nodot"));
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
 
-        QCOMPARE(m_dialogs->messages.size(), 1);
+        QCOMPARE(m_report.problems.size(), 1);
         QVERIFY(m_engine->timer(ElementBackground)->isActive());
         QCOMPARE(play(ElementBackground, 3), (QList<int>{4, 5, 1}));
     }
@@ -187,7 +188,7 @@ private slots:
     {
         makeFrames("bg", 3, {192, 352});
         configure(ElementBackground, path("bg1.bmp"), {"3"});
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
 
         const QImage &strip = m_engine->strip(ElementBackground);
         QCOMPARE(strip.size(), QSize(192, 3 * 352));
@@ -200,7 +201,7 @@ private slots:
         makeFrames("Pack/Anim0", 10, {96, 80});
         m_doc->setPackageFolder(m_dir->path() + u'/', QStringLiteral("Pack"));
         configure(ElementBlocks, QStringLiteral("pack\\anim01.BMP"), {"10"});
-        m_engine->startFramePreview(ElementBlocks);
+        startPreview(ElementBlocks);
 
         for (int slot = 0; slot < 10; ++slot)
             QCOMPARE(slotColor(ElementBlocks, slot), slot + 1);
@@ -212,7 +213,7 @@ private slots:
         writeFrame(path("last.bmp"), frameColor(9), {192, 352});
         QVERIFY(m_loading->load(path("last.bmp")));
         configure(ElementBackground, path("my.themes/bg1.bmp"), {"2"});
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
 
         QCOMPARE(slotColor(ElementBackground, 0), 9);
         QCOMPARE(slotColor(ElementBackground, 1), 9);
@@ -249,7 +250,7 @@ private slots:
         for (int n : files)
             writeFrame(path(QStringLiteral("f%1.bmp").arg(n)), frameColor(n), e.frame);
         configure(element, path("f1.bmp"), {frames});
-        m_engine->startFramePreview(element);
+        startPreview(element);
 
         QCOMPARE(m_engine->strip(element).height(), stripHeight);
         QList<int> found;
@@ -257,7 +258,7 @@ private slots:
             found << slotColor(element, slot);
         QCOMPARE(found, expectedSlots);
         QVERIFY(m_engine->timer(element)->isActive());
-        QVERIFY(m_dialogs->messages.isEmpty());
+        QVERIFY(m_report.problems.isEmpty());
         if (files.size() < 4)
             QCOMPARE(frameOfPixel(m_loading->picture().pixel(0, 0)), files.last());
     }
@@ -267,7 +268,7 @@ private slots:
         writeFrame(path("sw1.bmp"), frameColor(1), {300, 40}); // larger: cut
         writeFrame(path("sw2.bmp"), frameColor(2), {100, 10}); // smaller: rest cleared
         configure(ElementSpecialWindow, path("sw1.bmp"), {"2"});
-        m_engine->startFramePreview(ElementSpecialWindow);
+        startPreview(ElementSpecialWindow);
 
         const QImage &strip = m_engine->strip(ElementSpecialWindow);
         QCOMPARE(strip.size(), QSize(161, 34));
@@ -287,7 +288,7 @@ private slots:
         makeFrames("ex", 4, {192, 64});
         makeFrames("bo", 4, {192, 64}, "png");
         configure(ElementExplosion, path("ex1.bmp"), {"4"});
-        m_engine->startFramePreview(ElementExplosion);
+        startPreview(ElementExplosion);
         QCOMPARE(progress.events, (QStringList{"begin Explosion 4", "end"}));
         m_engine->setClock([this] { return m_now; });
         QCOMPARE(play(ElementExplosion, 2), (QList<int>{1, 2}));
@@ -295,7 +296,7 @@ private slots:
         progress.cancelAt = 3;
         m_engine->setClock(slowClock);
         configure(ElementBomb, path("bo1.png"), {"4"});
-        m_engine->startFramePreview(ElementBomb);
+        startPreview(ElementBomb);
 
         QCOMPARE(progress.events.size(), 4);
         QVERIFY(!m_engine->timer(ElementBomb)->isActive());
@@ -348,7 +349,7 @@ private slots:
         const AnimatedElement &e = animatedElements[element];
         makeFrames("f", frames.toInt(), e.frame);
         configure(element, path("f1.bmp"), {frames, start, "10", reverse});
-        m_engine->startFramePreview(element);
+        startPreview(element);
         m_now = firstTick - step;
         QCOMPARE(play(element, int(expected.size()), step), expected);
     }
@@ -357,11 +358,11 @@ private slots:
     {
         makeFrames("bg", 1, {192, 352});
         configure(ElementBackground, path("bg1.bmp"), {"1"});
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
         play(ElementBackground, 1);
         makeFrames("ibg", 3, {96, 176});
         configure(ElementInternetBackground, path("ibg1.bmp"), {"3", "1", "10", true});
-        m_engine->startFramePreview(ElementInternetBackground);
+        startPreview(ElementInternetBackground);
 
         QCOMPARE(play(ElementInternetBackground, 4), (QList<int>{3, 2, 1, 3}));
         const QImage surface = m_engine->surfaceImage(ElementBackground);
@@ -376,11 +377,11 @@ private slots:
         // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
         makeFrames("bg", 2, {192, 352});
         configure(ElementBackground, path("bg1.bmp"), {"1.5", "2"});
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
         QCOMPARE(play(ElementBackground, 2), (QList<int>{2, 2}));
         makeFrames("ibg", 3, {96, 176});
         configure(ElementInternetBackground, path("ibg1.bmp"), {"3"});
-        m_engine->startFramePreview(ElementInternetBackground);
+        startPreview(ElementInternetBackground);
 
         for (int expected : {1, 2, 3, 1, 2}) {
             play(ElementInternetBackground, 1);
@@ -396,7 +397,7 @@ private slots:
     {
         makeFrames("bomb", 2, {192, 64});
         configure(ElementBomb, path("bomb1.bmp"), {"2"});
-        m_engine->startFramePreview(ElementBomb);
+        startPreview(ElementBomb);
 
         QCOMPARE(play(ElementBomb, 3), (QList<int>{1, 2, 1}));
         QCOMPARE(m_engine->surfaceImage(ElementBomb).size(), QSize(64, 64));
@@ -406,7 +407,7 @@ private slots:
     {
         makeFrames("bg", 5, {192, 352});
         configure(ElementBackground, path("bg1.bmp"), {"5", "2"});
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
         QCOMPARE(play(ElementBackground, 5, 5), (QList<int>{2, 3, 3, 3, 4}));
         // Frame 4 is on screen and has not yet stayed its delay.
         m_doc->setText(u"bgframecount", QStringLiteral("3"));
@@ -417,7 +418,7 @@ private slots:
     {
         makeFrames("bg", 5, {192, 352});
         configure(ElementBackground, path("bg1.bmp"), {"5", "1", "10"});
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
         QCOMPARE(play(ElementBackground, 2, 5), (QList<int>{1, 2}));
 
         m_doc->setText(u"bgframecount", QStringLiteral("five"));
@@ -425,14 +426,14 @@ private slots:
         m_doc->setText(u"bgstartingframe", QStringLiteral("?"));
         QCOMPARE(play(ElementBackground, 6, 5), (QList<int>{2, 2, 3, 3, 3, 4}));
         QCOMPARE(play(ElementBackground, 3, 11), (QList<int>{4, 5, 1}));
-        QVERIFY(m_dialogs->messages.isEmpty());
+        QVERIFY(m_report.problems.isEmpty());
     }
 
     void uncheckingAnimatedShowsFirstSlot()
     {
         makeFrames("blk", 5, {96, 80});
         configure(ElementBlocks, path("blk1.bmp"), {"5", "2"});
-        m_engine->startFramePreview(ElementBlocks);
+        startPreview(ElementBlocks);
         QCOMPARE(play(ElementBlocks, 2), (QList<int>{2, 3}));
 
         m_doc->setNumber(u"animateblocks", 0);
@@ -445,7 +446,7 @@ private slots:
     {
         makeFrames("blk", 3, {96, 80});
         configure(ElementBlocks, path("blk1.bmp"), {"3", "7"});
-        m_engine->startFramePreview(ElementBlocks);
+        startPreview(ElementBlocks);
         QCOMPARE(play(ElementBlocks, 3), (QList<int>{0, 0, 0}));
 
         m_doc->setNumber(u"blkreverseanimation", 1); // 3 - 7: a negative slot
@@ -456,7 +457,7 @@ private slots:
     {
         makeFrames("bg", 3, {192, 352});
         configure(ElementBackground, path("bg1.bmp"), {"3", "1", "100"});
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
         QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
 
         play(ElementBackground, 1);
@@ -478,7 +479,7 @@ private slots:
         QFETCH(int, rebuilt);
         makeFrames("bg", 2, {192, 352});
         configure(ElementBackground, path("bg1.bmp"), {"2"});
-        m_engine->startFramePreview(ElementBackground);
+        startPreview(ElementBackground);
         play(ElementBackground, 2);
         const QImage kept = m_engine->surfaceImage(ElementBackground); // as a window keeps it
         const QImage &oldStrip = m_engine->strip(ElementBackground);
@@ -490,7 +491,7 @@ private slots:
                        animatedElements[rebuilt].frame);
         configure(rebuilt, path("new1.bmp"), {"2"});
         QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
-        m_engine->startFramePreview(rebuilt);
+        startPreview(rebuilt);
 
         QCOMPARE(frameOfPixel(kept.pixel(0, 0)), 2);
         QCOMPARE(frameOfPixel(m_engine->strip(ElementBackground).pixel(0, 0)), 5);
@@ -510,7 +511,7 @@ private slots:
         m_engine->attachTimer(ElementNextBlock, &windowTimer);
         makeFrames("nx", 2, {77, 77});
         configure(ElementNextBlock, path("nx1.bmp"), {"2"});
-        m_engine->startFramePreview(ElementNextBlock);
+        startPreview(ElementNextBlock);
 
         QVERIFY(windowTimer.isActive());
         QCOMPARE(windowTimer.interval(), 1);
@@ -526,8 +527,8 @@ private slots:
         makeFrames("ex", 2, {192, 64});
         configure(ElementBackground, path("bg1.bmp"), {"2"});
         configure(ElementExplosion, path("ex1.bmp"), {"2"});
-        m_engine->startFramePreview(ElementBackground);
-        m_engine->startFramePreview(ElementExplosion);
+        startPreview(ElementBackground);
+        startPreview(ElementExplosion);
         play(ElementBackground, 1);
         QVERIFY(m_engine->timer(ElementExplosion)->isActive());
 

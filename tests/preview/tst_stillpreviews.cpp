@@ -55,9 +55,8 @@ void StillPreviewsTest::interfaceScreenIsShown()
     writeFrame(path("t/theme.bmp"), frameColor(4), {640, 480});
     m_doc->setText(u"ifacethemes", path("t/theme.bmp"));
     QSignalSpy spy(m_stills.get(), &StillPreviews::interfacePictureChanged);
-    m_stills->showInterfaceScreenPreview(2);
+    QVERIFY(m_stills->showInterfaceScreenPreview(2).isEmpty());
 
-    QVERIFY(m_dialogs->messages.isEmpty());
     QCOMPARE(spy.size(), 1);
     QCOMPARE(m_stills->interfacePicture().size(), QSize(640, 480));
     QCOMPARE(frameOfPixel(m_stills->interfacePicture().pixel(639, 479)), 4);
@@ -68,9 +67,7 @@ void StillPreviewsTest::interfaceScreenFoundInPackage()
     writeFrame(path("pack/Screens/Chat.bmp"), frameColor(5), {10, 10});
     m_doc->setPackageFolder(path("pack") + u'/', QStringLiteral("pack\\"));
     m_doc->setText(u"ifacechat", QStringLiteral("screens\\chat.bmp"));
-    m_stills->showInterfaceScreenPreview(4);
-
-    QVERIFY(m_dialogs->messages.isEmpty());
+    QVERIFY(m_stills->showInterfaceScreenPreview(4).isEmpty());
     QCOMPARE(frameOfPixel(m_stills->interfacePicture().pixel(0, 0)), 5);
 }
 
@@ -83,9 +80,7 @@ void StillPreviewsTest::emptyInterfaceTextEmptiesTheDisplay()
 
     m_doc->setText(u"ifacemain", QString());
     QSignalSpy spy(m_stills.get(), &StillPreviews::interfacePictureChanged);
-    m_stills->showInterfaceScreenPreview(0);
-
-    QVERIFY(m_dialogs->messages.isEmpty());
+    QVERIFY(m_stills->showInterfaceScreenPreview(0).isEmpty());
     QCOMPARE(spy.size(), 1);
     QVERIFY(m_stills->interfacePicture().isNull());
     QVERIFY(m_loading->picture().isNull());
@@ -117,15 +112,14 @@ void StillPreviewsTest::unloadableInterfaceScreenIsReported()
     }
     writeFrame(path("menu.bmp"), frameColor(3), {8, 8});
     m_doc->setText(u"ifacemenu", path("menu.bmp"));
-    m_stills->showInterfaceScreenPreview(8);
+    QVERIFY(m_stills->showInterfaceScreenPreview(8).isEmpty());
 
     m_doc->setPackageFolder(folder, QString());
     m_doc->setText(u"ifaceinet", text);
-    m_stills->showInterfaceScreenPreview(9);
+    const Report report = m_stills->showInterfaceScreenPreview(9);
 
-    QCOMPARE(m_dialogs->messageLines(),
-             QStringList{QStringLiteral("Error: Unable to load image: ") + folder + text});
-    QCOMPARE(m_dialogs->messages.first().icon, Dialogs::Icon::Critical);
+    QCOMPARE(report.lines(), QStringList{QStringLiteral("Error: Unable to load image: ") + folder + text});
+    QCOMPARE(report.problems.first().severity, Problem::Severity::Error);
     QCOMPARE(frameOfPixel(m_stills->interfacePicture().pixel(0, 0)), 3);
 }
 
@@ -136,14 +130,13 @@ void StillPreviewsTest::missingMiscImageShowsLastLoadedFrame()
     m_doc->setNumber(u"bganimated", 1);
     m_doc->setText(u"bgimage", path("bg1.bmp"));
     m_doc->setText(u"bgframecount", QStringLiteral("2"));
-    FramePreviews frames(*m_doc, *m_dialogs, *m_loading);
-    frames.startFramePreview(ElementBackground);
+    FramePreviews frames(*m_doc, *m_loading);
+    QVERIFY(frames.startFramePreview(ElementBackground).isEmpty());
 
     m_doc->setText(u"warning", path("warning.bmp"));
     QSignalSpy spy(m_stills.get(), &StillPreviews::miscPictureChanged);
     m_stills->showMiscImagePreview(6);
 
-    QVERIFY(m_dialogs->messages.isEmpty());
     QCOMPARE(spy.size(), 1);
     QCOMPARE(frameOfPixel(m_stills->miscPicture().pixel(0, 0)), 2);
 }

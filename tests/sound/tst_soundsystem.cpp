@@ -1,4 +1,3 @@
-#include "common/scripteddialogs.h"
 #include "common/pathlookup.h"
 #include "common/diskaudiocapture.h"
 #include "sound/musicformat.h"
@@ -154,13 +153,20 @@ class SoundSystemTest : public QObject
     int m_run = 0;
     std::unique_ptr<DiskAudioCapture> m_capture;
     std::unique_ptr<SoundSystem> m_sound;
-    ScriptedDialogs m_dialogs;
+    Report m_report; // everything the sound system reported in this test
+
+    bool initSound(const EditorConfig &settings)
+    {
+        m_report.append(m_sound->initSound(settings));
+        return m_sound->soundAvailable();
+    }
+    void openMusic(const QString &path) { m_report.append(m_sound->openMusic(path)); }
 
     QString file(const QString &name) const { return m_dir.filePath(name); }
 
     bool start(const EditorConfig &settings = config())
     {
-        return m_sound->initSound(settings, m_dialogs) && m_dialogs.messages.isEmpty();
+        return initSound(settings) && m_report.isEmpty();
     }
 
     /** Starts sound and plays \a path as music; false when sound would not start. */
@@ -168,7 +174,7 @@ class SoundSystemTest : public QObject
     {
         if (!start(settings))
             return false;
-        m_sound->openMusic(path, m_dialogs);
+        openMusic(path);
         m_sound->playMusic();
         return true;
     }
@@ -207,7 +213,7 @@ private slots:
 
     void init()
     {
-        m_dialogs = ScriptedDialogs();
+        m_report = {};
         m_capture = std::make_unique<DiskAudioCapture>(file(QStringLiteral("out%1.raw").arg(++m_run)));
         m_sound = std::make_unique<SoundSystem>();
     }
@@ -291,10 +297,10 @@ private slots:
         QVERIFY(!m_sound->musicHandle());
 
         const qint64 freedAt = m_capture->frameCount();
-        m_sound->openMusic(path, m_dialogs);
+        openMusic(path);
         m_sound->playMusic();
         QVERIFY(heard(freedAt));
-        QCOMPARE(m_dialogs.messageLines(), QStringList());
+        QCOMPARE(m_report.lines(), QStringList());
     }
 
     void openingOtherMusicStopsCurrent()
@@ -302,7 +308,7 @@ private slots:
         QVERIFY(playMusic(file("tune.mod")));
         QVERIFY(heard());
 
-        m_sound->openMusic(file("tone.wav"), m_dialogs);
+        openMusic(file("tone.wav"));
         QVERIFY(!m_sound->musicPlaying());
         QVERIFY(m_sound->musicIsStream());
         QVERIFY(silentAfter(m_capture->frameCount()));
@@ -366,12 +372,12 @@ private slots:
             QVERIFY(writeFile(path, content));
         QVERIFY(start());
 
-        m_sound->openMusic(path, m_dialogs);
-        QCOMPARE(m_dialogs.messages.size(), 1);
-        const ScriptedDialogs::Message message = m_dialogs.messages.first();
-        QCOMPARE(message.title, QString("Error"));
+        openMusic(path);
+        QCOMPARE(m_report.problems.size(), 1);
+        const Problem message = m_report.problems.first();
+        QCOMPARE(message.shownTitle(), QString("Error"));
         QCOMPARE(message.text, "Error while opening sound\r\n" + reason);
-        QCOMPARE(message.icon, Dialogs::Icon::Critical);
+        QCOMPARE(message.severity, Problem::Severity::Error);
         QVERIFY(!m_sound->musicHandle());
         m_sound->playMusic();
         QVERIFY(!m_sound->musicPlaying());
@@ -399,7 +405,7 @@ private slots:
         QVERIFY(start());
         m_sound->playWaveFile(path);
         QVERIFY(heard());
-        QCOMPARE(m_dialogs.messageLines(), QStringList());
+        QCOMPARE(m_report.lines(), QStringList());
     }
 
     void newWaveReplacesPlayingOne()
@@ -419,7 +425,7 @@ private slots:
         m_sound->playWaveFile(file("notes.txt"));
         QVERIFY(m_capture->waitForFrames(rate / 2, hearingTimeoutMs));
         QCOMPARE(DiskAudioCapture::peak(m_capture->samples()), 0);
-        QCOMPARE(m_dialogs.messageLines(), QStringList());
+        QCOMPARE(m_report.lines(), QStringList());
 
         m_sound->playWaveFile(file("blip.wav"));
         QVERIFY(heard());
@@ -427,10 +433,10 @@ private slots:
 
     void wavesPlayWithoutMixer()
     {
-        QVERIFY(!m_sound->initSound(config(1), m_dialogs));
+        QVERIFY(!initSound(config(1)));
         m_sound->playWaveFile(file("blip.wav"));
         QVERIFY(heard());
-        QCOMPARE(m_dialogs.messages.size(), 1); // only the failed start-up
+        QCOMPARE(m_report.problems.size(), 1); // only the failed start-up
         QVERIFY(!m_sound->soundAvailable());
     }
 
@@ -456,7 +462,7 @@ private slots:
             QVERIFY(m_capture->waitForFrames(rate, hearingTimeoutMs));
             QCOMPARE(DiskAudioCapture::peak(m_capture->samples()), 0);
         }
-        QCOMPARE(m_dialogs.messageLines(), QStringList());
+        QCOMPARE(m_report.lines(), QStringList());
     }
 
     void signalsAreLeftToTheProgram()
@@ -488,18 +494,18 @@ private slots:
         QFETCH(QByteArray, driver);
         const auto driverChoice = scopedEnvironment("SDL_AUDIODRIVER", driver);
 
-        QVERIFY(!m_sound->initSound(settings, m_dialogs));
-        QCOMPARE(m_dialogs.messageLines(), QStringList{"ERROR: Could not initialize sound/music subsystem!"});
-        QCOMPARE(m_dialogs.messages.first().icon, Dialogs::Icon::Critical);
+        QVERIFY(!initSound(settings));
+        QCOMPARE(m_report.lines(), QStringList{"ERROR: Could not initialize sound/music subsystem!"});
+        QCOMPARE(m_report.problems.first().severity, Problem::Severity::Error);
         QVERIFY(!m_sound->soundAvailable());
 
         // Without sound every music operation is a quiet no-op.
-        m_sound->openMusic(file("tone.wav"), m_dialogs);
-        m_sound->openMusic(file("missing.ogg"), m_dialogs);
+        openMusic(file("tone.wav"));
+        openMusic(file("missing.ogg"));
         m_sound->playMusic();
         QVERIFY(!m_sound->musicHandle());
         QVERIFY(!m_sound->musicPlaying());
-        QCOMPARE(m_dialogs.messages.size(), 1);
+        QCOMPARE(m_report.problems.size(), 1);
     }
 };
 

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "common/dialogs.h"
+#include "common/report.h"
+
+/** The editor's dialogs: the core's questions, and the boxes that tell what a command reported. */
+class EditorDialogs : public Dialogs
+{
+public:
+    /** One OK box per problem, in order: a critical icon for errors, the information icon otherwise. */
+    virtual void show(const Report &report) = 0;
+};
