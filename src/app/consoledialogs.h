@@ -6,12 +6,14 @@
 
 /**
  * Dialogs for the command line: the password question is answered from --password once, else
- * asked on a terminal, else left unanswered; nobody can answer the others, so they are cancelled.
+ * asked on a terminal, else left unanswered; the save dialog is answered with -o; nobody can
+ * answer the others, so they are cancelled.
  */
 class ConsoleDialogs : public Dialogs
 {
 public:
     std::optional<QString> password;
+    QString saveName;
 
     /** Prints every problem to stderr as "TITLE: TEXT", each line break a new line. */
     static void print(const Report &report);
@@ -19,7 +21,7 @@ public:
     Answer askYesNoCancel(const QString &, const QString &) override { return Answer::Cancel; }
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
     QString openFileName(const QString &, const QString &) override { return {}; }
-    QString saveFileName(const QString &) override { return {}; }
+    QString saveFileName(const QString &) override { return saveName; }
     std::optional<quint32> chooseColor() override { return std::nullopt; }
 
 private:

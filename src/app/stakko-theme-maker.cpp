@@ -3,11 +3,11 @@
 // at the screen's resolution and again at 144 DPI, and exits.
 
 #include "common/safefile.h"
+#include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/themerecovery.h"
 #include "editor/buttonbinding.h"
 #include "editor/editordialogs.h"
-#include "editor/filecommands.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/qtdialogs.h"
@@ -212,20 +212,20 @@ int main(int argc, char *argv[])
     onTriggered("mnuLoadTheme", [&commands] { commands.loadTheme(); });
     onTriggered("mnuSaveTheme", [&commands] { commands.saveTheme(); });
     onTriggered("mnuSaveAs", [&commands] { commands.saveAs(); });
-    const auto endEditor = [&commands, &window, &dialogs] {
-        commands.setEditorConfig(window.editorConfig());
+
+    // The sound settings are read now and written back at the end; the mixer opens once the
+    // window is on screen, so a failure message stands over the editor, not an empty desktop.
+    EditorConfig config;
+    readEditorConfig(config, editorConfigReadPath());
+    SoundSystem sound;
+    const auto endEditor = [&] {
         const bool ending = commands.exitRequested();
         dialogs.show(commands.takeReport());
+        if (ending)
+            dialogs.show(sound.shutDown(config, editorConfigWritePath()));
         return ending;
     };
     window.setCloseGuard(endEditor);
-
-    // Start-up reads the configuration; the mixer opens once the window is on screen, so a
-    // failure message stands over the editor rather than over an empty desktop.
-    SoundSystem sound;
-    std::optional<EditorConfig> soundConfig;
-    window.setInitSound([&soundConfig](const EditorConfig &config) { soundConfig = config; });
-    commands.setCloseSound([&sound] { sound.closeSound(); });
     new PreviewBinding(window, doc, dialogs);
     new ButtonBinding(window, doc, dialogs, sound, commands);
 
@@ -275,8 +275,7 @@ int main(int argc, char *argv[])
         auto *ending = new ShutdownSignals(&window);
         QObject::connect(ending, &ShutdownSignals::received, &window, endBySystem, Qt::SingleShotConnection);
         // A message below may be waiting when the system ends the editor; the rest is then skipped.
-        if (soundConfig)
-            dialogs.show(sound.initSound(*soundConfig));
+        dialogs.show(sound.initSound(config));
         if (!endedBySystem)
             dialogs.show(ThemeRecovery().announce());
         if (!endedBySystem && !themePath.isEmpty()) {

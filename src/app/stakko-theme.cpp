@@ -4,6 +4,7 @@
 
 #include "common/ansitext.h"
 #include "document/description.h"
+#include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"
@@ -153,30 +154,13 @@ void requireArguments(const Options &o, qsizetype least, qsizetype most)
         throw UsageError{QStringLiteral("wrong number of arguments for %1").arg(o.command)};
 }
 
-/** The editor's start-up state followed by its Load command, whose report is printed. */
-LoadReport startAndLoad(ThemeDocument &doc, const QString &path, Dialogs &dialogs, const ExtractOptions &extract)
+/** The editor's Save (or Save As, answered by -o); what went wrong is printed. */
+bool save(FileCommands &commands, bool saveAs)
 {
-    doc.resetTheme();
-    doc.setDirty(false);
-    const LoadReport report = loadThemeFile(doc, path, dialogs, extract);
-    doc.setCurrentThemeFile(path);
+    saveAs ? commands.saveAs() : commands.saveTheme();
+    const Report report = commands.takeReport();
     ConsoleDialogs::print(report);
-    return report;
-}
-
-int statusOf(const Report &report)
-{
-    return report.hasErrors() ? ExitError : ExitOk;
-}
-
-int write(const ThemeDocument &doc, const QString &path)
-{
-    QString error;
-    if (!writeThemeFile(doc, path, &error)) {
-        std::fprintf(stderr, "Error: %s\n", qUtf8Printable(error));
-        return ExitError;
-    }
-    return ExitOk;
+    return !report.hasErrors();
 }
 
 QByteArray jsonText(const QJsonValue &value)
@@ -220,56 +204,63 @@ QByteArray dumpJson(const ThemeDocument &doc)
 int run(const Options &o, ConsoleDialogs &dialogs)
 {
     ThemeDocument doc;
+    setStartUpState(doc);
+    FileCommands commands(doc, dialogs);
+    commands.setExtractOptions(o.extract);
+    dialogs.saveName = o.output;
+    // Every load problem counts, a package that did not unpack included.
+    bool clean = true;
+    const auto load = [&](const QString &path) {
+        commands.loadPath(path);
+        const Report report = commands.takeReport();
+        ConsoleDialogs::print(report);
+        clean = !report.hasErrors();
+        return commands.currentFileLoaded();
+    };
+    const auto status = [&] { return clean ? ExitOk : ExitError; };
 
     if (o.command == u"new") {
         requireArguments(o, 0, 0);
         if (o.output.isEmpty())
             throw UsageError{QStringLiteral("new needs -o OUT")};
-        doc.resetTheme();
-        doc.setDirty(false);
         applySets(doc, o);
-        return write(doc, o.output);
+        return save(commands, true) ? ExitOk : ExitError;
     }
     if (o.command == u"set") {
         requireArguments(o, 1, 1);
-        const LoadReport loaded = startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
-        if (!loaded.loaded) {
+        if (!load(o.positional.at(0))) {
             std::fprintf(stderr, "Error: %s did not load as a theme, so it was not written.\n",
                          qUtf8Printable(o.positional.at(0)));
             return ExitError;
         }
         applySets(doc, o);
-        const int written = write(doc, o.output.isEmpty() ? o.positional.at(0) : o.output);
-        return written != ExitOk ? written : statusOf(loaded);
+        return save(commands, !o.output.isEmpty()) ? status() : ExitError;
     }
     if (o.command == u"dump") {
         requireArguments(o, 1, 1);
-        const LoadReport loaded = startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
+        load(o.positional.at(0));
         const QByteArray json = dumpJson(doc);
         std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
-        return statusOf(loaded);
+        return status();
     }
     if (o.command == u"describe") {
         requireArguments(o, 0, 1);
-        doc.resetTheme();
-        doc.setDirty(false);
-        LoadReport loaded;
         if (!o.positional.isEmpty())
-            loaded = startAndLoad(doc, o.positional.at(0), dialogs, o.extract);
+            load(o.positional.at(0));
         QByteArray bytes;
         if (!AnsiText::encode(generateDescription(doc), &bytes)) {
             std::fprintf(stderr, "Error: the description holds characters a theme file cannot store\n");
             return ExitError;
         }
         std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
-        return statusOf(loaded);
+        return status();
     }
     if (o.command == u"unpack") {
         requireArguments(o, 1, 1);
         const UnpackReport unpacked = extractResourcePackage(o.positional.at(0), dialogs, o.extract);
         ConsoleDialogs::print(unpacked);
         std::printf("%s\n", qUtf8Printable(unpacked.location.folder));
-        return statusOf(unpacked);
+        return unpacked.hasErrors() ? ExitError : ExitOk;
     }
     if (o.command == u"pack") {
         if (o.output.isEmpty() || o.positional.isEmpty())

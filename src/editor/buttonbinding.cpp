@@ -4,7 +4,7 @@
 
 #include "document/themedocument.h"
 #include "editor/fieldbrowsing.h"
-#include "editor/filecommands.h"
+#include "document/filecommands.h"
 #include "editor/mainwindow.h"
 #include "sound/soundsystem.h"
 

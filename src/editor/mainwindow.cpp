@@ -1,6 +1,7 @@
 #include "editor/mainwindow.h"
 
 #include "document/description.h"
+#include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "editor/aboutwindow.h"
@@ -532,16 +533,8 @@ void MainWindow::startUp()
             fillSelector(combo, selector);
     }
 
-    m_doc.resetTheme();
-    m_doc.setDirty(false);
-    m_doc.setPackageFolder(QString(), QString());
-    m_doc.setMusicFolder(QString());
-
+    setStartUpState(m_doc);
     showPage(Page(qMax(0, m_tabs->currentIndex())));
-
-    readEditorConfig(m_config, editorConfigReadPath());
-    if (m_initSound)
-        m_initSound(m_config);
 }
 
 void MainWindow::showEvent(QShowEvent *event)

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "sound/editorconfig.h"
-
 #include <QMainWindow>
 #include <QPointer>
 
@@ -39,16 +37,10 @@ public:
     ThemeDocument &document() { return m_doc; }
 
     /**
-     * The start-up sequence: selectors filled and chosen, document reset, dirty flag and
-     * folders cleared, General page shown, editor configuration read, sound system opened
-     * through the initSound hook. Call once, before the window is first shown.
+     * The start-up sequence: selectors filled and chosen, the document in its start-up state,
+     * General page shown. Call once, before the window is first shown.
      */
     void startUp();
-
-    /** Called at the end of startUp() with the configuration just read. */
-    void setInitSound(std::function<void(const EditorConfig &)> hook) { m_initSound = std::move(hook); }
-    const EditorConfig &editorConfig() const { return m_config; }
-    EditorConfig &editorConfig() { return m_config; }
 
     /**
      * Asked on Exit and on every close request; false keeps the editor open. Without a
@@ -122,8 +114,6 @@ private:
     };
     QList<PendingControl> m_pending;
     QPointer<AboutWindow> m_about;
-    EditorConfig m_config;
-    std::function<void(const EditorConfig &)> m_initSound;
     std::function<bool()> m_closeGuard;
     bool m_showingField = false;
 };

@@ -186,6 +186,16 @@ Report SoundSystem::initSound(const EditorConfig &config)
     return report;
 }
 
+Report SoundSystem::shutDown(const EditorConfig &config, const QString &configPath)
+{
+    Report report;
+    closeSound();
+    QString error;
+    if (!writeEditorConfig(config, configPath, &error))
+        report.error(error, configPath);
+    return report;
+}
+
 bool SoundSystem::openMixer(const EditorConfig &config)
 {
     if (config.frequency < lowestFrequency || config.frequency > highestFrequency

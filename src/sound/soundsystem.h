@@ -34,6 +34,9 @@ public:
     /** Stops and frees the music and any wave sound, then releases the audio device. */
     void closeSound();
 
+    /** The editor's end: closes the sound, then writes \a config to \a configPath (skm.ini). */
+    Report shutDown(const EditorConfig &config, const QString &configPath);
+
     /** The music kind of \a path: false for module songs (MIDI and trackers) and whenever sound is unavailable. */
     bool isStreamFile(const QString &path) const;
 

@@ -1,7 +1,7 @@
 #include "common/scripteddialogs.h"
 #include "document/themedocument.h"
 #include "editor/buttonbinding.h"
-#include "editor/filecommands.h"
+#include "document/filecommands.h"
 #include "editor/mainwindow.h"
 #include "sound/soundsystem.h"
 

@@ -156,23 +156,6 @@ private slots:
         QVERIFY(runningTimers().isEmpty());
     }
 
-    void soundStartsOverAPreparedEditor()
-    {
-        ThemeDocument otherDoc;
-        otherDoc.setMusicFolder(QStringLiteral("C:\\music\\"));
-        MainWindow other(otherDoc);
-        int calls = 0;
-        other.setInitSound([&](const EditorConfig &config) {
-            ++calls;
-            QVERIFY(!otherDoc.isDirty());
-            QVERIFY(otherDoc.musicFolder().isEmpty());
-            QCOMPARE(other.currentPage(), MainWindow::Page::General);
-            QVERIFY(config.frequency > 0);
-        });
-        other.startUp();
-        QCOMPARE(calls, 1);
-    }
-
     void pageSwitching_data()
     {
         QTest::addColumn<int>("page");

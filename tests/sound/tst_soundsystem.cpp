@@ -431,6 +431,25 @@ private slots:
         QVERIFY(heard());
     }
 
+    void shutDownClosesSoundThenWritesSettings()
+    {
+        QVERIFY(start());
+        const QString ini = file("skm.ini");
+        QVERIFY(m_sound->shutDown({22050, 16, 2}, ini).isEmpty());
+        QVERIFY(!m_sound->soundAvailable());
+        EditorConfig back;
+        readEditorConfig(back, ini);
+        QCOMPARE(back.frequency, 22050);
+        QCOMPARE(back.numchannels, 16);
+        QCOMPARE(back.output, 2);
+
+        // A settings file that cannot be written is said; the sound is closed all the same.
+        QVERIFY(start());
+        const Report failed = m_sound->shutDown({22050, 16, 2}, file("missing/skm.ini"));
+        QCOMPARE(failed.problems.size(), 1);
+        QVERIFY(!m_sound->soundAvailable());
+    }
+
     void wavesPlayWithoutMixer()
     {
         QVERIFY(!initSound(config(1)));

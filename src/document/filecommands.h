@@ -1,13 +1,10 @@
 #pragma once
 
 #include "common/report.h"
-#include "sound/editorconfig.h"
+#include "package/resourcepackage.h"
 
 #include <QLatin1StringView>
 #include <QString>
-
-#include <functional>
-#include <optional>
 
 class Dialogs;
 class ThemeDocument;
@@ -15,10 +12,14 @@ class ThemeDocument;
 /** The one filter of the theme file dialogs. */
 inline constexpr QLatin1StringView themeFileFilter{"Stakko Theme File (*.skt)|*.skt|"};
 
+/** The state the editor starts in: a new theme, unchanged, with no package and no music folder. */
+void setStartUpState(ThemeDocument &doc);
+
 /**
- * The File menu's commands and the editor's shut-down, over one document and the dialogs that
- * ask the author. They alone clear the dirty flag; every command that would drop unsaved
- * changes first asks whether to save them, and a "Cancel" there leaves everything as it was.
+ * The File menu's commands and the guard of the editor's end, over one document and the dialogs
+ * that ask the author; the editor and the command line run the same ones. They alone clear the
+ * dirty flag; every command that would drop unsaved changes first asks whether to save them,
+ * and a "Cancel" there leaves everything as it was.
  */
 class FileCommands
 {
@@ -39,24 +40,22 @@ public:
     void loadTheme();
     /** Loads a theme named outside the dialogs (command line, drop); false when the author stopped it. */
     bool loadPath(const QString &path);
+    /** False while the current file is one that did not load as a theme: Save then asks for a file. */
+    bool currentFileLoaded() const { return m_currentFileLoaded; }
     /** Writes to the current file, or asks for one when there is none or it did not load. */
     void saveTheme();
     void saveAs();
     /**
-     * The guard of Exit and of closing the window. True when the editor may end: the sound is
-     * closed and skm.ini written by then. False leaves the editor running, nothing changed.
+     * The guard of Exit and of closing the window. True when the editor may end; false leaves
+     * the editor running, nothing changed.
      */
     bool exitRequested();
 
     /** What the commands found since the last call, for the editor to show; the list starts empty again. */
     Report takeReport();
 
-    /** Run at shut-down before skm.ini is written. */
-    void setCloseSound(std::function<void()> closeSound) { m_closeSound = std::move(closeSound); }
-    /** The settings written to skm.ini at shut-down; without them the file is left alone. */
-    void setEditorConfig(const EditorConfig &config) { m_config = config; }
-    /** Where skm.ini is written; editorConfigWritePath() unless set. */
-    void setEditorConfigPath(const QString &path) { m_configPath = path; }
+    /** The limits every load unpacks a package within. */
+    void setExtractOptions(const ExtractOptions &options) { m_extract = options; }
     /** The folder whose "data" folder the Load dialog opens in; the program's folder unless set. */
     void setProgramFolder(const QString &folder) { m_programFolder = folder; }
 
@@ -68,10 +67,8 @@ private:
 
     ThemeDocument &m_doc;
     Dialogs &m_dialogs;
-    std::function<void()> m_closeSound;
-    std::optional<EditorConfig> m_config;
-    QString m_configPath;
     QString m_programFolder;
     bool m_currentFileLoaded = true;   // false while the current file is one that failed to load
     Report m_report;
+    ExtractOptions m_extract;
 };

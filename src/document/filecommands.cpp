@@ -1,4 +1,4 @@
-#include "editor/filecommands.h"
+#include "document/filecommands.h"
 
 #include "common/dialogs.h"
 #include "document/themedocument.h"
@@ -10,6 +10,14 @@
 #include <QStandardPaths>
 
 #include <utility>
+
+void setStartUpState(ThemeDocument &doc)
+{
+    doc.resetTheme();
+    doc.setDirty(false);
+    doc.setPackageFolder(QString(), QString());
+    doc.setMusicFolder(QString());
+}
 
 FileCommands::FileCommands(ThemeDocument &doc, Dialogs &dialogs)
     : m_doc(doc)
@@ -86,7 +94,7 @@ bool FileCommands::loadPath(const QString &path)
 
 void FileCommands::load(const QString &path)
 {
-    const LoadReport report = loadThemeFile(m_doc, path, m_dialogs);
+    const LoadReport report = loadThemeFile(m_doc, path, m_dialogs, m_extract);
     m_currentFileLoaded = report.loaded;
     m_report.append(report);
     m_doc.setCurrentThemeFile(path);
@@ -113,14 +121,6 @@ bool FileCommands::exitRequested()
     if (!guard())
         return false;
     m_doc.setDirty(false);
-    if (m_closeSound)
-        m_closeSound();
-    if (m_config) {
-        const QString path = m_configPath.isEmpty() ? editorConfigWritePath() : m_configPath;
-        QString error;
-        if (!writeEditorConfig(*m_config, path, &error))
-            m_report.error(error, path);
-    }
     return true;
 }
 

@@ -1,19 +1,13 @@
 #include "common/scripteddialogs.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
-#include "editor/filecommands.h"
-#include "editor/qtdialogs.h"
+#include "document/filecommands.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 namespace {
 
@@ -34,32 +28,6 @@ bool writeFile(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-/** Runs \a act on the next file dialog once it is open, then closes it unless \a act did. */
-void onNextFileDialog(std::function<void(QFileDialog *)> act)
-{
-    auto *poll = new QTimer;
-    poll->setInterval(10);
-    QObject::connect(poll, &QTimer::timeout, [poll, act] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        poll->stop();
-        poll->deleteLater();
-        act(dialog);
-        if (dialog->isVisible())
-            dialog->reject();
-    });
-    poll->start();
-}
-
-/** Types \a name into the dialog's file name box and presses its accept button. */
-void typeAndAccept(QFileDialog *dialog, const QString &name)
-{
-    if (auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
-        edit->setText(name);
-    static_cast<QDialog *>(dialog)->accept();
 }
 
 } // namespace
@@ -135,10 +103,6 @@ private slots:
             dialogs.saveNames.enqueue(path(saveName));
         FileCommands commands(doc, dialogs);
         commands.setProgramFolder(m_dir.path());
-        commands.setEditorConfig({22050, 16, 2});
-        commands.setEditorConfigPath(path(QStringLiteral("skm.ini")));
-        bool soundClosed = false;
-        commands.setCloseSound([&] { soundClosed = true; });
 
         bool exitAllowed = false;
         switch (command) {
@@ -149,9 +113,8 @@ private slots:
 
         dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messageLines(), dirty ? QStringList{promptText} : QStringList());
-        if (dirty) {
+        if (dirty)
             QCOMPARE(dialogs.messages.first().kind, ScriptedDialogs::Kind::Question);
-        }
         // "Yes" always asks for a new file, even when the theme has one.
         QCOMPARE(dialogs.saveFilters, dirty && answer == Answer::Yes ? QStringList{themeFileFilter} : QStringList());
         QCOMPARE(contents(current), QByteArray("untouched"));
@@ -166,8 +129,6 @@ private slots:
             QCOMPARE(doc.currentThemeFile(), current);
             QVERIFY(dialogs.openFilters.isEmpty());
             QVERIFY(!exitAllowed);
-            QVERIFY(!soundClosed);
-            QVERIFY(!QFile::exists(path(QStringLiteral("skm.ini"))));
             return;
         }
 
@@ -184,8 +145,6 @@ private slots:
             break;
         case Command::Exit:
             QVERIFY(exitAllowed);
-            QVERIFY(soundClosed);
-            QVERIFY(QFile::exists(path(QStringLiteral("skm.ini"))));
             break;
         }
     }
@@ -386,88 +345,7 @@ private slots:
         QVERIFY(dialogs.openFilters.isEmpty());
     }
 
-    void exitClosesSoundThenWritesSettings()
-    {
-        const QString ini = path(QStringLiteral("skm.ini"));
-        ThemeDocument doc;
-        ScriptedDialogs dialogs;
-        FileCommands commands(doc, dialogs);
-        commands.setEditorConfig({22050, 16, 2});
-        commands.setEditorConfigPath(ini);
-        bool iniExistedAtClose = true;
-        commands.setCloseSound([&] { iniExistedAtClose = QFile::exists(ini); });
-
-        QVERIFY(commands.exitRequested());
-
-        QVERIFY(!iniExistedAtClose);
-        const QByteArray written = contents(ini);
-        QVERIFY(written.contains("frequency=22050\r\n"));
-        QVERIFY(written.contains("numchannels=16\r\n"));
-        QVERIFY(written.contains("output=2\r\n"));
-        dialogs.show(commands.takeReport());
-        QVERIFY(dialogs.messages.isEmpty());
-    }
-
-    void fileDialogsShareOneFolder()
-    {
-        QVERIFY(m_dir.mkpath(QStringLiteral("data")));
-        QVERIFY(m_dir.mkpath(QStringLiteral("art")));
-        const QString data = QDir::cleanPath(path(QStringLiteral("data")));
-        const QString art = QDir::cleanPath(path(QStringLiteral("art")));
-        ThemeDocument doc;
-        QtDialogs dialogs;
-        FileCommands commands(doc, dialogs);
-        commands.setProgramFolder(m_dir.path());
-        QStringList shownIn;
-        const auto record = [&](QFileDialog *d) { shownIn.append(QDir::cleanPath(d->directory().path())); };
-
-        onNextFileDialog(record);
-        QCOMPARE(commands.chooseThemeToLoad(), QString());
-        onNextFileDialog(record);
-        QVERIFY(!commands.saveThemeAs());
-        QCOMPARE(shownIn, (QStringList{data, data}));
-
-        // A dialog given a folder moves the shared one; a dialog given none opens where the
-        // author last chose a file.
-        onNextFileDialog([&](QFileDialog *d) {
-            record(d);
-            typeAndAccept(d, art + QStringLiteral("/bg1.bmp"));
-        });
-        QCOMPARE(dialogs.openFileName(QStringLiteral("Bitmap|*.bmp|"), art), art + QStringLiteral("/bg1.bmp"));
-        onNextFileDialog(record);
-        QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), QString()), QString());
-        QCOMPARE(shownIn, (QStringList{data, data, art, art}));
-    }
-
-    void saveDialogTakesTypedNameAsIs_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("exists");
-        QTest::newRow("no extension added") << "mytheme" << false;
-        QTest::newRow("existing file, no overwrite question") << "existing.skt" << true;
-    }
-
-    void saveDialogTakesTypedNameAsIs()
-    {
-        QFETCH(QString, typed);
-        QFETCH(bool, exists);
-        if (exists)
-            QVERIFY(writeFile(path(typed), "old"));
-        QtDialogs dialogs;
-        onNextFileDialog([](QFileDialog *) {});
-        QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), m_dir.path()), QString());
-
-        // An overwrite question would block the dialog: close it so the test fails instead.
-        QTimer::singleShot(3000, [] {
-            for (QWidget *w : QApplication::topLevelWidgets()) {
-                if (auto *dialog = qobject_cast<QDialog *>(w); dialog && dialog->isVisible())
-                    dialog->reject();
-            }
-        });
-        onNextFileDialog([&](QFileDialog *d) { typeAndAccept(d, typed); });
-        QCOMPARE(dialogs.saveFileName(QString(themeFileFilter)), path(typed));
-    }
 };
 
-QTEST_MAIN(FileCommandsTest)
+QTEST_GUILESS_MAIN(FileCommandsTest)
 #include "tst_filecommands.moc"

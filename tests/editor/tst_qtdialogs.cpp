@@ -1,0 +1,129 @@
+#include "document/filecommands.h"
+#include "document/themedocument.h"
+#include "editor/qtdialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+bool writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/** Runs \a act on the next file dialog once it is open, then closes it unless \a act did. */
+void onNextFileDialog(std::function<void(QFileDialog *)> act)
+{
+    auto *poll = new QTimer;
+    poll->setInterval(10);
+    QObject::connect(poll, &QTimer::timeout, [poll, act] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        poll->stop();
+        poll->deleteLater();
+        act(dialog);
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+    poll->start();
+}
+
+/** Types \a name into the dialog's file name box and presses its accept button. */
+void typeAndAccept(QFileDialog *dialog, const QString &name)
+{
+    if (auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
+        edit->setText(name);
+    static_cast<QDialog *>(dialog)->accept();
+}
+
+} // namespace
+
+class QtDialogsTest : public QObject
+{
+    Q_OBJECT
+
+    QString path(const QString &name) const { return m_dir.filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> m_dirOwner;
+    QDir m_dir;
+
+private slots:
+    void init()
+    {
+        m_dirOwner = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_dirOwner->isValid());
+        m_dir = QDir(m_dirOwner->path());
+    }
+
+    void fileDialogsShareOneFolder()
+    {
+        QVERIFY(m_dir.mkpath(QStringLiteral("data")));
+        QVERIFY(m_dir.mkpath(QStringLiteral("art")));
+        const QString data = QDir::cleanPath(path(QStringLiteral("data")));
+        const QString art = QDir::cleanPath(path(QStringLiteral("art")));
+        ThemeDocument doc;
+        QtDialogs dialogs;
+        FileCommands commands(doc, dialogs);
+        commands.setProgramFolder(m_dir.path());
+        QStringList shownIn;
+        const auto record = [&](QFileDialog *d) { shownIn.append(QDir::cleanPath(d->directory().path())); };
+
+        onNextFileDialog(record);
+        QCOMPARE(commands.chooseThemeToLoad(), QString());
+        onNextFileDialog(record);
+        QVERIFY(!commands.saveThemeAs());
+        QCOMPARE(shownIn, (QStringList{data, data}));
+
+        // A dialog given a folder moves the shared one; a dialog given none opens where the
+        // author last chose a file.
+        onNextFileDialog([&](QFileDialog *d) {
+            record(d);
+            typeAndAccept(d, art + QStringLiteral("/bg1.bmp"));
+        });
+        QCOMPARE(dialogs.openFileName(QStringLiteral("Bitmap|*.bmp|"), art), art + QStringLiteral("/bg1.bmp"));
+        onNextFileDialog(record);
+        QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), QString()), QString());
+        QCOMPARE(shownIn, (QStringList{data, data, art, art}));
+    }
+
+    void saveDialogTakesTypedNameAsIs_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("no extension added") << "mytheme" << false;
+        QTest::newRow("existing file, no overwrite question") << "existing.skt" << true;
+    }
+
+    void saveDialogTakesTypedNameAsIs()
+    {
+        QFETCH(QString, typed);
+        QFETCH(bool, exists);
+        if (exists)
+            QVERIFY(writeFile(path(typed), "old"));
+        QtDialogs dialogs;
+        onNextFileDialog([](QFileDialog *) {});
+        QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), m_dir.path()), QString());
+
+        // An overwrite question would block the dialog: close it so the test fails instead.
+        QTimer::singleShot(3000, [] {
+            for (QWidget *w : QApplication::topLevelWidgets()) {
+                if (auto *dialog = qobject_cast<QDialog *>(w); dialog && dialog->isVisible())
+                    dialog->reject();
+            }
+        });
+        onNextFileDialog([&](QFileDialog *d) { typeAndAccept(d, typed); });
+        QCOMPARE(dialogs.saveFileName(QString(themeFileFilter)), path(typed));
+    }
+};
+
+QTEST_MAIN(QtDialogsTest)
+#include "tst_qtdialogs.moc"
