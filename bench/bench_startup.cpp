@@ -4,7 +4,7 @@
 
 #include "document/themedocument.h"
 #include "editor/buttonbinding.h"
-#include "editor/filecommands.h"
+#include "document/filecommands.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/qtdialogs.h"

@@ -204,8 +204,7 @@ private slots:
         if (!dirtyAfter)
             QVERIFY(contents(doc.currentThemeFile()).contains("Ice Age"));
         QCOMPARE(m_dir.entryList({QStringLiteral("*.skt.skt"), QStringLiteral("mytheme.skt")}), QStringList());
-        dialogs.show(commands.takeReport());
-        QVERIFY(dialogs.messages.isEmpty());
+        QVERIFY(commands.takeReport().isEmpty());
     }
 
     void failedSaveKeepsChangesAndSaysWhy_data()
@@ -260,8 +259,7 @@ private slots:
         QCOMPARE(doc.number(u"themetype"), 0);
         // The loader's writes are edits like any other.
         QVERIFY(doc.isDirty());
-        dialogs.show(commands.takeReport());
-        QVERIFY(dialogs.messages.isEmpty());
+        QVERIFY(commands.takeReport().isEmpty());
     }
 
     void saveAfterFailedLoadAsksForAFile_data()
