@@ -2,7 +2,9 @@
 
 #include "common/pathlookup.h"
 
+#include <QFile>
 #include <QImageReader>
+#include <QtNumeric>
 
 // Readers that check the file's signature and refuse anything else, so naming one of them
 // can never turn a file of another format into a wrong picture.
@@ -11,24 +13,66 @@ static bool refusesOtherFormats(const QByteArray &format)
     return format == "bmp" || format == "jpeg" || format == "png" || format == "gif";
 }
 
+// Qt fills the rows a cut-off bitmap lacks with whatever memory held; such a file is no picture.
+static bool bitmapIsCut(QIODevice &in)
+{
+    const QByteArray head = in.peek(34);
+    const auto at = [&head](int offset, int size) {
+        quint32 value = 0;
+        for (int i = size - 1; i >= 0; --i)
+            value = value << 8 | quint8(head.at(offset + i));
+        return value;
+    };
+    if (head.size() < 26 || !head.startsWith("BM"))
+        return false; // the reader judges what is no bitmap at all
+    qint64 width = 0;
+    qint64 height = 0;
+    qint64 bitsPerPixel = 0;
+    quint32 compression = 0;
+    if (at(14, 4) == 12) { // the old OS/2 header
+        width = at(18, 2);
+        height = at(20, 2);
+        bitsPerPixel = at(24, 2);
+    } else if (head.size() == 34) {
+        width = qint32(at(18, 4));
+        height = qint32(at(22, 4));
+        bitsPerPixel = at(28, 2);
+        compression = at(30, 4);
+    }
+    // Run-length and embedded pictures end where their own data says.
+    if (compression != 0 && compression != 3 && compression != 6)
+        return false;
+    const qint64 row = (qAbs(width) * bitsPerPixel + 31) / 32 * 4;
+    qint64 pixels = 0;
+    if (qMulOverflow(row, qAbs(height), &pixels))
+        return true;
+    return in.size() - qint64(at(10, 4)) < pixels;
+}
+
 bool LoadingSurface::load(const QString &path)
 {
     if (path.isEmpty())
         return false;
-    // A folder or a missing file fails the reads below and keeps the previous picture.
-    const QString file = resolveThemePath(path);
+    // A folder or a missing file fails here and keeps the previous picture.
+    QFile in(resolveThemePath(path));
+    if (!in.open(QIODevice::ReadOnly))
+        return false;
     // Frames of a sequence share a format: reading with the last one skips asking every
     // reader installed whether it knows the content.
     if (refusesOtherFormats(m_lastFormat)) {
-        QImageReader reader(file, m_lastFormat);
+        QImageReader reader(&in, m_lastFormat);
         reader.setAutoDetectImageFormat(false);
-        if (reader.read(&m_scratch) && !m_scratch.isNull())
+        if (!(m_lastFormat == "bmp" && bitmapIsCut(in)) && reader.read(&m_scratch) && !m_scratch.isNull())
             return keepScratch(m_lastFormat);
+        if (!in.seek(0))
+            return false;
     }
-    QImageReader reader(file);
+    QImageReader reader(&in);
     // Authors rename files freely; trust the content over the extension.
     reader.setDecideFormatFromContent(true);
     const QByteArray format = reader.format();
+    if (format == "bmp" && bitmapIsCut(in))
+        return false;
     if (!reader.read(&m_scratch) || m_scratch.isNull())
         return false;
     return keepScratch(format);

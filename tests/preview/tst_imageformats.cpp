@@ -229,6 +229,8 @@ private slots:
         LoadingSurface surface;
         QVERIFY(surface.load(saved(dir, "good.bmp", bitmap(8, 0, twoRows("00000101")))));
         QVERIFY(!surface.load(saved(dir, "bad.bmp", bitmap(24, 0, twoRows("0000ff0000ffff0000ff0000")).left(40))));
+        // Cut inside the pixels: Qt would fill the missing rows with whatever memory held.
+        QVERIFY(!surface.load(saved(dir, "cut.bmp", bitmap(24, 0, twoRows("0000ff0000ffff0000ff0000")).chopped(6))));
         QVERIFY(!surface.load(dir.path()));
         QVERIFY(!surface.load(dir.filePath("none.bmp")));
         QCOMPARE(surface.picture().size(), QSize(4, 2));
