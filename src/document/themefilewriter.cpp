@@ -4,77 +4,10 @@
 
 #include "common/ansitext.h"
 #include "document/themedocument.h"
+#include "document/themesections.h"
 
 
 namespace {
-
-enum class Line { Always, IfNotEmpty, Print, Color };
-
-struct KeyLine {
-    const char *key;
-    Line rule = Line::Always;
-    const char *writtenOnlyAfter = nullptr; // switch written only when this image line was
-};
-
-struct Block {
-    const char *include;
-    const char *comment;
-    std::initializer_list<KeyLine> keys;
-};
-
-// Blocks in the order a Type 1 file holds them (the interface block stands before the banner).
-const Block interfaceBlock = {"includeinterface", "//Graphical User Interface",
-    {{"ifacemain", Line::IfNotEmpty}, {"ifaceoptions", Line::IfNotEmpty}, {"ifacechat", Line::IfNotEmpty},
-     {"ifaceconnect", Line::IfNotEmpty}, {"ifaceserver", Line::IfNotEmpty}, {"ifacethemes", Line::IfNotEmpty},
-     {"ifacemisc", Line::IfNotEmpty}, {"ifacehighscore", Line::IfNotEmpty}, {"ifaceinet", Line::IfNotEmpty},
-     {"ifacemenu", Line::IfNotEmpty}, {"ifacemenutransparent", Line::Always, "ifacemenu"}}};
-
-const Block type1Blocks[] = {
-    {"includebackground", "//Background",
-     {{"bganimated"}, {"bgfilename"}, {"bgextension"}, {"bgframecount"}, {"bgstartingframe"},
-      {"bgstillframe"}, {"bgreverseanimation"}, {"bgdelaybetweenframes"}}},
-    {"includeblocks", "//Blocks",
-     {{"animateblocks"}, {"animatespecials"}, {"animateinetblocks"}, {"animateinetspecials"},
-      {"blktransparency"}, {"blkfilename"}, {"blkextension"}, {"blkframecount"}, {"blkstartingframe"},
-      {"blkstillframe"}, {"blkreverseanimation"}, {"blkdelaybetweenframes"}}},
-    {"includeinetbackground", "//Internet Background",
-     {{"inetbganimated"}, {"inetbgfilename"}, {"inetbgextension"}, {"inetbgframecount"},
-      {"inetbgstartingframe"}, {"inetbgstillframe"}, {"inetbgreverseanimation"},
-      {"inetbgdelaybetweenframes"}}},
-    {"includespecialwindow", "//Special Window",
-     {{"specialwindowanimated"}, {"specialwindowfilename"}, {"specialwindowextension"},
-      {"specialwindowframecount"}, {"specialwindowstartingframe"}, {"specialwindowstillframe"},
-      {"specialwindowreverseanimation"}, {"specialwindowdelaybetweenframes"}}},
-    {"includenextwindow", "//Next Block Window",
-     {{"nextblkanimated"}, {"nextblkfilename"}, {"nextblkextension"}, {"nextblkframecount"},
-      {"nextblkstartingframe"}, {"nextblkstillframe"}, {"nextblkreverseanimation"},
-      {"nextblkdelaybetweenframes"}}},
-    {"includeexplosion", "//Block Explosion",
-     {{"explodetransparency", Line::Print}, {"explodefilename"}, {"explodefileextension"},
-      {"explodeframecount"}, {"explodedelaybetweenframes"}}},
-    {"includebomb", "//Block Bomb",
-     {{"Bombtransparency", Line::Print}, {"Bombfilename"}, {"bombfileextension"},
-      {"Bombframecount"}, {"Bombdelaybetweenframes"}}},
-    {"includemiscimages", "//Miscellaneous Images",
-     {{"door1", Line::IfNotEmpty}, {"door2", Line::IfNotEmpty}, {"internetdoor", Line::IfNotEmpty},
-      {"winimg", Line::IfNotEmpty}, {"wintransparent", Line::Always, "winimg"},
-      {"inetwinimg", Line::IfNotEmpty}, {"inetwintransparent", Line::Always, "inetwinimg"},
-      {"heightled", Line::IfNotEmpty}, {"warning", Line::IfNotEmpty}, {"teamfont", Line::IfNotEmpty}}},
-    {"includecolors", "//Colors",
-     {{"colortitle", Line::Color}, {"colorfields", Line::Color}, {"coloroptions", Line::Color},
-      {"colortheme", Line::Color}, {"colorserver", Line::Color}, {"colorconnect", Line::Color},
-      {"colorinternet", Line::Color}, {"colorhighscoretitle", Line::Color},
-      {"colorhighscorenormal", Line::Color}, {"colorhighscorefirst", Line::Color},
-      {"colorhighscoresecond", Line::Color}, {"colorhighscorethird", Line::Color}}},
-};
-
-const Block musicBlock = {"includemusic", "//Music", {{"midi", Line::IfNotEmpty}}};
-
-const Block soundsBlock = {"includesounds", "//Sounds",
-    {{"startgame", Line::IfNotEmpty}, {"rotate", Line::IfNotEmpty}, {"drop", Line::IfNotEmpty},
-     {"lineclear", Line::IfNotEmpty}, {"tetris", Line::IfNotEmpty}, {"explode", Line::IfNotEmpty},
-     {"win", Line::IfNotEmpty}, {"lose", Line::IfNotEmpty}, {"chat", Line::IfNotEmpty},
-     {"click", Line::IfNotEmpty}, {"holyshield", Line::IfNotEmpty}}};
 
 const QString separator = QStringLiteral(" ");
 const QString dashes = QStringLiteral("//-----------------");
@@ -103,26 +36,25 @@ public:
 
     void keyLine(const char *key, const QString &value) { line(QLatin1StringView(key) + u'=' + value, key); }
 
-    void block(const Block &block)
+    void block(const ThemeSection &section)
     {
-        if (!m_doc.isOn(QLatin1StringView(block.include)))
+        if (!isWritten(m_doc, section))
             return;
         line(separator);
-        line(QLatin1StringView(block.comment));
-        QStringList written;
-        for (const KeyLine &k : block.keys) {
-            const QLatin1StringView key(k.key);
-            QString value = m_doc.value(key);
-            if (k.writtenOnlyAfter && !written.contains(QLatin1StringView(k.writtenOnlyAfter)))
+        line(QLatin1StringView(section.comment));
+        bool previousWritten = false;
+        for (const SectionKey &k : section.keys) {
+            QString value = m_doc.value(QLatin1StringView(k.key));
+            const bool skip = (k.rule == KeyRule::AfterPrevious && !previousWritten)
+                || (k.rule == KeyRule::IfNotEmpty && value.isEmpty());
+            previousWritten = !skip;
+            if (skip)
                 continue;
-            if (k.rule == Line::IfNotEmpty && value.isEmpty())
-                continue;
-            if (k.rule == Line::Print)
+            if (k.rule == KeyRule::Print)
                 value = u' ' + value + u' ';
-            if (k.rule == Line::Color && value.isEmpty())
-                value = QStringLiteral("255,255,255");
+            if (k.rule == KeyRule::Color && value.isEmpty())
+                value = QLatin1StringView(whiteColorText);
             keyLine(k.key, value);
-            written.append(key);
         }
     }
 
@@ -159,16 +91,15 @@ bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error)
     w.keyLine("name", w.identity("name"));
     w.keyLine("developer", w.identity("developer"));
     w.keyLine("version", w.identity("version"));
+    const ThemeSection &iface = themeSection(Section::Interface); // the others follow it in table order
     if (type == 1) {
         w.keyLine("resourcefile", doc.value(u"resourcefile"));
         w.line(QStringLiteral("themetype=1"));
         w.line(separator);
-        w.block(interfaceBlock);
+        w.block(iface);
         w.line(dashes);
         w.line(QStringLiteral("//Theme Type 1 Info"));
         w.line(dashes);
-        for (const Block &block : type1Blocks)
-            w.block(block);
     } else {
         w.line(QStringLiteral("themetype=0"));
         w.line(separator);
@@ -177,10 +108,10 @@ bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error)
             w.keyLine("skinfile", doc.value(u"skinfile"));
             w.keyLine("skintransparency", doc.value(u"skintransparency"));
         }
-        w.block(interfaceBlock);
+        w.block(iface);
     }
-    w.block(musicBlock);
-    w.block(soundsBlock);
+    for (const ThemeSection &section : themeSections().subspan(1))
+        w.block(section);
 
     if (!w.m_error.isEmpty()) {
         if (error)

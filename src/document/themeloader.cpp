@@ -5,6 +5,7 @@
 #include "common/pathlookup.h"
 #include "common/profilereader.h"
 #include "document/themedocument.h"
+#include "document/themesections.h"
 #include "package/resourcepackage.h"
 
 #include <QDir>
@@ -15,75 +16,18 @@
 
 namespace {
 
-struct LoadKey {
-    const char *field;     // read under this name; keys match without regard to case
-    const char *ifMissing; // what the field gets when the key is missing
-};
+// The game reads the sections in this order, the one place it is kept; the interface comes
+// first of all, before the theme type.
+const Section typeOneSections[] = {Section::Background, Section::SpecialWindow, Section::InternetBackground,
+                                   Section::Blocks, Section::NextWindow};
+const Section bothTypesSections[] = {Section::Explosion, Section::Bomb, Section::MiscImages, Section::Colors,
+                                     Section::Music, Section::Sounds};
 
-struct LoadSection {
-    const char *include;
-    const char *imageField;     // rebuilt as root + "1." + extension, or nullptr
-    const char *extensionField; // the key after which the image field is rebuilt
-    const char *rootField;
-    std::initializer_list<LoadKey> keys;
-};
-
-const LoadKey interfaceKeys[] = {
-    {"ifacemain", ""}, {"ifaceoptions", ""}, {"ifacechat", ""}, {"ifaceconnect", ""},
-    {"ifaceserver", ""}, {"ifacethemes", ""}, {"ifacemisc", ""}, {"ifacehighscore", ""},
-    {"ifacemenu", ""}, {"ifacemenutransparent", "0"}, {"ifaceinet", ""},
-};
-
-const LoadSection type1Sections[] = {
-    {"includebackground", "bgimage", "bgextension", "bgfilename",
-     {{"bganimated", "0"}, {"bgfilename", ""}, {"bgextension", ""}, {"bgframecount", ""},
-      {"bgstartingframe", "1"}, {"bgstillframe", "1"}, {"bgreverseanimation", "0"},
-      {"bgdelaybetweenframes", "10"}}},
-    {"includespecialwindow", "specialwindowimage", "specialwindowextension", "specialwindowfilename",
-     {{"specialwindowanimated", "0"}, {"specialwindowfilename", ""}, {"specialwindowextension", ""},
-      {"specialwindowframecount", ""}, {"specialwindowstartingframe", "1"},
-      {"specialwindowstillframe", "1"}, {"specialwindowdelaybetweenframes", "10"},
-      {"specialwindowreverseanimation", "0"}}},
-    // The internet background falls back to empty texts where the others fall back to 1, 1, 10.
-    {"includeinetbackground", "inetbgimage", "inetbgextension", "inetbgfilename",
-     {{"inetbganimated", "0"}, {"inetbgfilename", ""}, {"inetbgextension", ""},
-      {"inetbgframecount", ""}, {"inetbgstartingframe", ""}, {"inetbgstillframe", ""},
-      {"inetbgreverseanimation", "0"}, {"inetbgdelaybetweenframes", ""}}},
-    {"includeblocks", "blkimage", "blkextension", "blkfilename",
-     {{"animateblocks", "0"}, {"animatespecials", "0"}, {"animateinetblocks", "0"},
-      {"animateinetspecials", "0"}, {"blkfilename", ""}, {"blkextension", ""},
-      {"blkframecount", ""}, {"blkstartingframe", "1"}, {"blkstillframe", "1"},
-      {"blkreverseanimation", "0"}, {"blkdelaybetweenframes", "10"}, {"blktransparency", "0"}}},
-    {"includenextwindow", "nextblkimage", "nextblkextension", "nextblkfilename",
-     {{"nextblkanimated", "0"}, {"nextblkfilename", ""}, {"nextblkextension", ""},
-      {"nextblkframecount", ""}, {"nextblkstartingframe", "1"}, {"nextblkstillframe", "1"},
-      {"nextblkreverseanimation", "0"}, {"nextblkdelaybetweenframes", "10"}}},
-};
-
-const LoadSection bothTypesSections[] = {
-    {"includeexplosion", "explodeimage", "explodefileextension", "explodefilename",
-     {{"explodefilename", ""}, {"explodefileextension", ""}, {"explodeframecount", ""},
-      {"explodedelaybetweenframes", "10"}, {"explodetransparency", "0"}}},
-    {"includebomb", "bombimage", "bombfileextension", "Bombfilename",
-     {{"Bombfilename", ""}, {"bombfileextension", ""}, {"Bombframecount", ""},
-      {"Bombdelaybetweenframes", "10"}, {"Bombtransparency", "0"}}},
-    {"includemiscimages", nullptr, nullptr, nullptr,
-     {{"heightled", ""}, {"door1", ""}, {"door2", ""}, {"internetdoor", ""}, {"warning", ""},
-      {"teamfont", ""}, {"winimg", ""}, {"wintransparent", "0"}, {"inetwinimg", ""},
-      {"inetwintransparent", "0"}}},
-    {"includecolors", nullptr, nullptr, nullptr,
-     {{"colortitle", "255,255,255"}, {"colorfields", "255,255,255"},
-      {"coloroptions", "255,255,255"}, {"colortheme", "255,255,255"},
-      {"colorserver", "255,255,255"}, {"colorconnect", "255,255,255"},
-      {"colorinternet", "255,255,255"}, {"colorhighscorefirst", "255,255,255"},
-      {"colorhighscoresecond", "255,255,255"}, {"colorhighscorethird", "255,255,255"},
-      {"colorhighscorenormal", "255,255,255"}, {"colorhighscoretitle", "255,255,255"}}},
-};
-
-const char *const soundKeys[] = {
-    "startgame", "rotate", "drop", "lineclear", "explode", "tetris",
-    "win", "lose", "chat", "click", "holyshield",
-};
+/** A missing key gives the field's reset value; a missing colour white, as an empty one is written. */
+QString missingValue(const SectionKey &k)
+{
+    return QLatin1StringView(k.rule == KeyRule::Color ? whiteColorText : fieldSpec(k.key).defaultValue);
+}
 
 class Loader
 {
@@ -113,22 +57,34 @@ public:
         m_doc.setNumber(key, n && *n >= 0 && *n <= 2 ? int(*n) : 0);
     }
 
-    void section(const LoadSection &s)
+    void section(Section id)
     {
-        const QLatin1StringView include(s.include);
-        m_doc.setNumber(include, 0);
-        for (const LoadKey &k : s.keys) {
-            if (const auto value = read(k.field)) {
-                set(k.field, *value);
-                m_doc.setNumber(include, 1);
-            } else {
-                set(k.field, QLatin1StringView(k.ifMissing));
+        const ThemeSection &s = themeSection(id);
+        m_doc.setNumber(QLatin1StringView(s.include), 0);
+        if (s.readOrder.size() == 0) {
+            for (const SectionKey &k : s.keys)
+                key(s, k);
+        }
+        for (const char *name : s.readOrder) {
+            for (const SectionKey &k : s.keys) {
+                if (qstrcmp(k.key, name) == 0)
+                    key(s, k);
             }
-            if (s.extensionField && qstrcmp(k.field, s.extensionField) == 0) {
-                m_doc.setText(QLatin1StringView(s.imageField),
-                              m_doc.value(QLatin1StringView(s.rootField)) + QStringLiteral("1.")
-                                  + m_doc.value(QLatin1StringView(s.extensionField)));
-            }
+        }
+    }
+
+    void key(const ThemeSection &s, const SectionKey &k)
+    {
+        const std::optional<QString> value = read(k.key);
+        if (value && s.files == FileKind::Music)
+            m_doc.setMusicFolder(m_doc.packageFolder());
+        set(k.key, value ? *value : missingValue(k));
+        if (value)
+            m_doc.setNumber(QLatin1StringView(s.include), 1);
+        if (qstrcmp(k.key, s.frames.extension) == 0) {
+            const QString image = m_doc.value(QLatin1StringView(s.frames.root)) + QStringLiteral("1.")
+                + m_doc.value(QLatin1StringView(k.key));
+            m_doc.setText(QLatin1StringView(s.frames.image), image);
         }
     }
 
@@ -168,16 +124,7 @@ public:
             m_doc.setPackageFolder(QString(), QString());
         }
 
-        // Interface
-        m_doc.setNumber(u"includeinterface", 0);
-        for (const LoadKey &k : interfaceKeys) {
-            if (const auto value = read(k.field)) {
-                set(k.field, *value);
-                m_doc.setNumber(u"includeinterface", 1);
-            } else {
-                set(k.field, QLatin1StringView(k.ifMissing));
-            }
-        }
+        section(Section::Interface);
 
         // Theme type
         const std::optional<QString> typeText = read("themetype");
@@ -204,28 +151,11 @@ public:
                 set("skintransparency", read("skintransparency").value_or(QStringLiteral("0")));
             }
         } else {
-            for (const LoadSection &s : type1Sections)
-                section(s);
+            for (Section id : typeOneSections)
+                section(id);
         }
-        for (const LoadSection &s : bothTypesSections)
-            section(s);
-
-        // Music and sounds
-        m_doc.setNumber(u"includesounds", 0);
-        m_doc.setNumber(u"includemusic", 0);
-        if (const auto midi = read("midi")) {
-            m_doc.setMusicFolder(m_doc.packageFolder());
-            m_doc.setText(u"midi", *midi);
-            m_doc.setNumber(u"includemusic", 1);
-        } else {
-            m_doc.setText(u"midi", QString());
-        }
-        for (const char *key : soundKeys) {
-            const auto value = read(key);
-            m_doc.setText(QLatin1StringView(key), value.value_or(QString()));
-            if (value)
-                m_doc.setNumber(u"includesounds", 1);
-        }
+        for (Section id : bothTypesSections)
+            section(id);
 
         for (int i = 0; i < 12; ++i)
             m_doc.setSwatch(i, textToColor(m_doc.value(QLatin1StringView(colorKeys[i]))));
