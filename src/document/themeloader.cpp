@@ -157,9 +157,16 @@ public:
         for (Section id : bothTypesSections)
             section(id);
 
-        for (int i = 0; i < 12; ++i)
+        for (int i = 0; i < int(std::size(colorKeys)); ++i)
             m_doc.setSwatch(i, textToColor(m_doc.value(QLatin1StringView(colorKeys[i]))));
         return true;
+    }
+
+    /** Loads the file; the report says whether it was a theme and what went wrong. */
+    LoadReport load()
+    {
+        m_report.loaded = run();
+        return m_report;
     }
 
 private:
@@ -168,8 +175,6 @@ private:
     Dialogs &m_dialogs;
     const ExtractOptions &m_extract;
     ProfileFile m_file;
-
-public:
     LoadReport m_report;
 };
 
@@ -186,9 +191,7 @@ std::optional<quint32> component(const QString &text)
 
 LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions, const ExtractOptions &extract)
 {
-    Loader loader(doc, path, questions, extract);
-    loader.m_report.loaded = loader.run();
-    return loader.m_report;
+    return Loader(doc, path, questions, extract).load();
 }
 
 quint32 textToColor(const QString &text)
