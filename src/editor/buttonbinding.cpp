@@ -1,6 +1,7 @@
 #include "editor/buttonbinding.h"
 
 #include "document/themedocument.h"
+#include "editor/controlnames.h"
 #include "editor/fieldbrowsing.h"
 #include "editor/filecommands.h"
 #include "editor/mainwindow.h"
@@ -32,16 +33,16 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, Dialogs &di
                              FileCommands &commands)
     : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_sound(sound), m_commands(commands)
 {
-    for (int row = 0; row < int(std::size(animatedBrowseRows)); ++row)
-        onClick(QLatin1StringView(animatedBrowseRows[row].button), [this, row] { browseAnimatedImage(m_doc, m_dialogs, row); });
-    for (int i = 0; i < 10; ++i)
-        onClick(QStringLiteral("cmdBrowseIface(%1)").arg(i), [this, i] { browseInterfaceImage(m_doc, m_dialogs, i); });
-    for (int i = 0; i < 8; ++i)
-        onClick(QStringLiteral("cmdBrowseMisc(%1)").arg(i), [this, i] { browseMiscImage(m_doc, m_dialogs, i); });
-    for (int i = 0; i < 11; ++i) {
-        onClick(QStringLiteral("cmdBrowseSound(%1)").arg(i), [this, i] { browseSound(m_doc, m_dialogs, i); });
-        onClick(QStringLiteral("cmdPlaySound(%1)").arg(i), [this, i] {
-            m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRowKeys[i])));
+    for (int element = 0; element < AnimatedElementCount; ++element)
+        onClick(QLatin1StringView(elementControls[element].browse), [this, element] { browseAnimatedImage(m_doc, m_dialogs, element); });
+    for (int i = 0; i < int(interfaceRows.keys.size()); ++i)
+        onClick(rowControl(interfaceRows.browse, i), [this, i] { browseInterfaceImage(m_doc, m_dialogs, i); });
+    for (int i = 0; i < int(miscImageRows.keys.size()); ++i)
+        onClick(rowControl(miscImageRows.browse, i), [this, i] { browseMiscImage(m_doc, m_dialogs, i); });
+    for (int i = 0; i < int(soundRows.keys.size()); ++i) {
+        onClick(rowControl(soundRows.browse, i), [this, i] { browseSound(m_doc, m_dialogs, i); });
+        onClick(rowControl(soundRows.show, i), [this, i] {
+            m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRows.keys[i])));
         });
     }
     onClick(QStringLiteral("cmdBrowseSkin"), [this] { browseSkinFile(m_doc, m_dialogs); });

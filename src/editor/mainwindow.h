@@ -1,11 +1,13 @@
 #pragma once
 
+#include "document/animatedelement.h"
 #include "sound/editorconfig.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
 #include <functional>
+#include <span>
 
 class AboutWindow;
 class QAction;
@@ -18,8 +20,8 @@ class ThemeDocument;
 
 /**
  * The editor's one working window: the whole theme document as controls on six pages.
- * Controls carry their design names ("txtBGNum", "txtColor(3)", "tmrPreviewBlk") so the file
- * commands, the previews and tests reach them by name. Every field control follows the
+ * Controls carry their design names (controlnames.h: "txtBGNum", "txtColor(3)", "tmrPreviewBlk")
+ * so the file commands, the previews and tests reach them by name. Every field control follows the
  * document both ways; the window keeps no theme state of its own.
  *
  * A page's controls are made when the page is first shown, so the window appears without
@@ -30,7 +32,7 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    enum class Page { General, Interface, Background, Blocks, Misc, Sounds };
+    using Page = EditorPage;
     static constexpr int pageCount = 6;
 
     explicit MainWindow(ThemeDocument &document, QWidget *parent = nullptr);
@@ -91,17 +93,22 @@ private:
     QWidget *buildPageArea();
     void buildPage(int page);
     void bindFields(QWidget *panel);
-    void bindSwatches(QWidget *panel);
-    void bindSelector(QWidget *panel, int selector);
-    void fillSelector(QComboBox *combo, int selector);
+    void bindSelector(QWidget *panel, int page);
+    void fillSelector(QComboBox *combo, int page);
     void showSwatch(int index);
-    void showDataSet(int selector);
+    void showDataSet(int page);
     void showFieldValue(int index);
     void refreshSwitchedFrames();
     void refreshThemeType();
-    void chooseDataSet(int selector, int choice);
-    void stopTimers(unsigned timerBits);
+    void chooseDataSet(int page, int choice);
     void applyWindowHeight();
+
+    // A frame that takes input exactly when one of its switches is 1; 2 (greyed) counts as off.
+    struct SwitchedFrame {
+        const char *name;
+        std::span<const char *const> switches; // unused ones nullptr
+        QWidget *frame = nullptr;              // nullptr while its page is not built
+    };
 
     ThemeDocument &m_doc;
     Page m_page = Page::General;
@@ -109,11 +116,11 @@ private:
     QFrame *m_area = nullptr;
     QWidget *m_panels[pageCount] = {};  // nullptr until first shown
     QAction *m_pageActions[pageCount] = {};
-    TickTimer *m_timers[7] = {};
+    TickTimer *m_timers[AnimatedElementCount] = {};
     QComboBox *m_type = nullptr;
     QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
-    QList<QWidget *> m_switchedFrames;  // by row of the switched-frame table, likewise
-    int m_dataSetChoice[3] = {};
+    QList<SwitchedFrame> m_switchedFrames;
+    int m_dataSetChoice[pageCount] = {};
     bool m_started = false;             // startUp() has filled the selectors
     struct PendingControl {
         QString name;

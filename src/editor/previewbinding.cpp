@@ -1,5 +1,6 @@
 #include "editor/previewbinding.h"
 
+#include "editor/controlnames.h"
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
 #include "preview/loadprogress.h"
@@ -81,11 +82,11 @@ void PreviewBinding::onClick(const QString &button, Handler handler)
 void PreviewBinding::bindAnimations()
 {
     for (int element = 0; element < AnimatedElementCount; ++element) {
-        const AnimatedElement &e = animatedElements[element];
-        if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(e.timer)))
+        const ElementControls &names = elementControls[element];
+        if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(names.timer)))
             m_frames.attachTimer(element, timer);
-        onClick(QLatin1StringView(e.button), [this, element] { m_frames.startFramePreview(element); });
-        m_window.withControl(QLatin1StringView(e.surface), this, [this, element](QWidget *control) {
+        onClick(QLatin1StringView(names.preview), [this, element] { m_frames.startFramePreview(element); });
+        m_window.withControl(QLatin1StringView(names.surface), this, [this, element](QWidget *control) {
             m_surfaces[size_t(element)] = qobject_cast<PreviewSurface *>(control);
         });
     }
@@ -98,15 +99,12 @@ void PreviewBinding::bindAnimations()
 
 void PreviewBinding::bindStills()
 {
-    const auto indexed = [](const char *name, int i) {
-        return QStringLiteral("%1(%2)").arg(QLatin1StringView(name)).arg(i);
-    };
-    for (int i = 0; i < 10; ++i)
-        onClick(indexed("cmdPreviewIface", i), [this, i] { m_stills.showInterfaceScreenPreview(i); });
-    for (int i = 0; i < 8; ++i)
-        onClick(indexed("cmdPreviewMisc", i), [this, i] { m_stills.showMiscImagePreview(i); });
-    for (int i = 0; i < 12; ++i)
-        onClick(indexed("cmdBrowseColor", i), [this, i] { m_stills.chooseThemeColor(i); });
+    for (int i = 0; i < int(interfaceRows.keys.size()); ++i)
+        onClick(rowControl(interfaceRows.show, i), [this, i] { m_stills.showInterfaceScreenPreview(i); });
+    for (int i = 0; i < int(miscImageRows.keys.size()); ++i)
+        onClick(rowControl(miscImageRows.show, i), [this, i] { m_stills.showMiscImagePreview(i); });
+    for (int i = 0; i < int(colorRows.keys.size()); ++i)
+        onClick(rowControl(colorRows.browse, i), [this, i] { m_stills.chooseThemeColor(i); });
 
     // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.
     const auto show = [this](const char *display) {
