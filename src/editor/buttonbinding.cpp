@@ -12,8 +12,6 @@
 #include <QMimeData>
 #include <QWidget>
 
-#include <functional>
-
 namespace {
 
 const QString playMusicCaption = QStringLiteral("Play Music");
@@ -33,37 +31,26 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, Dialogs &di
                              FileCommands &commands)
     : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_sound(sound), m_commands(commands)
 {
-    for (int element = 0; element < AnimatedElementCount; ++element)
-        onClick(QLatin1StringView(elementControls[element].browse), [this, element] { browseAnimatedImage(m_doc, m_dialogs, element); });
-    for (int i = 0; i < int(interfaceRows.keys.size()); ++i)
-        onClick(rowControl(interfaceRows.browse, i), [this, i] { browseInterfaceImage(m_doc, m_dialogs, i); });
-    for (int i = 0; i < int(miscImageRows.keys.size()); ++i)
-        onClick(rowControl(miscImageRows.browse, i), [this, i] { browseMiscImage(m_doc, m_dialogs, i); });
-    for (int i = 0; i < int(soundRows.keys.size()); ++i) {
-        onClick(rowControl(soundRows.browse, i), [this, i] { browseSound(m_doc, m_dialogs, i); });
-        onClick(rowControl(soundRows.show, i), [this, i] {
-            m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRows.keys[i])));
-        });
+    for (int element = 0; element < AnimatedElementCount; ++element) {
+        m_window.onClick(QLatin1StringView(elementControls[element].browse), this,
+                         [this, element] { browseAnimatedImage(m_doc, m_dialogs, element); });
     }
-    onClick(QStringLiteral("cmdBrowseSkin"), [this] { browseSkinFile(m_doc, m_dialogs); });
-    onClick(QStringLiteral("cmdBrowseMusic"), [this] { browseMusic(m_doc, m_dialogs); });
-    onClick(QStringLiteral("cmdBrowseResource"), [this] { browseResourcePackage(m_doc, m_dialogs); });
-    onClick(QStringLiteral("cmdPlayMusic"), [this] { toggleMusic(); });
+    m_window.onRowClick(interfaceRows.browse, interfaceRows.keys, this,
+                        [this](int row) { browseInterfaceImage(m_doc, m_dialogs, row); });
+    m_window.onRowClick(miscImageRows.browse, miscImageRows.keys, this,
+                        [this](int row) { browseMiscImage(m_doc, m_dialogs, row); });
+    m_window.onRowClick(soundRows.browse, soundRows.keys, this,
+                        [this](int row) { browseSound(m_doc, m_dialogs, row); });
+    m_window.onRowClick(soundRows.show, soundRows.keys, this, [this](int row) {
+        m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRows.keys[row])));
+    });
+    m_window.onClick(QStringLiteral("cmdBrowseSkin"), this, [this] { browseSkinFile(m_doc, m_dialogs); });
+    m_window.onClick(QStringLiteral("cmdBrowseMusic"), this, [this] { browseMusic(m_doc, m_dialogs); });
+    m_window.onClick(QStringLiteral("cmdBrowseResource"), this, [this] { browseResourcePackage(m_doc, m_dialogs); });
+    m_window.onClick(QStringLiteral("cmdPlayMusic"), this, [this] { toggleMusic(); });
 
     m_window.setAcceptDrops(true);
     m_window.installEventFilter(this);
-}
-
-void ButtonBinding::onClick(const QString &button, std::function<void()> action)
-{
-    m_window.withControl(button, this, [this, button, action = std::move(action)](QWidget *control) {
-        auto *clickable = qobject_cast<QAbstractButton *>(control);
-        if (!clickable) {
-            qWarning("ButtonBinding: %s is not a button", qPrintable(button));
-            return;
-        }
-        connect(clickable, &QAbstractButton::clicked, this, action);
-    });
 }
 
 void ButtonBinding::toggleMusic()

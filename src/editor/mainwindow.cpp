@@ -10,6 +10,7 @@
 #include "editor/previewsurface.h"
 #include "preview/ticktimer.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -303,6 +304,25 @@ void MainWindow::withControl(const QString &name, QObject *context, std::functio
         use(control);
     else
         m_pending.append({name, context, std::move(use)});
+}
+
+void MainWindow::onClick(const QString &name, QObject *context, std::function<void()> action)
+{
+    withControl(name, context, [name, context, action = std::move(action)](QWidget *control) {
+        auto *button = qobject_cast<QAbstractButton *>(control);
+        if (!button) {
+            qWarning("MainWindow: %s is not a button", qPrintable(name));
+            return;
+        }
+        connect(button, &QAbstractButton::clicked, context, action);
+    });
+}
+
+void MainWindow::onRowClick(const char *name, std::span<const char *const> rows, QObject *context,
+                            std::function<void(int row)> action)
+{
+    for (int row = 0; row < int(rows.size()); ++row)
+        onClick(rowControl(name, row), context, [action, row] { action(row); });
 }
 
 void MainWindow::bindFields(QWidget *panel)

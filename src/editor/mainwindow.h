@@ -63,6 +63,11 @@ public:
      * page is built. Nothing happens once \a context is gone.
      */
     void withControl(const QString &name, QObject *context, std::function<void(QWidget *)> use);
+    /** Runs \a action on every click of the button \a name, found as withControl() finds it. */
+    void onClick(const QString &name, QObject *context, std::function<void()> action);
+    /** onClick() for the button \a name on every row of \a rows, handing \a action the row. */
+    void onRowClick(const char *name, std::span<const char *const> rows, QObject *context,
+                    std::function<void(int row)> action);
     /** Builds the pages not shown yet, for tools and tests that reach every control at once. */
     void buildAllPages();
 

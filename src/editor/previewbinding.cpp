@@ -5,7 +5,6 @@
 #include "editor/previewsurface.h"
 #include "preview/loadprogress.h"
 
-#include <QAbstractButton>
 #include <QProgressDialog>
 #include <QTimer>
 #include <QWidget>
@@ -70,22 +69,14 @@ PreviewBinding::~PreviewBinding()
     m_frames.setProgress(nullptr);
 }
 
-template<typename Handler>
-void PreviewBinding::onClick(const QString &button, Handler handler)
-{
-    m_window.withControl(button, this, [this, handler](QWidget *control) {
-        if (auto *clickable = qobject_cast<QAbstractButton *>(control))
-            connect(clickable, &QAbstractButton::clicked, this, handler);
-    });
-}
-
 void PreviewBinding::bindAnimations()
 {
     for (int element = 0; element < AnimatedElementCount; ++element) {
         const ElementControls &names = elementControls[element];
         if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(names.timer)))
             m_frames.attachTimer(element, timer);
-        onClick(QLatin1StringView(names.preview), [this, element] { m_frames.startFramePreview(element); });
+        m_window.onClick(QLatin1StringView(names.preview), this,
+                         [this, element] { m_frames.startFramePreview(element); });
         m_window.withControl(QLatin1StringView(names.surface), this, [this, element](QWidget *control) {
             m_surfaces[size_t(element)] = qobject_cast<PreviewSurface *>(control);
         });
@@ -99,12 +90,11 @@ void PreviewBinding::bindAnimations()
 
 void PreviewBinding::bindStills()
 {
-    for (int i = 0; i < int(interfaceRows.keys.size()); ++i)
-        onClick(rowControl(interfaceRows.show, i), [this, i] { m_stills.showInterfaceScreenPreview(i); });
-    for (int i = 0; i < int(miscImageRows.keys.size()); ++i)
-        onClick(rowControl(miscImageRows.show, i), [this, i] { m_stills.showMiscImagePreview(i); });
-    for (int i = 0; i < int(colorRows.keys.size()); ++i)
-        onClick(rowControl(colorRows.browse, i), [this, i] { m_stills.chooseThemeColor(i); });
+    m_window.onRowClick(interfaceRows.show, interfaceRows.keys, this,
+                        [this](int row) { m_stills.showInterfaceScreenPreview(row); });
+    m_window.onRowClick(miscImageRows.show, miscImageRows.keys, this,
+                        [this](int row) { m_stills.showMiscImagePreview(row); });
+    m_window.onRowClick(colorRows.browse, colorRows.keys, this, [this](int row) { m_stills.chooseThemeColor(row); });
 
     // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.
     const auto show = [this](const char *display) {
