@@ -12,8 +12,8 @@
 #include "scratchfolder.h"
 #include "silentdialogs.h"
 
+#include "document/animatedelement.h"
 #include "document/themedocument.h"
-#include "preview/animatedelement.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
 
@@ -48,8 +48,8 @@ void setField(ThemeDocument &doc, const char *key, const QString &value)
 /** The document as an author leaves it before pressing the element's Preview button. */
 void prepare(ThemeDocument &doc, const AnimatedElement &e, const Case &c)
 {
-    if (e.animatedField)
-        doc.setNumber(QLatin1StringView(e.animatedField), 1);
+    if (e.animatedFields[0])
+        doc.setNumber(QLatin1StringView(e.animatedFields[0]), 1);
     setField(doc, e.imageField, QStringLiteral("f1.") + c.extension);
     setField(doc, e.frameCountField, QString::number(c.frameCount));
     setField(doc, e.startingFrameField, QStringLiteral("1"));

@@ -7,6 +7,7 @@
 #include "document/themedocument.h"
 #include "document/themerecovery.h"
 #include "editor/buttonbinding.h"
+#include "editor/controlnames.h"
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
@@ -89,12 +90,12 @@ QString fileSlug(const QString &caption)
 /** Starts every preview the page shows and lets the animations play a moment. */
 void playVisiblePreviews(MainWindow &window)
 {
-    static const char *const buttons[] = {
-        "cmdPreviewBG", "cmdPreviewIBG", "cmdPreviewBlocks", "cmdPreviewNext", "cmdPreviewSpec",
-        "cmdPreviewExplosion", "cmdPreviewBomb", "cmdPreviewIface(0)", "cmdPreviewMisc(0)",
-    };
-    for (const char *name : buttons) {
-        auto *button = window.findChild<QAbstractButton *>(QLatin1StringView(name));
+    QStringList buttons;
+    for (const ElementControls &names : elementControls)
+        buttons << QLatin1StringView(names.preview);
+    buttons << rowControl(interfaceRows.show, 0) << rowControl(miscImageRows.show, 0);
+    for (const QString &name : std::as_const(buttons)) {
+        auto *button = window.findChild<QAbstractButton *>(name);
         if (button && button->isVisibleTo(&window) && button->isEnabled())
             button->click();
     }

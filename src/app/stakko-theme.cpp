@@ -182,7 +182,7 @@ QByteArray dumpJson(const ThemeDocument &doc)
             entries.append({key, doc.number(i)});
     }
     QJsonArray swatches;
-    for (int i = 0; i < 12; ++i) {
+    for (int i = 0; i < int(std::size(colorKeys)); ++i) {
         const auto value = doc.swatch(i);
         swatches.append(value ? QJsonValue(qint64(*value)) : QJsonValue());
     }

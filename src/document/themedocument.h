@@ -81,5 +81,5 @@ private:
     QString m_packageFolderTail;
     QString m_musicFolder;
     bool m_dirty = false;
-    std::array<std::optional<quint32>, 12> m_swatches;
+    std::array<std::optional<quint32>, std::size(colorKeys)> m_swatches;
 };

@@ -14,13 +14,12 @@ enum class FieldKind {
 
 /**
  * One field of the theme document. The key is the theme-file key exactly as the writer
- * spells it (or the editor-only name); the control is the main window's control that edits it.
+ * spells it (or the editor-only name); the caption labels its control in the editor.
  */
 struct FieldSpec {
     const char *key;
     FieldKind kind;
     const char *defaultValue; // what a reset gives it; nullptr: a reset leaves it alone
-    const char *control;      // "txtThemeName", "txtColor(3)"
     const char *caption;      // "Theme Name:"
 };
 
@@ -33,35 +32,32 @@ int fieldIndex(QAnyStringView key);
 /** The field named \a key; the key must exist (a misspelt key is a programming error). */
 const FieldSpec &fieldSpec(QAnyStringView key);
 
-/** Index of the field edited by control \a objectName, or -1. */
-int fieldIndexOfControl(QAnyStringView objectName);
-
 /** The twelve colour keys, by swatch index. */
-inline constexpr const char *colorKeys[12] = {
+inline constexpr const char *colorKeys[] = {
     "colortitle", "colorfields", "coloroptions", "colortheme", "colorserver", "colorconnect",
     "colorinternet", "colorhighscoretitle", "colorhighscorenormal", "colorhighscorefirst",
     "colorhighscoresecond", "colorhighscorethird",
 };
 
 /** The eight miscellaneous image keys, by row index. */
-inline constexpr const char *miscImageKeys[8] = {
+inline constexpr const char *miscImageKeys[] = {
     "door1", "door2", "internetdoor", "winimg", "inetwinimg", "heightled", "warning", "teamfont",
 };
 
 /** The ten interface screen keys, by preview/browse row index (not the document order). */
-inline constexpr const char *interfaceRowKeys[10] = {
+inline constexpr const char *interfaceRowKeys[] = {
     "ifacemain", "ifaceoptions", "ifacethemes", "ifaceserver", "ifacechat",
     "ifaceconnect", "ifacehighscore", "ifacemisc", "ifacemenu", "ifaceinet",
 };
 
 /** The eleven sound keys, by play/browse row index (not the document order). */
-inline constexpr const char *soundRowKeys[11] = {
+inline constexpr const char *soundRowKeys[] = {
     "rotate", "drop", "startgame", "lose", "win", "lineclear",
     "tetris", "explode", "chat", "click", "holyshield",
 };
 
 /** The twelve include switches, in document order. */
-inline constexpr const char *includeSwitchKeys[12] = {
+inline constexpr const char *includeSwitchKeys[] = {
     "includeinterface", "includebackground", "includeinetbackground", "includeblocks",
     "includenextwindow", "includespecialwindow", "includeexplosion", "includebomb",
     "includecolors", "includemiscimages", "includesounds", "includemusic",

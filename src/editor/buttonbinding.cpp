@@ -3,6 +3,7 @@
 #include "editor/editordialogs.h"
 
 #include "document/themedocument.h"
+#include "editor/controlnames.h"
 #include "editor/fieldbrowsing.h"
 #include "document/filecommands.h"
 #include "editor/mainwindow.h"
@@ -12,8 +13,6 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QWidget>
-
-#include <functional>
 
 namespace {
 
@@ -34,41 +33,30 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
                              FileCommands &commands)
     : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_sound(sound), m_commands(commands)
 {
-    for (int row = 0; row < int(std::size(animatedBrowseRows)); ++row)
-        onClick(QLatin1StringView(animatedBrowseRows[row].button), [this, row] { browseAnimatedImage(m_doc, m_dialogs, row); });
-    for (int i = 0; i < 10; ++i)
-        onClick(QStringLiteral("cmdBrowseIface(%1)").arg(i), [this, i] { browseInterfaceImage(m_doc, m_dialogs, i); });
-    for (int i = 0; i < 8; ++i)
-        onClick(QStringLiteral("cmdBrowseMisc(%1)").arg(i), [this, i] { browseMiscImage(m_doc, m_dialogs, i); });
-    for (int i = 0; i < 11; ++i) {
-        onClick(QStringLiteral("cmdBrowseSound(%1)").arg(i), [this, i] { browseSound(m_doc, m_dialogs, i); });
-        onClick(QStringLiteral("cmdPlaySound(%1)").arg(i), [this, i] {
-            m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRowKeys[i])));
-        });
+    for (int element = 0; element < AnimatedElementCount; ++element) {
+        m_window.onClick(QLatin1StringView(elementControls[element].browse), this,
+                         [this, element] { browseAnimatedImage(m_doc, m_dialogs, element); });
     }
-    onClick(QStringLiteral("cmdBrowseSkin"), [this] { browseSkinFile(m_doc, m_dialogs); });
-    onClick(QStringLiteral("cmdBrowseMusic"), [this] { browseMusic(m_doc, m_dialogs); });
-    onClick(QStringLiteral("cmdBrowseResource"), [this] {
+    m_window.onRowClick(interfaceRows.browse, interfaceRows.keys, this,
+                        [this](int row) { browseInterfaceImage(m_doc, m_dialogs, row); });
+    m_window.onRowClick(miscImageRows.browse, miscImageRows.keys, this,
+                        [this](int row) { browseMiscImage(m_doc, m_dialogs, row); });
+    m_window.onRowClick(soundRows.browse, soundRows.keys, this,
+                        [this](int row) { browseSound(m_doc, m_dialogs, row); });
+    m_window.onRowClick(soundRows.show, soundRows.keys, this, [this](int row) {
+        m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRows.keys[row])));
+    });
+    m_window.onClick(QStringLiteral("cmdBrowseSkin"), this, [this] { browseSkinFile(m_doc, m_dialogs); });
+    m_window.onClick(QStringLiteral("cmdBrowseMusic"), this, [this] { browseMusic(m_doc, m_dialogs); });
+    m_window.onClick(QStringLiteral("cmdBrowseResource"), this, [this] {
         Report report;
         browseResourcePackage(m_doc, m_dialogs, report);
         m_dialogs.show(report);
     });
-    onClick(QStringLiteral("cmdPlayMusic"), [this] { toggleMusic(); });
+    m_window.onClick(QStringLiteral("cmdPlayMusic"), this, [this] { toggleMusic(); });
 
     m_window.setAcceptDrops(true);
     m_window.installEventFilter(this);
-}
-
-void ButtonBinding::onClick(const QString &button, std::function<void()> action)
-{
-    m_window.withControl(button, this, [this, button, action = std::move(action)](QWidget *control) {
-        auto *clickable = qobject_cast<QAbstractButton *>(control);
-        if (!clickable) {
-            qWarning("ButtonBinding: %s is not a button", qPrintable(button));
-            return;
-        }
-        connect(clickable, &QAbstractButton::clicked, this, action);
-    });
 }
 
 void ButtonBinding::toggleMusic()

@@ -26,7 +26,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void onClick(const QString &button, std::function<void()> action);
     void toggleMusic();
 
     MainWindow &m_window;

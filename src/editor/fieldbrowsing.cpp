@@ -1,6 +1,7 @@
 #include "editor/fieldbrowsing.h"
 
 #include "common/dialogs.h"
+#include "document/animatedelement.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "package/resourcepackage.h"
@@ -66,16 +67,16 @@ QString browseForFile(Dialogs &dialogs, const QString &filter, const QString &in
     return dialogs.openFileName(filter, initialFolder);
 }
 
-bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int row)
+bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int element)
 {
-    if (row < 0 || row >= int(std::size(animatedBrowseRows)))
+    if (element < 0 || element >= AnimatedElementCount)
         return false;
-    const AnimatedBrowseRow &r = animatedBrowseRows[row];
-    if (!browseIntoField(doc, dialogs, imageFilter, r.imageKey))
+    const AnimatedElement &e = animatedElements[element];
+    if (!browseIntoField(doc, dialogs, imageFilter, e.imageField))
         return false;
-    if (const auto split = splitFrameFileName(doc.value(QLatin1StringView(r.imageKey)))) {
-        doc.setText(QLatin1StringView(r.rootKey), split->root);
-        doc.setText(QLatin1StringView(r.extensionKey), split->extension);
+    if (const auto split = splitFrameFileName(doc.value(QLatin1StringView(e.imageField)))) {
+        doc.setText(QLatin1StringView(e.rootField), split->root);
+        doc.setText(QLatin1StringView(e.extensionField), split->extension);
     }
     return true;
 }

@@ -43,31 +43,13 @@ std::optional<FrameFileName> splitFrameFileName(const QString &name);
 /** The path chosen in an open dialog, or "" when the author cancelled. */
 QString browseForFile(Dialogs &dialogs, const QString &filter, const QString &initialFolder);
 
-/** The fields one animated element's Browse button fills, in the order of the pages. */
-struct AnimatedBrowseRow {
-    const char *button;       // "cmdBrowseBG"
-    const char *imageKey;     // "bgimage": the chosen first-frame file
-    const char *rootKey;      // "bgfilename"
-    const char *extensionKey; // "bgextension"
-};
-
-inline constexpr AnimatedBrowseRow animatedBrowseRows[7] = {
-    {"cmdBrowseBG", "bgimage", "bgfilename", "bgextension"},
-    {"cmdBrowseIBG", "inetbgimage", "inetbgfilename", "inetbgextension"},
-    {"cmdBrowseBlocks", "blkimage", "blkfilename", "blkextension"},
-    {"cmdBrowseNext", "nextblkimage", "nextblkfilename", "nextblkextension"},
-    {"cmdBrowseSpec", "specialwindowimage", "specialwindowfilename", "specialwindowextension"},
-    {"cmdBrowseExplosion", "explodeimage", "explodefilename", "explodefileextension"},
-    {"cmdBrowseBomb", "bombimage", "Bombfilename", "bombfileextension"},
-};
-
 // The Browse buttons. Each returns true when a file was chosen and stored; a cancelled dialog
 // or an index outside its row table changes nothing (the dirty flag included). Every image,
 // sound and music dialog opens in the package folder, and a file chosen inside the package is
 // stored relative to it.
 
-/** Animated element \a row of animatedBrowseRows: image text, then root and extension. */
-bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int row);
+/** Animated element \a element (AnimatedElementId): image text, then root and extension. */
+bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int element);
 /** Interface screen \a row of interfaceRowKeys. */
 bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, int row);
 /** Miscellaneous image \a row of miscImageKeys. */

@@ -5,11 +5,13 @@
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "editor/aboutwindow.h"
+#include "editor/controlnames.h"
 #include "editor/pages.h"
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
 #include "preview/ticktimer.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -31,15 +33,6 @@
 
 namespace {
 
-// The seven preview timers, one bit each, so the page and data-set tables can list them.
-enum TimerBit : unsigned {
-    BG = 1, IBG = 2, Blk = 4, Next = 8, SW = 16, Explosion = 32, Bomb = 64, AllTimers = 127,
-};
-constexpr const char *timerNames[7] = {
-    "tmrBGPreview", "tmrPreviewIBG", "tmrPreviewBlk", "tmrPreviewNext",
-    "tmrPreviewSW", "tmrPreviewExplosion", "tmrPreviewBomb",
-};
-
 // Wide enough for the widest page at common fonts; see buildPageArea().
 constexpr qreal pageAreaWidthInCharacters = 124;
 
@@ -51,83 +44,58 @@ struct PageRow {
     const char *menuItem;
     const char *menuCaption;
     int heightTwips;         // outer window height while the page is shown
-    unsigned timersStopped;  // the page's own timers keep running
     const char *slug;
     const char *selector;    // data-set selector, nullptr for none
 };
 
 constexpr PageRow pageRows[MainWindow::pageCount] = {
     {createGeneralPage, "General", "General Theme Information", "tab-general", "mnuGeneral", "&General",
-     6475, AllTimers, "general", nullptr},
+     6475, "general", nullptr},
     {createInterfacePage, "IFace", "Graphical Interface Configuration", "tab-iface", "mnuIface", "&Interface",
-     6475, AllTimers, "interface", nullptr},
+     6475, "interface", nullptr},
     {createBackgroundPage, "Background", "Game Background Configuration", "tab-background", "mnuBG",
-     "&Background", 7315, Blk | SW | Next | Explosion | Bomb, "background", "cmbFields"},
+     "&Background", 7315, "background", "cmbFields"},
     {createBlocksPage, "Blocks", "Game Block Configuration", "tab-blocks", "mnuBLK", "Bl&ocks",
-     6475, BG | Explosion | Bomb, "blocks", "cmbBlocks"},
+     6475, "blocks", "cmbBlocks"},
     // "Misceallenous" is the menu caption authors know: kept as the original spells it.
     {createMiscPage, "Misc. GFX", "Miscellaneous graphics", "tab-misc", "mnuMisc", "&Misceallenous Graphics",
-     6475, BG | Blk | IBG | SW | Next, "misc", "cmbMisc"},
+     6475, "misc", "cmbMisc"},
     {createSoundPage, "Sounds/Music", "Sounds and Music configuration", "tab-sounds", "mnuSounds",
-     "&Sounds and Music", 6475, AllTimers, "sounds", nullptr},
+     "&Sounds and Music", 6475, "sounds", nullptr},
 };
 
-// A choice shows its frame and include box, hides the other sets' and stops their timers.
-struct DataSet {
-    const char *caption;
+// A section's frame, switched by its include box. One with a data set is a choice of its
+// page's selector: the page's animated elements come first, then the sections listed here.
+struct SectionFrame {
     const char *frame;
-    const char *includeBox;
-    unsigned timer;
+    const char *includeKey;
+    EditorPage page;
+    const char *dataSet;  // nullptr: always shown
+    int element = -1;     // the animated element it shows
 };
-constexpr DataSet fieldSets[] = {
-    {"Background", "fraBackground", "chkBG", BG},
-    {"Internet Background", "fraIBG", "chkIBG", IBG},
-};
-constexpr DataSet blockSets[] = {
-    {"Game Blocks", "fraBlocks", "chkBlk", Blk},
-    {"Next Block Window", "fraNext", "chkNext", Next},
-    {"Special Window", "fraSW", "chkSW", SW},
-};
-constexpr DataSet miscSets[] = {
-    {"Explosion", "fraExplosion", "chkExplosion", Explosion},
-    {"Block Bomb", "fraBomb", "chkBomb", Bomb},
-    {"Theme Colors", "fraColor", "chkColor", 0},
-    {"Misc. Images", "fraMImg", "chkMImg", 0},
-};
-struct Selector {
-    const char *name;
-    std::span<const DataSet> sets;
-};
-const Selector selectors[] = {
-    {"cmbFields", fieldSets},
-    {"cmbBlocks", blockSets},
-    {"cmbMisc", miscSets},
+constexpr SectionFrame sectionFrames[] = {
+    {"fraIface", "includeinterface", EditorPage::Interface, nullptr},
+    {"fraColor", "includecolors", EditorPage::Misc, "Theme Colors"},
+    {"fraMImg", "includemiscimages", EditorPage::Misc, "Misc. Images"},
+    {"fraSound", "includesounds", EditorPage::Sounds, nullptr},
+    {"fraMusic", "includemusic", EditorPage::Sounds, nullptr},
 };
 
-// A frame takes input exactly when one of its switches is 1; 2 (greyed) counts as off.
-struct SwitchedFrame {
-    const char *frame;
-    const char *switches[4];
-};
-constexpr SwitchedFrame switchedFrames[] = {
-    {"fraIface", {"includeinterface"}},
-    {"fraBackground", {"includebackground"}},
-    {"fraIBG", {"includeinetbackground"}},
-    {"fraBlocks", {"includeblocks"}},
-    {"fraNext", {"includenextwindow"}},
-    {"fraSW", {"includespecialwindow"}},
-    {"fraExplosion", {"includeexplosion"}},
-    {"fraBomb", {"includebomb"}},
-    {"fraColor", {"includecolors"}},
-    {"fraMImg", {"includemiscimages"}},
-    {"fraSound", {"includesounds"}},
-    {"fraMusic", {"includemusic"}},
-    {"fraBGAni", {"bganimated"}},
-    {"fraIBGAni", {"inetbganimated"}},
-    {"fraNextAni", {"nextblkanimated"}},
-    {"fraSWAni", {"specialwindowanimated"}},
-    {"fraBlkAni", {"animateblocks", "animatespecials", "animateinetblocks", "animateinetspecials"}},
-};
+// A choice shows its frame and include box, hides the other sets' and stops their animations.
+QList<SectionFrame> dataSetsOf(int page)
+{
+    QList<SectionFrame> sets;
+    for (int i = 0; i < AnimatedElementCount; ++i) {
+        const AnimatedElement &e = animatedElements[i];
+        if (int(e.page) == page)
+            sets.append({elementControls[i].frame, e.includeField, e.page, e.dataSet, i});
+    }
+    for (const SectionFrame &section : sectionFrames) {
+        if (section.dataSet && int(section.page) == page)
+            sets.append(section);
+    }
+    return sets;
+}
 
 int switchValue(Qt::CheckState state)
 {
@@ -162,12 +130,20 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
     buildMenus();
     buildTimers();
     m_controls.fill(nullptr, qsizetype(themeFields().size()));
-    m_switchedFrames.fill(nullptr, qsizetype(std::size(switchedFrames)));
+    for (const SectionFrame &section : sectionFrames)
+        m_switchedFrames.append({section.frame, {&section.includeKey, 1}});
+    for (int i = 0; i < AnimatedElementCount; ++i) {
+        const AnimatedElement &e = animatedElements[i];
+        m_switchedFrames.append({elementControls[i].frame, {&e.includeField, 1}});
+        if (e.animatedFields[0])
+            m_switchedFrames.append({elementControls[i].aniFrame, e.animatedFields});
+    }
     setCentralWidget(buildPageArea());
     connect(&m_doc, &ThemeDocument::fieldChanged, this, &MainWindow::showFieldValue);
     connect(&m_doc, &ThemeDocument::swatchChanged, this, &MainWindow::showSwatch);
     connect(&m_doc, &ThemeDocument::themeReset, this, [this] {
-        stopTimers(AllTimers);
+        for (TickTimer *timer : m_timers)
+            timer->stop();
         refreshThemeType();
     });
     buildPage(int(Page::General));
@@ -222,9 +198,9 @@ void MainWindow::buildMenus()
 void MainWindow::buildTimers()
 {
     // The preview engine connects and starts them; the window only stops them.
-    for (int i = 0; i < 7; ++i) {
+    for (int i = 0; i < AnimatedElementCount; ++i) {
         auto *timer = new TickTimer(this);
-        timer->setObjectName(QLatin1StringView(timerNames[i]));
+        timer->setObjectName(QLatin1StringView(elementControls[i].timer));
         timer->setInterval(1);
         m_timers[i] = timer;
     }
@@ -278,7 +254,7 @@ void MainWindow::buildPage(int page)
         m_area->setMinimumWidth(needed);
 
     if (page == int(Page::General)) {
-        m_type = panel->findChild<QComboBox *>(QStringLiteral("cmbType"));
+        m_type = panel->findChild<QComboBox *>(fieldControl("themetype"));
         connect(m_type, &QComboBox::currentIndexChanged, this, [this](int choice) {
             if (choice < 0)
                 return;
@@ -288,14 +264,14 @@ void MainWindow::buildPage(int page)
         connect(panel->findChild<QPushButton *>(QStringLiteral("cmdGenerateDescription")), &QPushButton::clicked,
                 this, [this] { m_doc.setText(u"description", generateDescription(m_doc)); });
     }
-    for (int i = 0; i < int(std::size(switchedFrames)); ++i) {
-        if (!m_switchedFrames.at(i))
-            m_switchedFrames[i] = panel->findChild<QWidget *>(QLatin1StringView(switchedFrames[i].frame));
+    for (SwitchedFrame &switched : m_switchedFrames) {
+        if (!switched.frame)
+            switched.frame = panel->findChild<QWidget *>(QLatin1StringView(switched.name));
     }
     bindFields(panel);
-    bindSwatches(panel);
-    for (int selector = 0; selector < int(std::size(selectors)); ++selector)
-        bindSelector(panel, selector);
+    for (int i = 0; i < int(colorRows.keys.size()); ++i)
+        showSwatch(i);
+    bindSelector(panel, page);
     refreshSwitchedFrames();
     refreshThemeType();
 
@@ -331,13 +307,31 @@ void MainWindow::withControl(const QString &name, QObject *context, std::functio
         m_pending.append({name, context, std::move(use)});
 }
 
+void MainWindow::onClick(const QString &name, QObject *context, std::function<void()> action)
+{
+    withControl(name, context, [name, context, action = std::move(action)](QWidget *control) {
+        auto *button = qobject_cast<QAbstractButton *>(control);
+        if (!button) {
+            qWarning("MainWindow: %s is not a button", qPrintable(name));
+            return;
+        }
+        connect(button, &QAbstractButton::clicked, context, action);
+    });
+}
+
+void MainWindow::onRowClick(const char *name, std::span<const char *const> rows, QObject *context,
+                            std::function<void(int row)> action)
+{
+    for (int row = 0; row < int(rows.size()); ++row)
+        onClick(rowControl(name, row), context, [action, row] { action(row); });
+}
+
 void MainWindow::bindFields(QWidget *panel)
 {
-    const auto fields = themeFields();
-    for (int i = 0; i < int(fields.size()); ++i) {
+    for (int i = 0; i < int(m_controls.size()); ++i) {
         if (m_controls.at(i))
             continue;
-        QWidget *control = panel->findChild<QWidget *>(QLatin1StringView(fields[size_t(i)].control));
+        QWidget *control = panel->findChild<QWidget *>(fieldControls().at(i));
         if (!control)
             continue;
         m_controls[i] = control;
@@ -388,17 +382,9 @@ void MainWindow::showFieldValue(int index)
         m_type->setCurrentIndex(m_doc.number(index)); // runs the choice handler when it moves
 }
 
-void MainWindow::bindSwatches(QWidget *panel)
-{
-    if (panel->findChild<PreviewSurface *>(QStringLiteral("picPreviewColor(0)"))) {
-        for (int i = 0; i < 12; ++i)
-            showSwatch(i);
-    }
-}
-
 void MainWindow::showSwatch(int index)
 {
-    auto *swatch = findChild<PreviewSurface *>(QStringLiteral("picPreviewColor(%1)").arg(index));
+    auto *swatch = findChild<PreviewSurface *>(rowControl(colorRows.show, index));
     if (!swatch)
         return;
     const auto value = m_doc.swatch(index);
@@ -406,36 +392,37 @@ void MainWindow::showSwatch(int index)
     swatch->setFillColor(value ? swatchColor(*value) : QColor(Qt::white));
 }
 
-void MainWindow::bindSelector(QWidget *panel, int selector)
+void MainWindow::bindSelector(QWidget *panel, int page)
 {
-    auto *combo = panel->findChild<QComboBox *>(QLatin1StringView(selectors[selector].name));
+    const char *selector = pageRows[page].selector;
+    auto *combo = selector ? panel->findChild<QComboBox *>(QLatin1StringView(selector)) : nullptr;
     if (!combo)
         return;
-    connect(combo, &QComboBox::currentIndexChanged, this, [this, selector](int choice) {
-        chooseDataSet(selector, choice);
+    connect(combo, &QComboBox::currentIndexChanged, this, [this, page](int choice) {
+        chooseDataSet(page, choice);
     });
     if (m_started)
-        fillSelector(combo, selector);
-    showDataSet(selector);
+        fillSelector(combo, page);
+    showDataSet(page);
 }
 
-void MainWindow::fillSelector(QComboBox *combo, int selector)
+void MainWindow::fillSelector(QComboBox *combo, int page)
 {
-    for (const DataSet &set : selectors[selector].sets)
-        combo->addItem(QString::fromLatin1(set.caption));
-    combo->setCurrentIndex(m_dataSetChoice[selector]);
+    for (const SectionFrame &set : dataSetsOf(page))
+        combo->addItem(QString::fromLatin1(set.dataSet));
+    combo->setCurrentIndex(m_dataSetChoice[page]);
 }
 
 void MainWindow::refreshSwitchedFrames()
 {
-    for (int i = 0; i < int(std::size(switchedFrames)); ++i) {
+    for (const SwitchedFrame &switched : std::as_const(m_switchedFrames)) {
         bool on = false;
-        for (const char *key : switchedFrames[i].switches) {
+        for (const char *key : switched.switches) {
             if (key && m_doc.isOn(QLatin1StringView(key)))
                 on = true;
         }
-        if (QWidget *frame = m_switchedFrames.at(i))
-            frame->setEnabled(on);
+        if (switched.frame)
+            switched.frame->setEnabled(on);
     }
 }
 
@@ -445,7 +432,7 @@ void MainWindow::refreshThemeType()
     if (!general)
         return;
     const bool packaged = m_doc.number(u"themetype") == 1;
-    general->findChild<QWidget *>(QStringLiteral("txtResource"))->setEnabled(packaged);
+    general->findChild<QWidget *>(fieldControl("resourcefile"))->setEnabled(packaged);
     general->findChild<QWidget *>(QStringLiteral("cmdBrowseResource"))->setEnabled(packaged);
     general->findChild<QWidget *>(QStringLiteral("fraTheme0"))->setEnabled(!packaged);
 }
@@ -456,39 +443,29 @@ void MainWindow::applyThemeTypeChoice()
     refreshThemeType();
 }
 
-void MainWindow::chooseDataSet(int selector, int choice)
+void MainWindow::chooseDataSet(int page, int choice)
 {
-    const std::span<const DataSet> sets = selectors[selector].sets;
-    if (choice < 0 || choice >= int(sets.size()))
+    const QList<SectionFrame> sets = dataSetsOf(page);
+    if (choice < 0 || choice >= sets.size())
         return;
-    m_dataSetChoice[selector] = choice;
-    unsigned stopped = 0;
-    for (int i = 0; i < int(sets.size()); ++i) {
-        if (i != choice)
-            stopped |= sets[size_t(i)].timer;
+    m_dataSetChoice[page] = choice;
+    showDataSet(page);
+    for (int i = 0; i < sets.size(); ++i) {
+        if (i != choice && sets[i].element >= 0)
+            m_timers[sets[i].element]->stop();
     }
-    showDataSet(selector);
-    stopTimers(stopped);
 }
 
-void MainWindow::showDataSet(int selector)
+void MainWindow::showDataSet(int page)
 {
-    const std::span<const DataSet> sets = selectors[selector].sets;
-    for (int i = 0; i < int(sets.size()); ++i) {
-        const bool shown = i == m_dataSetChoice[selector];
+    const QList<SectionFrame> sets = dataSetsOf(page);
+    for (int i = 0; i < sets.size(); ++i) {
+        const bool shown = i == m_dataSetChoice[page];
         // A page not built yet shows the choice when it is.
-        if (auto *frame = findChild<QWidget *>(QLatin1StringView(sets[size_t(i)].frame)))
+        if (auto *frame = findChild<QWidget *>(QLatin1StringView(sets[i].frame)))
             frame->setVisible(shown);
-        if (auto *box = findChild<QWidget *>(QLatin1StringView(sets[size_t(i)].includeBox)))
+        if (auto *box = findChild<QWidget *>(fieldControl(sets[i].includeKey)))
             box->setVisible(shown);
-    }
-}
-
-void MainWindow::stopTimers(unsigned timerBits)
-{
-    for (int i = 0; i < 7; ++i) {
-        if (timerBits & (1u << i))
-            m_timers[i]->stop();
     }
 }
 
@@ -504,7 +481,11 @@ void MainWindow::showPage(Page page)
             m_panels[i]->setVisible(i == index);
     }
     applyWindowHeight();
-    stopTimers(pageRows[index].timersStopped);
+    // A page leaves its own animations running, and those of elements that tick on it too.
+    for (int i = 0; i < AnimatedElementCount; ++i) {
+        if (animatedElements[i].page != page && animatedElements[i].alsoTicksOn != page)
+            m_timers[i]->stop();
+    }
     for (int i = 0; i < pageCount; ++i)
         m_pageActions[i]->setChecked(i == index);
     const QSignalBlocker blocker(m_tabs);
@@ -526,11 +507,14 @@ void MainWindow::startUp()
     m_type->setCurrentIndex(1);
 
     m_started = true;
-    for (int selector = 0; selector < int(std::size(selectors)); ++selector) {
-        chooseDataSet(selector, 0); // also when the first item was already current
+    for (int page = 0; page < pageCount; ++page) {
+        const char *selector = pageRows[page].selector;
+        if (!selector)
+            continue;
+        chooseDataSet(page, 0); // also when the first item was already current
         // Pages not built yet fill their selector when they are.
-        if (auto *combo = findChild<QComboBox *>(QLatin1StringView(selectors[selector].name)))
-            fillSelector(combo, selector);
+        if (auto *combo = findChild<QComboBox *>(QLatin1StringView(selector)))
+            fillSelector(combo, page);
     }
 
     setStartUpState(m_doc);

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "document/animatedelement.h"
+
 #include <QMainWindow>
 #include <QPointer>
 
 #include <functional>
+#include <span>
 
 class AboutWindow;
 class QAction;
@@ -16,8 +19,8 @@ class ThemeDocument;
 
 /**
  * The editor's one working window: the whole theme document as controls on six pages.
- * Controls carry their design names ("txtBGNum", "txtColor(3)", "tmrPreviewBlk") so the file
- * commands, the previews and tests reach them by name. Every field control follows the
+ * Controls carry their design names (controlnames.h: "txtBGNum", "txtColor(3)", "tmrPreviewBlk")
+ * so the file commands, the previews and tests reach them by name. Every field control follows the
  * document both ways; the window keeps no theme state of its own.
  *
  * A page's controls are made when the page is first shown, so the window appears without
@@ -28,7 +31,7 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    enum class Page { General, Interface, Background, Blocks, Misc, Sounds };
+    using Page = EditorPage;
     static constexpr int pageCount = 6;
 
     explicit MainWindow(ThemeDocument &document, QWidget *parent = nullptr);
@@ -53,6 +56,11 @@ public:
      * page is built. Nothing happens once \a context is gone.
      */
     void withControl(const QString &name, QObject *context, std::function<void(QWidget *)> use);
+    /** Runs \a action on every click of the button \a name, found as withControl() finds it. */
+    void onClick(const QString &name, QObject *context, std::function<void()> action);
+    /** onClick() for the button \a name on every row of \a rows, handing \a action the row. */
+    void onRowClick(const char *name, std::span<const char *const> rows, QObject *context,
+                    std::function<void(int row)> action);
     /** Builds the pages not shown yet, for tools and tests that reach every control at once. */
     void buildAllPages();
 
@@ -83,17 +91,22 @@ private:
     QWidget *buildPageArea();
     void buildPage(int page);
     void bindFields(QWidget *panel);
-    void bindSwatches(QWidget *panel);
-    void bindSelector(QWidget *panel, int selector);
-    void fillSelector(QComboBox *combo, int selector);
+    void bindSelector(QWidget *panel, int page);
+    void fillSelector(QComboBox *combo, int page);
     void showSwatch(int index);
-    void showDataSet(int selector);
+    void showDataSet(int page);
     void showFieldValue(int index);
     void refreshSwitchedFrames();
     void refreshThemeType();
-    void chooseDataSet(int selector, int choice);
-    void stopTimers(unsigned timerBits);
+    void chooseDataSet(int page, int choice);
     void applyWindowHeight();
+
+    // A frame that takes input exactly when one of its switches is 1; 2 (greyed) counts as off.
+    struct SwitchedFrame {
+        const char *name;
+        std::span<const char *const> switches; // unused ones nullptr
+        QWidget *frame = nullptr;              // nullptr while its page is not built
+    };
 
     ThemeDocument &m_doc;
     Page m_page = Page::General;
@@ -101,11 +114,11 @@ private:
     QFrame *m_area = nullptr;
     QWidget *m_panels[pageCount] = {};  // nullptr until first shown
     QAction *m_pageActions[pageCount] = {};
-    TickTimer *m_timers[7] = {};
+    TickTimer *m_timers[AnimatedElementCount] = {};
     QComboBox *m_type = nullptr;
     QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
-    QList<QWidget *> m_switchedFrames;  // by row of the switched-frame table, likewise
-    int m_dataSetChoice[3] = {};
+    QList<SwitchedFrame> m_switchedFrames;
+    int m_dataSetChoice[pageCount] = {};
     bool m_started = false;             // startUp() has filled the selectors
     struct PendingControl {
         QString name;

@@ -1,9 +1,9 @@
 #include "editor/pages.h"
 
+#include "editor/controlnames.h"
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
 
-#include <QCheckBox>
 #include <QGroupBox>
 #include <QVBoxLayout>
 
@@ -11,25 +11,14 @@ using namespace PageWidgets;
 
 namespace {
 
-// Both backgrounds play in the one preview beside them, so their frames carry none.
-constexpr AnimatedFrameSpec background = {
-    "fraBackground", "Game Background", "txtBStart", "txtBGRoot", "txtBGExt",
-    "cmdBrowseBG", "cmdPreviewBG", {"chkBGAni"}, nullptr,
-    "fraBGAni", "txtBGNum", "txtBGStart", "txtBGStill", "txtBGDelay", "chkBGReverse",
-    nullptr, nullptr, {}};
-
-constexpr AnimatedFrameSpec internetBackground = {
-    "fraIBG", "Game Internet Background", "txtIBGImage", "txtIBGRoot", "txtIBGExt",
-    "cmdBrowseIBG", "cmdPreviewIBG", {"chkIBGAni"}, nullptr,
-    "fraIBGAni", "txtIBGNum", "txtIBGStart", "txtIBGStill", "txtIBGDelay", "chkIBGReverse",
-    nullptr, nullptr, {}};
-
+// Both backgrounds play in the one preview beside their frames.
 QGroupBox *sharedPreview()
 {
     QGroupBox *box = frame("fraBGPreview", QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 2, 6, 6);
-    layout->addWidget(new PreviewSurface(QStringLiteral("picPreviewBG"), QSize(192, 352),
+    layout->addWidget(new PreviewSurface(QLatin1StringView(elementControls[ElementBackground].surface),
+                                         animatedElements[ElementBackground].surfaceSize,
                                          PreviewSurface::Mode::Natural));
     return box;
 }
@@ -38,8 +27,5 @@ QGroupBox *sharedPreview()
 
 QWidget *createBackgroundPage()
 {
-    return dataSetPage("picFields", "cmbFields",
-                       {fieldCheckBox("chkBG"), fieldCheckBox("chkIBG")},
-                       {animatedFrame(background), animatedFrame(internetBackground)},
-                       sharedPreview());
+    return dataSetPage(EditorPage::Background, "picFields", "cmbFields", {}, {}, sharedPreview());
 }

@@ -1,5 +1,6 @@
 #include "editor/pages.h"
 
+#include "editor/controlnames.h"
 #include "editor/pagewidgets.h"
 
 #include <QCheckBox>
@@ -22,11 +23,11 @@ QGroupBox *themeType0Group()
     QGroupBox *group = frame("fraTheme0", QStringLiteral("Theme Type 0"));
     auto *grid = new QGridLayout(group);
     compact(grid);
-    QLineEdit *skin = lineEdit("txtSkinFile");
-    grid->addWidget(label(fieldCaption("txtSkinFile"), skin), 0, 0);
+    QLineEdit *skin = lineEdit("skinfile");
+    grid->addWidget(label(fieldCaption("skinfile"), skin), 0, 0);
     grid->addWidget(skin, 0, 1);
     grid->addWidget(button(QStringLiteral("cmdBrowseSkin"), QStringLiteral("Browse")), 0, 2);
-    grid->addWidget(fieldCheckBox("chkSkinTransparent"), 0, 3);
+    grid->addWidget(fieldCheckBox("skintransparency"), 0, 3);
     grid->setColumnStretch(1, 1);
     return group;
 }
@@ -41,33 +42,33 @@ QWidget *createGeneralPage()
 
     auto *grid = new QGridLayout(general);
     compact(grid);
-    for (const char *control : {"txtThemeName", "txtAuthor", "txtVersion"}) {
+    for (const char *key : {"name", "developer", "version"}) {
         const int row = grid->rowCount();
-        QLineEdit *edit = lineEdit(control);
-        grid->addWidget(label(fieldCaption(control), edit), row, 0);
+        QLineEdit *edit = lineEdit(key);
+        grid->addWidget(label(fieldCaption(key), edit), row, 0);
         grid->addWidget(edit, row, 1, 1, 2);
     }
 
     auto *type = new QComboBox;
-    type->setObjectName(QStringLiteral("cmbType"));
+    type->setObjectName(fieldControl("themetype"));
     int row = grid->rowCount();
-    grid->addWidget(label(fieldCaption("cmbType"), type), row, 0);
+    grid->addWidget(label(fieldCaption("themetype"), type), row, 0);
     grid->addWidget(type, row, 1, Qt::AlignLeft);
 
-    QLineEdit *resource = lineEdit("txtResource");
+    QLineEdit *resource = lineEdit("resourcefile");
     row = grid->rowCount();
-    grid->addWidget(label(fieldCaption("txtResource"), resource), row, 0);
+    grid->addWidget(label(fieldCaption("resourcefile"), resource), row, 0);
     grid->addWidget(resource, row, 1);
     grid->addWidget(button(QStringLiteral("cmdBrowseResource"), QStringLiteral("Browse")), row, 2);
 
     grid->addWidget(themeType0Group(), grid->rowCount(), 0, 1, 3);
 
     auto *description = new QPlainTextEdit;
-    description->setObjectName(QStringLiteral("txtDescription"));
+    description->setObjectName(fieldControl("description"));
     description->setTabChangesFocus(true);
     description->setMinimumHeight(description->fontMetrics().lineSpacing() * 3 + 8);
     row = grid->rowCount();
-    grid->addWidget(label(fieldCaption("txtDescription"), description), row, 0, Qt::AlignLeft | Qt::AlignBottom);
+    grid->addWidget(label(fieldCaption("description"), description), row, 0, Qt::AlignLeft | Qt::AlignBottom);
     auto *generate = button(QStringLiteral("cmdGenerateDescription"), QStringLiteral("Generate Description"));
     grid->addWidget(generate, row, 1, 1, 2, Qt::AlignRight);
     grid->addWidget(description, grid->rowCount(), 0, 1, 3);

@@ -1,6 +1,6 @@
 #include "editor/pages.h"
 
-#include "document/themefields.h"
+#include "editor/controlnames.h"
 #include "editor/pagewidgets.h"
 
 #include <QCheckBox>
@@ -24,7 +24,7 @@ QWidget *previewColumn()
     QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124));
     layout->addWidget(label(QStringLiteral("Preview:")));
     layout->addWidget(area, 0, Qt::AlignLeft);
-    layout->addWidget(fieldCheckBox("chkIMenuTransparent"));
+    layout->addWidget(fieldCheckBox("ifacemenutransparent"));
     layout->addStretch(1);
     return column;
 }
@@ -39,26 +39,23 @@ QWidget *createInterfacePage()
     QGroupBox *screens = frame("fraIface", QStringLiteral("Interface"));
     auto *grid = new QGridLayout(screens);
     compact(grid);
-    for (int i = 0; i < 10; ++i) {
-        const char *control = fieldSpec(interfaceRowKeys[i]).control;
-        const QString index = QStringLiteral("(%1)").arg(i);
-        QLineEdit *edit = lineEdit(control);
-        QLabel *caption = label(fieldCaption(control), edit);
-        caption->setObjectName(QStringLiteral("lblIFace") + index);
+    const int rows = int(interfaceRows.keys.size());
+    for (int i = 0; i < rows; ++i) {
+        QLineEdit *edit = lineEdit(interfaceRows.keys[i]);
+        QLabel *caption = label(fieldCaption(interfaceRows.keys[i]), edit);
+        caption->setObjectName(rowControl(interfaceRows.label, i));
         grid->addWidget(caption, i, 0);
         grid->addWidget(edit, i, 1);
-        grid->addWidget(button(QStringLiteral("cmdBrowseIface") + index, QStringLiteral("Browse")), i, 2);
-        grid->addWidget(iconButton(QStringLiteral("cmdPreviewIface") + index, "preview",
-                                   QStringLiteral("Preview")),
-                        i, 3);
+        grid->addWidget(button(rowControl(interfaceRows.browse, i), QStringLiteral("Browse")), i, 2);
+        grid->addWidget(iconButton(rowControl(interfaceRows.show, i), "preview", QStringLiteral("Preview")), i, 3);
     }
     grid->setColumnStretch(1, 1);
-    grid->addWidget(previewColumn(), 0, 4, 10, 1);
+    grid->addWidget(previewColumn(), 0, 4, rows, 1);
     grid->setColumnMinimumWidth(4, 191 + 2);
 
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(fieldCheckBox("chkIface"));
+    layout->addWidget(fieldCheckBox("includeinterface"));
     layout->addWidget(screens);
     layout->addStretch(1);
     return page;

@@ -1,6 +1,6 @@
 #include "editor/pages.h"
 
-#include "document/themefields.h"
+#include "editor/controlnames.h"
 #include "editor/pagewidgets.h"
 
 #include <QCheckBox>
@@ -23,17 +23,14 @@ QGroupBox *soundFrame()
     auto *grid = new QGridLayout(box);
     compact(grid);
     constexpr int rowsPerColumn = 6;
-    for (int i = 0; i < 11; ++i) {
+    for (int i = 0; i < int(soundRows.keys.size()); ++i) {
         const int row = i % rowsPerColumn;
         const int column = (i / rowsPerColumn) * 5;
-        const QString index = QStringLiteral("(%1)").arg(i);
-        const char *control = fieldSpec(soundRowKeys[i]).control;
-        QLineEdit *edit = lineEdit(control);
-        grid->addWidget(label(fieldCaption(control), edit), row, column);
+        QLineEdit *edit = lineEdit(soundRows.keys[i]);
+        grid->addWidget(label(fieldCaption(soundRows.keys[i]), edit), row, column);
         grid->addWidget(edit, row, column + 1);
-        grid->addWidget(button(QStringLiteral("cmdBrowseSound") + index, QStringLiteral("Browse")), row, column + 2);
-        grid->addWidget(iconButton(QStringLiteral("cmdPlaySound") + index, "play",
-                                   QStringLiteral("Play Sound")),
+        grid->addWidget(button(rowControl(soundRows.browse, i), QStringLiteral("Browse")), row, column + 2);
+        grid->addWidget(iconButton(rowControl(soundRows.show, i), "play", QStringLiteral("Play Sound")),
                         row, column + 3);
     }
     grid->setColumnStretch(1, 1);
@@ -46,7 +43,7 @@ QGroupBox *musicFrame()
 {
     QGroupBox *box = frame("fraMusic", QStringLiteral("Music"));
     auto *row = new QHBoxLayout(box);
-    row->addWidget(lineEdit("txtMusic"), 1);
+    row->addWidget(lineEdit("midi"), 1);
     row->addWidget(button(QStringLiteral("cmdBrowseMusic"), QStringLiteral("Browse")));
     auto *play = button(QStringLiteral("cmdPlayMusic"), QStringLiteral("Play Music"));
     play->setIcon(editorIcon("play"));
@@ -61,8 +58,8 @@ QWidget *createSoundPage()
     auto *page = new QWidget;
     page->setObjectName(QStringLiteral("picSound"));
     auto *switches = new QHBoxLayout;
-    switches->addWidget(fieldCheckBox("chkSounds"));
-    switches->addWidget(fieldCheckBox("chkMusic"));
+    switches->addWidget(fieldCheckBox("includesounds"));
+    switches->addWidget(fieldCheckBox("includemusic"));
     switches->addStretch(1);
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 #include "editor/pagewidgets.h"
 
 #include "document/themefields.h"
+#include "editor/controlnames.h"
 #include "editor/previewsurface.h"
 
 #include <QCheckBox>
@@ -56,24 +57,22 @@ QIcon editorIcon(const char *name)
     return icon;
 }
 
-QString fieldCaption(const char *control)
+QString fieldCaption(const char *key)
 {
-    const int index = fieldIndexOfControl(QLatin1StringView(control));
-    Q_ASSERT_X(index >= 0, "fieldCaption", control);
-    return QString::fromLatin1(themeFields()[size_t(index)].caption);
+    return QString::fromLatin1(fieldSpec(key).caption);
 }
 
-QLineEdit *lineEdit(const char *name)
+QLineEdit *lineEdit(const char *key)
 {
     auto *edit = new QLineEdit;
-    edit->setObjectName(QLatin1StringView(name));
+    edit->setObjectName(fieldControl(key));
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 16);
     return edit;
 }
 
-QLineEdit *derivedBox(const char *name)
+QLineEdit *derivedBox(const char *key)
 {
-    QLineEdit *edit = lineEdit(name);
+    QLineEdit *edit = lineEdit(key);
     edit->setReadOnly(true);
     edit->setFocusPolicy(Qt::NoFocus);
     QPalette palette = edit->palette();
@@ -82,18 +81,18 @@ QLineEdit *derivedBox(const char *name)
     return edit;
 }
 
-QLineEdit *numberBox(const char *name)
+QLineEdit *numberBox(const char *key)
 {
     auto *edit = new QLineEdit;
-    edit->setObjectName(QLatin1StringView(name));
+    edit->setObjectName(fieldControl(key));
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 6 + 12);
     return edit;
 }
 
-QCheckBox *fieldCheckBox(const char *name)
+QCheckBox *fieldCheckBox(const char *key)
 {
-    auto *box = new QCheckBox(fieldCaption(name));
-    box->setObjectName(QLatin1StringView(name));
+    auto *box = new QCheckBox(fieldCaption(key));
+    box->setObjectName(fieldControl(key));
     return box;
 }
 
@@ -158,24 +157,33 @@ QWidget *dataSetRow(const char *selectorName)
     return row;
 }
 
-QWidget *dataSetPage(const char *panel, const char *selector, std::initializer_list<QWidget *> includeBoxes,
-                     std::initializer_list<QWidget *> frames, QWidget *side)
+QWidget *dataSetPage(EditorPage page, const char *panelName, const char *selector,
+                     std::initializer_list<const char *> includeKeys, std::initializer_list<QWidget *> frames,
+                     QWidget *side)
 {
-    auto *page = new QWidget;
-    page->setObjectName(QLatin1StringView(panel));
-    auto *grid = new QGridLayout(page);
+    auto *panel = new QWidget;
+    panel->setObjectName(QLatin1StringView(panelName));
+    auto *grid = new QGridLayout(panel);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(4);
     grid->addWidget(dataSetRow(selector), 0, 0);
-    for (QWidget *box : includeBoxes)
-        grid->addWidget(box, 0, 1);
+    for (const AnimatedElement &element : animatedElements) {
+        if (element.page == page)
+            grid->addWidget(fieldCheckBox(element.includeField), 0, 1);
+    }
+    for (const char *key : includeKeys)
+        grid->addWidget(fieldCheckBox(key), 0, 1);
+    for (int element = 0; element < AnimatedElementCount; ++element) {
+        if (animatedElements[element].page == page)
+            grid->addWidget(animatedFrame(element), 1, 0, 1, 2);
+    }
     for (QWidget *f : frames)
         grid->addWidget(f, 1, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(1, 1);
     if (side)
         grid->addWidget(side, 0, 2, 2, 1, Qt::AlignTop);
-    return page;
+    return panel;
 }
 
 void compact(QGridLayout *grid)
@@ -186,73 +194,74 @@ void compact(QGridLayout *grid)
 
 namespace {
 
-void addFormRow(QGridLayout *grid, QWidget *field, const char *control)
+void addFormRow(QGridLayout *grid, QWidget *field, const char *key)
 {
     const int row = grid->rowCount();
-    grid->addWidget(label(fieldCaption(control), field), row, 0);
+    grid->addWidget(label(fieldCaption(key), field), row, 0);
     grid->addWidget(field, row, 1, Qt::AlignLeft);
 }
 
-QGroupBox *animationSettings(const AnimatedFrameSpec &row)
+QGroupBox *animationSettings(const AnimatedElement &e, const char *name)
 {
-    QGroupBox *settings = frame(row.aniFrame, QStringLiteral("Animation Configuration"));
+    QGroupBox *settings = frame(name, QStringLiteral("Animation Configuration"));
     auto *grid = new QGridLayout(settings);
     compact(grid);
-    for (const char *control : {row.number, row.start, row.still, row.delay}) {
-        if (control)
-            addFormRow(grid, numberBox(control), control);
+    for (const char *key : {e.frameCountField, e.startingFrameField, e.stillFrameField, e.delayField}) {
+        if (key)
+            addFormRow(grid, numberBox(key), key);
     }
-    if (row.reverse)
-        grid->addWidget(fieldCheckBox(row.reverse), grid->rowCount(), 0, 1, 2);
+    if (e.reverseField)
+        grid->addWidget(fieldCheckBox(e.reverseField), grid->rowCount(), 0, 1, 2);
     grid->setColumnStretch(2, 1);
     return settings;
 }
 
-QGroupBox *previewFrame(const AnimatedFrameSpec &row)
+QGroupBox *previewFrame(const ElementControls &names, QSize area)
 {
-    QGroupBox *box = frame(row.previewFrame, QStringLiteral("Preview"));
+    QGroupBox *box = frame(names.previewFrame, QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 4, 6, 6);
-    layout->addWidget(new PreviewSurface(QLatin1StringView(row.surface), row.surfaceArea,
-                                         PreviewSurface::Mode::Natural),
+    layout->addWidget(new PreviewSurface(QLatin1StringView(names.surface), area, PreviewSurface::Mode::Natural),
                       0, Qt::AlignCenter);
     return box;
 }
 
 } // namespace
 
-QGroupBox *animatedFrame(const AnimatedFrameSpec &row)
+QGroupBox *animatedFrame(int element)
 {
-    QGroupBox *box = frame(row.frame, QString::fromLatin1(row.caption));
+    const AnimatedElement &e = animatedElements[element];
+    const ElementControls &names = elementControls[element];
+    QGroupBox *box = frame(names.frame, QString::fromLatin1(e.caption));
 
     auto *fields = new QGridLayout;
     compact(fields);
-    QLineEdit *image = lineEdit(row.image);
-    fields->addWidget(label(fieldCaption(row.image), image), 0, 0, 1, 2);
+    QLineEdit *image = lineEdit(e.imageField);
+    fields->addWidget(label(fieldCaption(e.imageField), image), 0, 0, 1, 2);
     fields->addWidget(image, 1, 0, 1, 2);
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(6);
-    buttons->addWidget(button(QLatin1StringView(row.browse), QStringLiteral("Browse")));
-    buttons->addWidget(button(QLatin1StringView(row.preview), QStringLiteral("Preview")));
+    buttons->addWidget(button(QLatin1StringView(names.browse), QStringLiteral("Browse")));
+    buttons->addWidget(button(QLatin1StringView(names.preview), QStringLiteral("Preview")));
     buttons->addStretch(1);
     fields->addLayout(buttons, 2, 0, 1, 2);
-    addFormRow(fields, derivedBox(row.root), row.root);
-    addFormRow(fields, derivedBox(row.extension), row.extension);
-    for (const char *control : row.switches) {
-        if (control)
-            fields->addWidget(fieldCheckBox(control), fields->rowCount(), 0, 1, 2);
+    addFormRow(fields, derivedBox(e.rootField), e.rootField);
+    addFormRow(fields, derivedBox(e.extensionField), e.extensionField);
+    for (const char *key : e.animatedFields) {
+        if (key)
+            fields->addWidget(fieldCheckBox(key), fields->rowCount(), 0, 1, 2);
     }
-    if (row.transparency)
-        fields->addWidget(fieldCheckBox(row.transparency), fields->rowCount(), 0, 1, 2);
+    if (e.transparencyField)
+        fields->addWidget(fieldCheckBox(e.transparencyField), fields->rowCount(), 0, 1, 2);
     fields->setColumnStretch(1, 1);
     fields->setRowStretch(fields->rowCount(), 1);
 
     // Side by side: a frame is only as tall as its longest column.
     auto *columns = new QHBoxLayout(box);
     columns->addLayout(fields, 1);
-    columns->addWidget(animationSettings(row), 0, Qt::AlignTop);
-    if (row.previewFrame)
-        columns->addWidget(previewFrame(row), 0, Qt::AlignTop);
+    columns->addWidget(animationSettings(e, names.aniFrame), 0, Qt::AlignTop);
+    if (names.previewFrame)
+        columns->addWidget(previewFrame(names, e.surfaceSize), 0, Qt::AlignTop);
     return box;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/animatedelement.h"
+
 #include <QSize>
 #include <QString>
 
@@ -16,24 +18,24 @@ class QToolButton;
 class QWidget;
 
 /**
- * Makers for the named controls the pages are built from. Field controls take their caption
- * from the document's field table, so a caption is written down once.
+ * Makers for the named controls the pages are built from. Field controls are made from the
+ * field's key: the name comes from the control-name table, the caption from the field table.
  */
 namespace PageWidgets {
 
-/** The caption of the document field edited by \a control ("txtBGNum" -> "Number of frames:"). */
-QString fieldCaption(const char *control);
+/** The caption of document field \a key ("bgframecount" -> "Number of frames:"). */
+QString fieldCaption(const char *key);
 
 /** One of the editor's own icons by name ("play"), with its double-size variant for high DPI. */
 QIcon editorIcon(const char *name);
 
-QLineEdit *lineEdit(const char *name);
+QLineEdit *lineEdit(const char *key);
 /** A root or extension box: filled by the program only, drawn grey. */
-QLineEdit *derivedBox(const char *name);
+QLineEdit *derivedBox(const char *key);
 /** A narrow box for frame numbers and delays. */
-QLineEdit *numberBox(const char *name);
+QLineEdit *numberBox(const char *key);
 /** A field check box with its caption from the field table. */
-QCheckBox *fieldCheckBox(const char *name);
+QCheckBox *fieldCheckBox(const char *key);
 QPushButton *button(const QString &name, const QString &caption);
 QToolButton *iconButton(const QString &name, const char *icon, const QString &toolTip);
 QGroupBox *frame(const char *name, const QString &caption);
@@ -45,36 +47,18 @@ QWidget *dataSetRow(const char *selectorName);
 
 /**
  * A page with a data-set selector: the selector row with the include boxes sharing one place
- * beside it, then the frames sharing one place, then \a side (if any) to their right.
+ * beside it, then the frames sharing one place, then \a side (if any) to their right. The
+ * page's animated elements come first, then the sections switched by \a includeKeys, whose
+ * \a frames follow in the same order.
  */
-QWidget *dataSetPage(const char *panel, const char *selector, std::initializer_list<QWidget *> includeBoxes,
-                     std::initializer_list<QWidget *> frames, QWidget *side = nullptr);
+QWidget *dataSetPage(EditorPage page, const char *panelName, const char *selector,
+                     std::initializer_list<const char *> includeKeys = {},
+                     std::initializer_list<QWidget *> frames = {}, QWidget *side = nullptr);
 
 /** Tight spacing for rows of boxes inside a frame. */
 void compact(QGridLayout *grid);
 
-/** One animated element's frame: image, buttons, root/extension, switches, settings, preview. */
-struct AnimatedFrameSpec {
-    const char *frame;        // "fraBlocks"
-    const char *caption;      // "Game Blocks"
-    const char *image;        // "txtBlkStart"
-    const char *root;
-    const char *extension;
-    const char *browse;
-    const char *preview;
-    const char *switches[4];  // animation switches, unused ones nullptr
-    const char *transparency; // nullptr when the element has none
-    const char *aniFrame;     // "fraBlkAni"
-    const char *number;
-    const char *start;        // nullptr for elements that always start at frame 1
-    const char *still;
-    const char *delay;
-    const char *reverse;
-    const char *previewFrame; // nullptr: the page shows the preview outside the frame
-    const char *surface;
-    QSize surfaceArea;        // the visible part of a frame
-};
-
-QGroupBox *animatedFrame(const AnimatedFrameSpec &row);
+/** Animated element \a element's frame: image, buttons, root/extension, switches, settings, preview. */
+QGroupBox *animatedFrame(int element);
 
 } // namespace PageWidgets

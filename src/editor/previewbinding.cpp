@@ -1,11 +1,11 @@
 #include "editor/previewbinding.h"
 
+#include "editor/controlnames.h"
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
 #include "preview/loadprogress.h"
 
-#include <QAbstractButton>
 #include <QProgressDialog>
 #include <QTimer>
 #include <QWidget>
@@ -71,23 +71,15 @@ PreviewBinding::~PreviewBinding()
     m_frames.setProgress(nullptr);
 }
 
-template<typename Handler>
-void PreviewBinding::onClick(const QString &button, Handler handler)
-{
-    m_window.withControl(button, this, [this, handler](QWidget *control) {
-        if (auto *clickable = qobject_cast<QAbstractButton *>(control))
-            connect(clickable, &QAbstractButton::clicked, this, handler);
-    });
-}
-
 void PreviewBinding::bindAnimations()
 {
     for (int element = 0; element < AnimatedElementCount; ++element) {
-        const AnimatedElement &e = animatedElements[element];
-        if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(e.timer)))
+        const ElementControls &names = elementControls[element];
+        if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(names.timer)))
             m_frames.attachTimer(element, timer);
-        onClick(QLatin1StringView(e.button), [this, element] { m_dialogs.show(m_frames.startFramePreview(element)); });
-        m_window.withControl(QLatin1StringView(e.surface), this, [this, element](QWidget *control) {
+        m_window.onClick(QLatin1StringView(names.preview), this,
+                         [this, element] { m_dialogs.show(m_frames.startFramePreview(element)); });
+        m_window.withControl(QLatin1StringView(names.surface), this, [this, element](QWidget *control) {
             m_surfaces[size_t(element)] = qobject_cast<PreviewSurface *>(control);
         });
     }
@@ -100,15 +92,11 @@ void PreviewBinding::bindAnimations()
 
 void PreviewBinding::bindStills()
 {
-    const auto indexed = [](const char *name, int i) {
-        return QStringLiteral("%1(%2)").arg(QLatin1StringView(name)).arg(i);
-    };
-    for (int i = 0; i < 10; ++i)
-        onClick(indexed("cmdPreviewIface", i), [this, i] { m_dialogs.show(m_stills.showInterfaceScreenPreview(i)); });
-    for (int i = 0; i < 8; ++i)
-        onClick(indexed("cmdPreviewMisc", i), [this, i] { m_stills.showMiscImagePreview(i); });
-    for (int i = 0; i < 12; ++i)
-        onClick(indexed("cmdBrowseColor", i), [this, i] { m_stills.chooseThemeColor(i); });
+    m_window.onRowClick(interfaceRows.show, interfaceRows.keys, this,
+                        [this](int row) { m_dialogs.show(m_stills.showInterfaceScreenPreview(row)); });
+    m_window.onRowClick(miscImageRows.show, miscImageRows.keys, this,
+                        [this](int row) { m_stills.showMiscImagePreview(row); });
+    m_window.onRowClick(colorRows.browse, colorRows.keys, this, [this](int row) { m_stills.chooseThemeColor(row); });
 
     // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.
     const auto show = [this](const char *display) {

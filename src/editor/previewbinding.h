@@ -36,8 +36,6 @@ public:
 private:
     void bindAnimations();
     void bindStills();
-    template<typename Handler>
-    void onClick(const QString &button, Handler handler);
 
     MainWindow &m_window;
     EditorDialogs &m_dialogs;

@@ -9,8 +9,6 @@
 
 #include <QElapsedTimer>
 
-#include <cstring>
-
 // A load shorter than this finishes before a progress window would be readable.
 static constexpr quint32 progressDelayMs = 500;
 
@@ -36,19 +34,10 @@ FramePreviews::FramePreviews(ThemeDocument &doc, LoadingSurface &loading,
 {
     for (int i = 0; i < AnimatedElementCount; ++i) {
         const AnimatedElement &e = animatedElements[i];
-        m_fields[size_t(i)] = {fieldIndexOrNone(e.animatedField), fieldIndexOrNone(e.imageField),
+        m_fields[size_t(i)] = {fieldIndexOrNone(e.animatedFields[0]), fieldIndexOrNone(e.imageField),
                                fieldIndexOrNone(e.frameCountField),
                                fieldIndexOrNone(e.startingFrameField),
                                fieldIndexOrNone(e.delayField), fieldIndexOrNone(e.reverseField)};
-        // Elements sharing a preview surface share its pictures.
-        int surface = i;
-        for (int j = 0; j < i; ++j) {
-            if (qstrcmp(animatedElements[j].surface, e.surface) == 0) {
-                surface = m_surfaceOf[size_t(j)];
-                break;
-            }
-        }
-        m_surfaceOf[size_t(i)] = surface;
         attachTimer(i, new TickTimer(this));
     }
     connect(&m_doc, &ThemeDocument::themeReset, this, &FramePreviews::stopAll);
@@ -105,7 +94,7 @@ const QImage &FramePreviews::strip(int element) const
 
 QImage FramePreviews::surfaceImage(int element) const
 {
-    return m_surfaces[size_t(m_surfaceOf[size_t(element)])].image;
+    return m_surfaces[size_t(animatedElements[element].surface)].image;
 }
 
 bool FramePreviews::settingsValid(int element, double *frameCount, qint64 *startingFrame,
@@ -258,7 +247,7 @@ void FramePreviews::animationTick(int element)
 void FramePreviews::draw(int element, qint64 slot)
 {
     Strip &strip = stripOf(element);
-    Surface &surface = m_surfaces[size_t(m_surfaceOf[size_t(element)])];
+    Surface &surface = m_surfaces[size_t(animatedElements[element].surface)];
     const DrawnFrame frame{element, strip.generation, slot};
     // Drawing the same slot again would give the same pixels: most ticks end here.
     if (surface.drawnAny && surface.drawn == frame)

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "common/report.h"
-
-#include "preview/animatedelement.h"
+#include "document/animatedelement.h"
 
 #include <QImage>
 #include <QObject>
@@ -137,8 +136,7 @@ private:
     std::array<SettingTexts, AnimatedElementCount> m_settingTexts;
     std::array<QPointer<TickTimer>, AnimatedElementCount> m_timers;
     std::array<QMetaObject::Connection, AnimatedElementCount> m_timerConnections;
-    std::array<int, AnimatedElementCount> m_surfaceOf; // index into m_surfaces
-    std::array<Surface, AnimatedElementCount> m_surfaces;
+    std::array<Surface, AnimatedElementCount> m_surfaces; // by the element whose surface it is
     std::array<Strip, 2> m_strips;
     quint64 m_nextGeneration = 1;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "preview/animatedelement.h"
+#include "document/animatedelement.h"
 
 #include <QImage>
 

@@ -1,4 +1,5 @@
 #include "common/scripteddialogs.h"
+#include "document/animatedelement.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "editor/fieldbrowsing.h"
@@ -11,41 +12,38 @@
 #include <QTest>
 
 #include <functional>
+#include <span>
+#include <vector>
 
 namespace {
 
 using Browse = std::function<bool(ThemeDocument &, Dialogs &)>;
+using RowBrowse = bool (*)(ThemeDocument &, Dialogs &, int);
 
-// One Browse button: what it runs, the field it fills and the filter its dialog shows.
+// One Browse button: the field it fills, what it runs and the filter its dialog shows.
 struct BrowseButton {
-    QString name;
-    Browse run;
     QString key;
+    Browse run;
     QString filter;
 };
 
 QList<BrowseButton> packageBrowseButtons()
 {
     QList<BrowseButton> buttons;
-    for (int i = 0; i < int(std::size(animatedBrowseRows)); ++i)
-        buttons.append({QString::fromLatin1(animatedBrowseRows[i].button),
-                        [i](ThemeDocument &d, Dialogs &g) { return browseAnimatedImage(d, g, i); },
-                        QString::fromLatin1(animatedBrowseRows[i].imageKey), imageFilter});
-    for (int i = 0; i < 10; ++i)
-        buttons.append({QStringLiteral("cmdBrowseIface(%1)").arg(i),
-                        [i](ThemeDocument &d, Dialogs &g) { return browseInterfaceImage(d, g, i); },
-                        QString::fromLatin1(interfaceRowKeys[i]), imageFilter});
-    for (int i = 0; i < 8; ++i)
-        buttons.append({QStringLiteral("cmdBrowseMisc(%1)").arg(i),
-                        [i](ThemeDocument &d, Dialogs &g) { return browseMiscImage(d, g, i); },
-                        QString::fromLatin1(miscImageKeys[i]), imageFilter});
-    buttons.append({QStringLiteral("cmdBrowseSkin"), browseSkinFile, QStringLiteral("skinfile"),
-                    imageFilter});
-    for (int i = 0; i < 11; ++i)
-        buttons.append({QStringLiteral("cmdBrowseSound(%1)").arg(i),
-                        [i](ThemeDocument &d, Dialogs &g) { return browseSound(d, g, i); },
-                        QString::fromLatin1(soundRowKeys[i]), soundFilter});
-    buttons.append({QStringLiteral("cmdBrowseMusic"), browseMusic, QStringLiteral("midi"), musicFilter});
+    const auto addRows = [&buttons](std::span<const char *const> keys, RowBrowse browse, QLatin1StringView filter) {
+        for (int i = 0; i < int(keys.size()); ++i)
+            buttons.append({QString::fromLatin1(keys[i]),
+                            [browse, i](ThemeDocument &d, Dialogs &g) { return browse(d, g, i); }, filter});
+    };
+    std::vector<const char *> imageKeys;
+    for (const AnimatedElement &e : animatedElements)
+        imageKeys.push_back(e.imageField);
+    addRows(imageKeys, browseAnimatedImage, imageFilter);
+    addRows(interfaceRowKeys, browseInterfaceImage, imageFilter);
+    addRows(miscImageKeys, browseMiscImage, imageFilter);
+    buttons.append({QStringLiteral("skinfile"), browseSkinFile, imageFilter});
+    addRows(soundRowKeys, browseSound, soundFilter);
+    buttons.append({QStringLiteral("midi"), browseMusic, musicFilter});
     return buttons;
 }
 
@@ -146,7 +144,7 @@ private slots:
         QTest::addColumn<Choice>("choice");
         const QList<BrowseButton> buttons = packageBrowseButtons();
         for (int i = 0; i < buttons.size(); ++i) {
-            const QByteArray name = buttons[i].name.toLatin1();
+            const QByteArray name = buttons[i].key.toLatin1();
             QTest::addRow("%s, inside the package", name.data()) << i << Choice::InsidePackage;
             QTest::addRow("%s, no package", name.data()) << i << Choice::OutsideNoPackage;
             QTest::addRow("%s, outside the package", name.data()) << i << Choice::OutsidePackage;
@@ -193,14 +191,14 @@ private slots:
     void animatedElementFillsRootAndExtension_data()
     {
         QTest::addColumn<int>("row");
-        for (int i = 0; i < int(std::size(animatedBrowseRows)); ++i)
-            QTest::newRow(animatedBrowseRows[i].button) << i;
+        for (int i = 0; i < AnimatedElementCount; ++i)
+            QTest::newRow(animatedElements[i].caption) << i;
     }
 
     void animatedElementFillsRootAndExtension()
     {
         QFETCH(int, row);
-        const AnimatedBrowseRow &r = animatedBrowseRows[row];
+        const AnimatedElement &e = animatedElements[row];
         ThemeDocument doc;
         const auto field = [&](const char *key) { return doc.value(QLatin1StringView(key)); };
         unpackedPackage(doc);
@@ -210,33 +208,32 @@ private slots:
         dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("background"));
 
         QVERIFY(browseAnimatedImage(doc, dialogs, row));
-        QCOMPARE(field(r.imageKey), QStringLiteral("bg1.bmp"));
-        QCOMPARE(field(r.rootKey), QStringLiteral("bg"));
-        QCOMPARE(field(r.extensionKey), QStringLiteral("bmp"));
+        QCOMPARE(field(e.imageField), QStringLiteral("bg1.bmp"));
+        QCOMPARE(field(e.rootField), QStringLiteral("bg"));
+        QCOMPARE(field(e.extensionField), QStringLiteral("bmp"));
 
         // The split reads the stored text, so a full path splits at its folder's dot.
         QVERIFY(browseAnimatedImage(doc, dialogs, row));
-        QCOMPARE(field(r.rootKey), QStringLiteral("/home/me/M"));
-        QCOMPARE(field(r.extensionKey), QStringLiteral("Art/bg1.bmp"));
+        QCOMPARE(field(e.rootField), QStringLiteral("/home/me/M"));
+        QCOMPARE(field(e.extensionField), QStringLiteral("Art/bg1.bmp"));
 
         // A name without a dot is stored but leaves root and extension alone.
         QVERIFY(browseAnimatedImage(doc, dialogs, row));
-        QCOMPARE(field(r.imageKey), QStringLiteral("background"));
-        QCOMPARE(field(r.rootKey), QStringLiteral("/home/me/M"));
-        QCOMPARE(field(r.extensionKey), QStringLiteral("Art/bg1.bmp"));
+        QCOMPARE(field(e.imageField), QStringLiteral("background"));
+        QCOMPARE(field(e.rootField), QStringLiteral("/home/me/M"));
+        QCOMPARE(field(e.extensionField), QStringLiteral("Art/bg1.bmp"));
     }
 
     void rowOutsideTableDoesNothing_data()
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("row");
-        QTest::newRow("animated -1") << 0 << -1;
-        QTest::newRow("animated 7") << 0 << 7;
-        QTest::newRow("interface -1") << 1 << -1;
-        QTest::newRow("interface 10") << 1 << 10;
-        QTest::newRow("misc 8") << 2 << 8;
-        QTest::newRow("sound -1") << 3 << -1;
-        QTest::newRow("sound 11") << 3 << 11;
+        const int rows[] = {AnimatedElementCount, int(std::size(interfaceRowKeys)), int(std::size(miscImageKeys)),
+                            int(std::size(soundRowKeys))};
+        for (int kind = 0; kind < int(std::size(rows)); ++kind) {
+            QTest::addRow("kind %d, row -1", kind) << kind << -1;
+            QTest::addRow("kind %d, past the last row", kind) << kind << rows[kind];
+        }
     }
 
     void rowOutsideTableDoesNothing()

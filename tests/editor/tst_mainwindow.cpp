@@ -2,6 +2,7 @@
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "editor/aboutwindow.h"
+#include "editor/controlnames.h"
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
 #include "preview/ticktimer.h"
@@ -23,10 +24,12 @@
 
 namespace {
 
-const QStringList allTimers = {
-    "tmrBGPreview", "tmrPreviewIBG", "tmrPreviewBlk", "tmrPreviewNext",
-    "tmrPreviewSW", "tmrPreviewExplosion", "tmrPreviewBomb",
-};
+const QStringList allTimers = [] {
+    QStringList timers;
+    for (const ElementControls &names : elementControls)
+        timers << QLatin1StringView(names.timer);
+    return timers;
+}();
 const QStringList panels = {"picGeneral", "picIface", "picFields", "picBlocks", "picMisc", "picSound"};
 const QStringList menuItems = {"mnuGeneral", "mnuIface", "mnuBG", "mnuBLK", "mnuMisc", "mnuSounds"};
 
@@ -91,19 +94,17 @@ private slots:
 
     void everyFieldHasItsControl()
     {
-        for (const FieldSpec &field : themeFields())
-            QVERIFY2(control(QLatin1StringView(field.control)), field.control);
-        for (int i = 0; i < 12; ++i) {
-            QVERIFY(control(QStringLiteral("picPreviewColor(%1)").arg(i)));
-            QVERIFY(control(QStringLiteral("cmdBrowseColor(%1)").arg(i)));
+        for (const QString &name : fieldControls())
+            QVERIFY2(control(name), qPrintable(name));
+        for (const RowControls &rows : {colorRows, soundRows}) {
+            for (int i = 0; i < int(rows.keys.size()); ++i) {
+                QVERIFY(control(rowControl(rows.show, i)));
+                QVERIFY(control(rowControl(rows.browse, i)));
+            }
         }
-        for (int i = 0; i < 11; ++i) {
-            QVERIFY(control(QStringLiteral("cmdBrowseSound(%1)").arg(i)));
-            QVERIFY(control(QStringLiteral("cmdPlaySound(%1)").arg(i)));
-        }
-        for (int i = 0; i < 10; ++i)
-            QCOMPARE(control<QLabel>(QStringLiteral("lblIFace(%1)").arg(i))->buddy()->objectName(),
-                     QLatin1StringView(fieldSpec(interfaceRowKeys[i]).control));
+        for (int i = 0; i < int(interfaceRows.keys.size()); ++i)
+            QCOMPARE(control<QLabel>(rowControl(interfaceRows.label, i))->buddy()->objectName(),
+                     fieldControl(interfaceRows.keys[i]));
         for (const QString &name : allTimers) {
             QCOMPARE(control<TickTimer>(name)->interval(), 1);
             QCOMPARE(control<TickTimer>(name)->timerType(), Qt::PreciseTimer);
@@ -323,7 +324,7 @@ private slots:
         QFETCH(QString, box);
         QFETCH(QString, frame);
         auto *check = control<QCheckBox>(box);
-        const QString key = QLatin1StringView(themeFields()[size_t(fieldIndexOfControl(box))].key);
+        const QString key = QLatin1StringView(themeFields()[size_t(fieldControls().indexOf(box))].key);
         QVERIFY(!control(frame)->isEnabled());
         if (!key.startsWith(QLatin1StringView("include")))
             includeEverySection();
@@ -432,12 +433,12 @@ private slots:
 
     void rootAndExtensionBoxesAreProgramFilled()
     {
-        for (const char *name : {"txtBGRoot", "txtBGExt", "txtIBGRoot", "txtIBGExt", "txtBlkRoot", "txtBlkExt",
-                                 "txtNextRoot", "txtNextExt", "txtSWRoot", "txtSWExt", "txtExplosionRoot",
-                                 "txtExplosionExt", "txtBombRoot", "txtBombExt"}) {
-            auto *box = control<QLineEdit>(name);
-            QVERIFY2(box->isReadOnly(), name);
-            QCOMPARE(box->palette().color(QPalette::Base), box->palette().color(QPalette::Window));
+        for (const AnimatedElement &e : animatedElements) {
+            for (const char *key : {e.rootField, e.extensionField}) {
+                auto *box = control<QLineEdit>(fieldControl(key));
+                QVERIFY2(box->isReadOnly(), key);
+                QCOMPARE(box->palette().color(QPalette::Base), box->palette().color(QPalette::Window));
+            }
         }
     }
 

@@ -56,8 +56,8 @@ class FramePreviewsTest : public QObject
     void configure(int element, const QString &imageText, const Settings &s = {})
     {
         const AnimatedElement &e = animatedElements[element];
-        if (e.animatedField)
-            m_doc->setNumber(QString::fromLatin1(e.animatedField), 1);
+        if (e.animatedFields[0])
+            m_doc->setNumber(QString::fromLatin1(e.animatedFields[0]), 1);
         if (e.reverseField)
             m_doc->setNumber(QString::fromLatin1(e.reverseField), s.reverse ? 1 : 0);
         if (e.startingFrameField)

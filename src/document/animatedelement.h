@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QSize>
+
+/** The editor's pages, in tab order. */
+enum class EditorPage { General, Interface, Background, Blocks, Misc, Sounds };
+
+/** The two off-screen frame strips; elements of one strip never play at the same time. */
+enum class FrameStripId { Background, Blocks };
+
+enum AnimatedElementId : int {
+    ElementBackground, ElementInternetBackground, ElementBlocks, ElementNextBlock, ElementSpecialWindow,
+    ElementExplosion, ElementBomb, AnimatedElementCount
+};
+
+/**
+ * One animated theme element: its document fields, the geometry of its frames and where the
+ * editor shows it. nullptr marks a field the element lacks.
+ */
+struct AnimatedElement {
+    const char *caption;            // "Game Background"
+    const char *includeField;       // "includebackground"
+    const char *animatedFields[4];  // the preview obeys the first, any opens the settings; none: always animated
+    const char *imageField;         // "bgimage": the file of frame 1
+    const char *rootField;          // "bgfilename"
+    const char *extensionField;     // "bgextension"
+    const char *frameCountField;    // "bgframecount"
+    const char *startingFrameField; // nullptr: starts at frame 1
+    const char *stillFrameField;
+    const char *delayField;         // milliseconds
+    const char *reverseField;       // nullptr: forward only
+    const char *transparencyField;
+    FrameStripId strip;
+    AnimatedElementId surface;      // the element whose preview surface it plays in
+    QSize surfaceSize;              // the visible area of the surface
+    QSize frame;                    // frame rectangle; frame n lies at (0, (n - 1) * height)
+    int stripWidth;
+    int stripHeightPerFrame;        // the strip is sized this times the number of frames
+    EditorPage page;                // with its data-set choice, where the editor shows it
+    const char *dataSet;            // "Internet Background"
+    EditorPage alsoTicksOn;         // showing this page leaves its tick running too
+};
+
+inline constexpr AnimatedElement animatedElements[AnimatedElementCount] = {
+    {"Game Background", "includebackground", {"bganimated"}, "bgimage", "bgfilename", "bgextension",
+     "bgframecount", "bgstartingframe", "bgstillframe", "bgdelaybetweenframes", "bgreverseanimation", nullptr,
+     FrameStripId::Background, ElementBackground, QSize(192, 352), QSize(192, 352), 192, 352,
+     EditorPage::Background, "Background", EditorPage::Background},
+    // Drawn into the top-left corner of the background's surface; the Blocks page leaves it playing.
+    {"Game Internet Background", "includeinetbackground", {"inetbganimated"}, "inetbgimage", "inetbgfilename",
+     "inetbgextension", "inetbgframecount", "inetbgstartingframe", "inetbgstillframe",
+     "inetbgdelaybetweenframes", "inetbgreverseanimation", nullptr,
+     FrameStripId::Background, ElementBackground, QSize(192, 352), QSize(96, 176), 97, 177,
+     EditorPage::Background, "Internet Background", EditorPage::Blocks},
+    {"Game Blocks", "includeblocks", {"animateblocks", "animatespecials", "animateinetblocks", "animateinetspecials"},
+     "blkimage", "blkfilename", "blkextension", "blkframecount", "blkstartingframe", "blkstillframe",
+     "blkdelaybetweenframes", "blkreverseanimation", "blktransparency",
+     FrameStripId::Blocks, ElementBlocks, QSize(96, 80), QSize(96, 80), 98, 80,
+     EditorPage::Blocks, "Game Blocks", EditorPage::Blocks},
+    {"Next Block Window", "includenextwindow", {"nextblkanimated"}, "nextblkimage", "nextblkfilename",
+     "nextblkextension", "nextblkframecount", "nextblkstartingframe", "nextblkstillframe",
+     "nextblkdelaybetweenframes", "nextblkreverseanimation", nullptr,
+     FrameStripId::Blocks, ElementNextBlock, QSize(77, 77), QSize(77, 77), 78, 78,
+     EditorPage::Blocks, "Next Block Window", EditorPage::Blocks},
+    {"Special Window", "includespecialwindow", {"specialwindowanimated"}, "specialwindowimage",
+     "specialwindowfilename", "specialwindowextension", "specialwindowframecount", "specialwindowstartingframe",
+     "specialwindowstillframe", "specialwindowdelaybetweenframes", "specialwindowreverseanimation", nullptr,
+     FrameStripId::Blocks, ElementSpecialWindow, QSize(160, 16), QSize(160, 16), 161, 17,
+     EditorPage::Blocks, "Special Window", EditorPage::Blocks},
+    {"Explosion", "includeexplosion", {}, "explodeimage", "explodefilename", "explodefileextension",
+     "explodeframecount", nullptr, nullptr, "explodedelaybetweenframes", nullptr, "explodetransparency",
+     FrameStripId::Blocks, ElementExplosion, QSize(192, 64), QSize(192, 64), 193, 65,
+     EditorPage::Misc, "Explosion", EditorPage::Misc},
+    // The bomb surface shows only the left 64 columns of each frame.
+    {"Block Bomb", "includebomb", {}, "bombimage", "Bombfilename", "bombfileextension",
+     "Bombframecount", nullptr, nullptr, "Bombdelaybetweenframes", nullptr, "Bombtransparency",
+     FrameStripId::Blocks, ElementBomb, QSize(64, 64), QSize(192, 64), 193, 65,
+     EditorPage::Misc, "Block Bomb", EditorPage::Misc},
+};

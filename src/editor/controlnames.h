@@ -1,0 +1,58 @@
+#pragma once
+
+#include "document/animatedelement.h"
+#include "document/themefields.h"
+
+#include <QAnyStringView>
+#include <QStringList>
+
+#include <span>
+
+// The main window's control object names, written down once: the window, its bindings and
+// the tests reach every control by these names.
+
+/** The control editing each document field, by index in themeFields(). */
+const QStringList &fieldControls();
+
+/** The control editing field \a key ("bgframecount" -> "txtBGNum"); the key must exist. */
+QString fieldControl(QAnyStringView key);
+
+/** A control repeated on every row of a row table: \a name with the row's index, "txtColor(3)". */
+QString rowControl(const char *name, int row);
+
+/** The controls on each row of a row table of themefields.h, named by rowControl(). */
+struct RowControls {
+    std::span<const char *const> keys; // the row table
+    const char *edit;                  // nullptr: the field's own name
+    const char *label;
+    const char *browse;
+    const char *show;                  // the preview or play button, or the colour swatch
+};
+
+inline constexpr RowControls interfaceRows{interfaceRowKeys, nullptr, "lblIFace", "cmdBrowseIface", "cmdPreviewIface"};
+inline constexpr RowControls miscImageRows{miscImageKeys, "txtMiscImage", nullptr, "cmdBrowseMisc", "cmdPreviewMisc"};
+inline constexpr RowControls colorRows{colorKeys, "txtColor", nullptr, "cmdBrowseColor", "picPreviewColor"};
+inline constexpr RowControls soundRows{soundRowKeys, nullptr, nullptr, "cmdBrowseSound", "cmdPlaySound"};
+
+/** One animated element's own controls; its fields' controls follow from fieldControl(). */
+struct ElementControls {
+    const char *frame;        // "fraBackground"
+    const char *aniFrame;     // "fraBGAni": the animation settings
+    const char *browse;       // "cmdBrowseBG"
+    const char *preview;      // "cmdPreviewBG"
+    const char *timer;        // "tmrBGPreview"
+    const char *surface;      // "picPreviewBG"
+    const char *previewFrame; // "fraBlkPreview"; nullptr: the page shows the surface beside the frames
+};
+
+inline constexpr ElementControls elementControls[AnimatedElementCount] = {
+    {"fraBackground", "fraBGAni", "cmdBrowseBG", "cmdPreviewBG", "tmrBGPreview", "picPreviewBG", nullptr},
+    {"fraIBG", "fraIBGAni", "cmdBrowseIBG", "cmdPreviewIBG", "tmrPreviewIBG", "picPreviewBG", nullptr},
+    {"fraBlocks", "fraBlkAni", "cmdBrowseBlocks", "cmdPreviewBlocks", "tmrPreviewBlk", "picPreviewBlk",
+     "fraBlkPreview"},
+    {"fraNext", "fraNextAni", "cmdBrowseNext", "cmdPreviewNext", "tmrPreviewNext", "picPreviewNext", "fraNextPreview"},
+    {"fraSW", "fraSWAni", "cmdBrowseSpec", "cmdPreviewSpec", "tmrPreviewSW", "picPreviewSW", "fraPreviewSpec"},
+    {"fraExplosion", "fraExplosionAni", "cmdBrowseExplosion", "cmdPreviewExplosion", "tmrPreviewExplosion",
+     "picPreviewExplosion", "fraPreviewExplosion"},
+    {"fraBomb", "fraBombAni", "cmdBrowseBomb", "cmdPreviewBomb", "tmrPreviewBomb", "picPreviewBomb", "fraPreviewBomb"},
+};
