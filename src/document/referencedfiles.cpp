@@ -1,5 +1,7 @@
 #include "document/referencedfiles.h"
 
+#include "document/animatedelement.h"
+
 #include "common/numbertext.h"
 #include "document/themedocument.h"
 
@@ -37,11 +39,11 @@ QList<FileReference> referencedFiles(const ThemeDocument &doc)
     for (const ThemeSection &s : themeSections()) {
         if (!s.files || !isWritten(doc, s))
             continue;
-        if (const FrameKeys &f = s.frames; *s.files == FileKind::FrameSequence) {
-            const QString root = doc.value(QLatin1StringView(f.root));
-            const QString extension = doc.value(QLatin1StringView(f.extension));
-            const QString count = doc.value(QLatin1StringView(f.count));
-            found.append({QLatin1StringView(f.root), FileKind::FrameSequence, root, extension, count,
+        if (const AnimatedElement *e = animationOf(s)) {
+            const QString root = doc.value(QLatin1StringView(e->rootField));
+            const QString extension = doc.value(QLatin1StringView(e->extensionField));
+            const QString count = doc.value(QLatin1StringView(e->frameCountField));
+            found.append({QLatin1StringView(e->rootField), FileKind::FrameSequence, root, extension, count,
                           frameFiles(root, extension, count)});
             continue;
         }

@@ -56,9 +56,3 @@ inline constexpr const char *soundRowKeys[] = {
     "tetris", "explode", "chat", "click", "holyshield",
 };
 
-/** The twelve include switches, in document order. */
-inline constexpr const char *includeSwitchKeys[] = {
-    "includeinterface", "includebackground", "includeinetbackground", "includeblocks",
-    "includenextwindow", "includespecialwindow", "includeexplosion", "includebomb",
-    "includecolors", "includemiscimages", "includesounds", "includemusic",
-};

@@ -4,6 +4,7 @@
 #include "common/numbertext.h"
 #include "common/pathlookup.h"
 #include "common/profilereader.h"
+#include "document/animatedelement.h"
 #include "document/themedocument.h"
 #include "document/themesections.h"
 #include "package/resourcepackage.h"
@@ -81,10 +82,11 @@ public:
         set(k.key, value ? *value : missingValue(k));
         if (value)
             m_doc.setNumber(QLatin1StringView(s.include), 1);
-        if (qstrcmp(k.key, s.frames.extension) == 0) {
-            const QString image = m_doc.value(QLatin1StringView(s.frames.root)) + QStringLiteral("1.")
+        const AnimatedElement *animation = animationOf(s);
+        if (animation && qstrcmp(k.key, animation->extensionField) == 0) {
+            const QString image = m_doc.value(QLatin1StringView(animation->rootField)) + QStringLiteral("1.")
                 + m_doc.value(QLatin1StringView(k.key));
-            m_doc.setText(QLatin1StringView(s.frames.image), image);
+            m_doc.setText(QLatin1StringView(animation->imageField), image);
         }
     }
 

@@ -1,5 +1,6 @@
 #include "document/themesections.h"
 
+#include "document/animatedelement.h"
 #include "document/themedocument.h"
 
 namespace {
@@ -13,7 +14,7 @@ constexpr bool BothTypes = false;
 // of the loader's key order. The loader (themeloader.cpp) and the description (description.cpp)
 // keep their own section orders: the game reads its files that way.
 const ThemeSection sections[] = {
-    {"includeinterface", "//Graphical User Interface", "//Interface: ", BothTypes, StillImage, {},
+    {"includeinterface", "//Graphical User Interface", "//Interface: ", BothTypes, StillImage,
      {{"ifacemain", IfNotEmpty}, {"ifaceoptions", IfNotEmpty}, {"ifacechat", IfNotEmpty},
       {"ifaceconnect", IfNotEmpty}, {"ifaceserver", IfNotEmpty}, {"ifacethemes", IfNotEmpty},
       {"ifacemisc", IfNotEmpty}, {"ifacehighscore", IfNotEmpty}, {"ifaceinet", IfNotEmpty},
@@ -21,11 +22,9 @@ const ThemeSection sections[] = {
      {"ifacemain", "ifaceoptions", "ifacechat", "ifaceconnect", "ifaceserver", "ifacethemes", "ifacemisc",
       "ifacehighscore", "ifacemenu", "ifacemenutransparent", "ifaceinet"}},
     {"includebackground", "//Background", "//Background: ", TypeOneOnly, FrameSequence,
-     {"bgimage", "bgfilename", "bgextension", "bgframecount"},
      {{"bganimated", Always, "//Background Animated: "}, {"bgfilename"}, {"bgextension"}, {"bgframecount"},
       {"bgstartingframe"}, {"bgstillframe"}, {"bgreverseanimation"}, {"bgdelaybetweenframes"}}, {}},
     {"includeblocks", "//Blocks", "//Blocks: ", TypeOneOnly, FrameSequence,
-     {"blkimage", "blkfilename", "blkextension", "blkframecount"},
      {{"animateblocks", Always, "//Animated Blocks: "}, {"animatespecials", Always, "//Animated Specials: "},
       {"animateinetblocks", Always, "//Animated Internet Blocks: "},
       {"animateinetspecials", Always, "//Animated Internet Specials: "}, {"blktransparency"}, {"blkfilename"},
@@ -36,12 +35,10 @@ const ThemeSection sections[] = {
       "blkdelaybetweenframes", "blktransparency"}},
     // Missing frame numbers and delay stay empty, not 1, 1 and 10: its reset leaves them empty too.
     {"includeinetbackground", "//Internet Background", "//Internet Background: ", TypeOneOnly, FrameSequence,
-     {"inetbgimage", "inetbgfilename", "inetbgextension", "inetbgframecount"},
      {{"inetbganimated", Always, "//Internet Background Animated: "}, {"inetbgfilename"}, {"inetbgextension"},
       {"inetbgframecount"}, {"inetbgstartingframe"}, {"inetbgstillframe"}, {"inetbgreverseanimation"},
       {"inetbgdelaybetweenframes"}}, {}},
     {"includespecialwindow", "//Special Window", "//Special Window: ", TypeOneOnly, FrameSequence,
-     {"specialwindowimage", "specialwindowfilename", "specialwindowextension", "specialwindowframecount"},
      {{"specialwindowanimated"}, {"specialwindowfilename"}, {"specialwindowextension"},
       {"specialwindowframecount"}, {"specialwindowstartingframe"}, {"specialwindowstillframe"},
       {"specialwindowreverseanimation"}, {"specialwindowdelaybetweenframes"}},
@@ -49,23 +46,20 @@ const ThemeSection sections[] = {
       "specialwindowstartingframe", "specialwindowstillframe", "specialwindowdelaybetweenframes",
       "specialwindowreverseanimation"}},
     {"includenextwindow", "//Next Block Window", "//Next Window: ", TypeOneOnly, FrameSequence,
-     {"nextblkimage", "nextblkfilename", "nextblkextension", "nextblkframecount"},
      {{"nextblkanimated"}, {"nextblkfilename"}, {"nextblkextension"}, {"nextblkframecount"},
       {"nextblkstartingframe"}, {"nextblkstillframe"}, {"nextblkreverseanimation"},
       {"nextblkdelaybetweenframes"}}, {}},
     {"includeexplosion", "//Block Explosion", "//Explosion: ", TypeOneOnly, FrameSequence,
-     {"explodeimage", "explodefilename", "explodefileextension", "explodeframecount"},
      {{"explodetransparency", Print}, {"explodefilename"}, {"explodefileextension"}, {"explodeframecount"},
       {"explodedelaybetweenframes"}},
      {"explodefilename", "explodefileextension", "explodeframecount", "explodedelaybetweenframes",
       "explodetransparency"}},
     {"includebomb", "//Block Bomb", "//Block Bomb: ", TypeOneOnly, FrameSequence,
-     {"bombimage", "Bombfilename", "bombfileextension", "Bombframecount"},
      {{"Bombtransparency", Print}, {"Bombfilename"}, {"bombfileextension"}, {"Bombframecount"},
       {"Bombdelaybetweenframes"}},
      {"Bombfilename", "bombfileextension", "Bombframecount", "Bombdelaybetweenframes", "Bombtransparency"}},
     // The left door has no description line: only the right one stands for "Game Door".
-    {"includemiscimages", "//Miscellaneous Images", nullptr, TypeOneOnly, StillImage, {},
+    {"includemiscimages", "//Miscellaneous Images", nullptr, TypeOneOnly, StillImage,
      {{"door1", IfNotEmpty}, {"door2", IfNotEmpty, "//Game Door: "},
       {"internetdoor", IfNotEmpty, "//Internet Door: "}, {"winimg", IfNotEmpty, "//Win Game Image: "},
       {"wintransparent", AfterPrevious}, {"inetwinimg", IfNotEmpty, "//Internet Win Game Image: "},
@@ -73,7 +67,7 @@ const ThemeSection sections[] = {
       {"warning", IfNotEmpty, "//Warning Image: "}, {"teamfont", IfNotEmpty, "//Team Font: "}},
      {"heightled", "door1", "door2", "internetdoor", "warning", "teamfont", "winimg", "wintransparent",
       "inetwinimg", "inetwintransparent"}},
-    {"includecolors", "//Colors", "//Colors: ", TypeOneOnly, std::nullopt, {},
+    {"includecolors", "//Colors", "//Colors: ", TypeOneOnly, std::nullopt,
      {{"colortitle", Color}, {"colorfields", Color}, {"coloroptions", Color}, {"colortheme", Color},
       {"colorserver", Color}, {"colorconnect", Color}, {"colorinternet", Color},
       {"colorhighscoretitle", Color}, {"colorhighscorenormal", Color}, {"colorhighscorefirst", Color},
@@ -81,8 +75,8 @@ const ThemeSection sections[] = {
      {"colortitle", "colorfields", "coloroptions", "colortheme", "colorserver", "colorconnect",
       "colorinternet", "colorhighscorefirst", "colorhighscoresecond", "colorhighscorethird",
       "colorhighscorenormal", "colorhighscoretitle"}},
-    {"includemusic", "//Music", "//Music: ", BothTypes, Music, {}, {{"midi", IfNotEmpty}}, {}},
-    {"includesounds", "//Sounds", "//Sounds: ", BothTypes, WaveSound, {},
+    {"includemusic", "//Music", "//Music: ", BothTypes, Music, {{"midi", IfNotEmpty}}, {}},
+    {"includesounds", "//Sounds", "//Sounds: ", BothTypes, WaveSound,
      {{"startgame", IfNotEmpty}, {"rotate", IfNotEmpty}, {"drop", IfNotEmpty}, {"lineclear", IfNotEmpty},
       {"tetris", IfNotEmpty}, {"explode", IfNotEmpty}, {"win", IfNotEmpty}, {"lose", IfNotEmpty},
       {"chat", IfNotEmpty}, {"click", IfNotEmpty}, {"holyshield", IfNotEmpty}},
@@ -100,6 +94,15 @@ std::span<const ThemeSection> themeSections()
 const ThemeSection &themeSection(Section section)
 {
     return sections[int(section)];
+}
+
+const AnimatedElement *animationOf(const ThemeSection &section)
+{
+    for (const AnimatedElement &e : animatedElements) {
+        if (section.files == FileKind::FrameSequence && qstrcmp(e.includeField, section.include) == 0)
+            return &e;
+    }
+    return nullptr;
 }
 
 bool isWritten(const ThemeDocument &doc, const ThemeSection &section)

@@ -5,6 +5,7 @@
 #include <span>
 
 class ThemeDocument;
+struct AnimatedElement;
 
 /** How the writer writes one key of a section. */
 enum class KeyRule {
@@ -24,9 +25,6 @@ struct SectionKey {
     const char *label = nullptr; // its description line while the section is included
 };
 
-/** An animation's keys; image is the editor's frame-1 text, rebuilt when a theme is loaded. */
-struct FrameKeys { const char *image = nullptr, *root = nullptr, *extension = nullptr, *count = nullptr; };
-
 /**
  * One block of a theme file with its include switch. A key missing from a file reads as its
  * field's reset value (fieldSpec().defaultValue) unless its rule says otherwise.
@@ -36,8 +34,7 @@ struct ThemeSection {
     const char *comment;           // "//Background"
     const char *label;             // "//Background: " in the description; nullptr: no line of its own
     bool typeOneOnly;              // a Type 0 file never holds it
-    std::optional<FileKind> files; // what its text keys name; FrameSequence: the one in frames
-    FrameKeys frames;
+    std::optional<FileKind> files; // what its text keys name; FrameSequence: its animation's frames
     std::initializer_list<SectionKey> keys;        // in the order the writer writes them
     std::initializer_list<const char *> readOrder; // the order the loader reads them, where it differs
 };
@@ -49,6 +46,12 @@ enum class Section { Interface, Background, Blocks, InternetBackground, SpecialW
 /** Every section, in the order a Type 1 file holds them. */
 std::span<const ThemeSection> themeSections();
 const ThemeSection &themeSection(Section section);
+
+/**
+ * The animated element whose frames a FrameSequence section holds (its image text is the editor's
+ * frame-1 name, rebuilt when a theme is loaded); nullptr for other sections.
+ */
+const AnimatedElement *animationOf(const ThemeSection &section);
 
 /** Whether the writer writes \a section for \a doc: included, and held by the theme's type. */
 bool isWritten(const ThemeDocument &doc, const ThemeSection &section);

@@ -1,3 +1,4 @@
+#include "document/themesections.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 
@@ -132,8 +133,8 @@ private slots:
         Fields all{{"themetype", "0"}, {"skinfile", "skin.bmp"}, {"skintransparency", "1"},
                    {"includeinterface", "1"}, {"ifacemain", "m.bmp"}, {"includemusic", "1"},
                    {"includesounds", "1"}, {"drop", "d.wav"}};
-        for (const char *include : includeSwitchKeys)
-            all.append({QString::fromLatin1(include), QStringLiteral("1")});
+        for (const ThemeSection &section : themeSections())
+            all.append({QString::fromLatin1(section.include), QStringLiteral("1")});
         QCOMPARE(linesOf(bytesOf(all)),
                  (QStringList{QString::fromLatin1("//Stakko Theme File - Created by Stakko Theme Maker\x99"),
                               "", " ", "[Theme Info]", "name=Stakko Theme", "developer=Author",

@@ -1,5 +1,6 @@
 #include "common/scripteddialogs.h"
 #include "common/ansitext.h"
+#include "document/themesections.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"
@@ -83,8 +84,8 @@ private slots:
             else if (f.kind == FieldKind::Text)
                 doc.setValue(i, QStringLiteral("%1-%2.x").arg(QLatin1StringView(f.key)).arg(i));
         }
-        for (const char *include : includeSwitchKeys)
-            doc.setNumber(include, 1);
+        for (const ThemeSection &section : themeSections())
+            doc.setNumber(section.include, 1);
         for (const char *key : {"ifacemenu", "winimg", "inetwinimg"})
             doc.setText(key, QStringLiteral("image.bmp"));
         doc.setText(u"resourcefile", QStringLiteral("pack.zip"));

@@ -1,4 +1,5 @@
 #include "common/scripteddialogs.h"
+#include "document/themesections.h"
 #include "document/themedocument.h"
 #include "editor/buttonbinding.h"
 #include "document/filecommands.h"
@@ -60,8 +61,8 @@ private slots:
         QFETCH(QString, key);
         QFETCH(QString, expected);
         Editor e;
-        for (const char *include : includeSwitchKeys)
-            e.doc.setNumber(include, 1);
+        for (const ThemeSection &section : themeSections())
+            e.doc.setNumber(section.include, 1);
         e.doc.setNumber(u"themetype", 0); // the skin group is enabled for Type 0 only
         e.doc.setDirty(false);
         e.dialogs.openNames.enqueue(chosen);

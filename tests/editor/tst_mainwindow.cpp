@@ -1,3 +1,4 @@
+#include "document/themesections.h"
 #include "document/description.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
@@ -72,8 +73,8 @@ private:
     // Frames nested in a section's frame take input only while the section is included.
     void includeEverySection()
     {
-        for (const char *key : includeSwitchKeys)
-            doc->setNumber(QLatin1StringView(key), 1);
+        for (const ThemeSection &section : themeSections())
+            doc->setNumber(QLatin1StringView(section.include), 1);
     }
 
     int pixelsOf(int twips) { return qRound(twips * window->logicalDpiY() / 1440.0); }
