@@ -4,7 +4,7 @@
 
 #include "document/themedocument.h"
 #include "editor/controlnames.h"
-#include "editor/fieldbrowsing.h"
+#include "document/fieldbrowsing.h"
 #include "document/filecommands.h"
 #include "editor/mainwindow.h"
 #include "sound/soundsystem.h"

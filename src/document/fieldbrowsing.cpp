@@ -1,4 +1,4 @@
-#include "editor/fieldbrowsing.h"
+#include "document/fieldbrowsing.h"
 
 #include "common/dialogs.h"
 #include "document/animatedelement.h"

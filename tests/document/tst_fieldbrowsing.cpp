@@ -1,9 +1,8 @@
 #include "common/scripteddialogs.h"
 #include "document/animatedelement.h"
+#include "document/fieldbrowsing.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
-#include "editor/fieldbrowsing.h"
-#include "editor/qtdialogs.h"
 #include "package/packagewriter.h"
 
 #include <QDir>
@@ -319,40 +318,7 @@ private slots:
         QCOMPARE(dialogs.openFolders.last(), doc.packageFolder());
         QCOMPARE(doc.value(u"bgimage"), QStringLiteral("gfx/bg1.bmp"));
     }
-
-    void qtFilterTranslation_data()
-    {
-        QTest::addColumn<QString>("filter");
-        QTest::addColumn<QStringList>("expected");
-
-        QTest::newRow("image") << QString(imageFilter)
-                               << QStringList{"Bitmap Graphic (*.bmp) (*.bmp)", "JPEG Graphic (*.jpg) (*.jpg)",
-                                              "All Files(*.*) (*.*)"};
-        QTest::newRow("sound") << QString(soundFilter) << QStringList{"Wave Sound (*.wav) (*.WAV)"};
-        QTest::newRow("zip") << QString(zipFilter) << QStringList{"Zip File (*.zip) (*.ZIP)"};
-        QTest::newRow("music")
-            << QString(musicFilter)
-            << QStringList{"All Supported Sound Files (*.MP3 *.MP2 *.XM *.IT *.WAV *.S3M *.MOD *.OGG *.WMA "
-                           "*.ASF *.MID *.MIDI)",
-                           "MPEG Audio File (*.MP3, *.MP2) (*.MP3 *.MP2)",
-                           "Midi File(*.MID, *.MIDI) (*.MID *.MIDI)",
-                           "Mod Files (*.XM, *.MOD, *.S3M, *.IT) (*.XM *.MOD *.S3M *.IT)",
-                           "Windows Media Audio(*.WMA, *.ASF) (*.WMA *.ASF)",
-                           "Ogg Vorbis(*.OGG) (*.OGG)",
-                           "Wave File(*.WAV) (*.WAV)",
-                           "All Files(*.*) (*.*)"};
-        QTest::newRow("no closing bar") << "Theme|*.skt" << QStringList{"Theme (*.skt)"};
-        QTest::newRow("description without pattern") << "Theme|" << QStringList{};
-        QTest::newRow("empty") << "" << QStringList{};
-    }
-
-    void qtFilterTranslation()
-    {
-        QFETCH(QString, filter);
-        QFETCH(QStringList, expected);
-        QCOMPARE(QtDialogs::qtNameFilters(filter), expected);
-    }
 };
 
-QTEST_MAIN(FieldBrowsingTest)
+QTEST_GUILESS_MAIN(FieldBrowsingTest)
 #include "tst_fieldbrowsing.moc"
