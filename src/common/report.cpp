@@ -9,17 +9,25 @@ QString Problem::shownTitle() const
 {
     if (!title.isEmpty())
         return title;
-    return severity == Severity::Error ? QStringLiteral("Error") : QCoreApplication::applicationName();
+    switch (severity) {
+    case Severity::Error:
+        return QStringLiteral("Error");
+    case Severity::Warning:
+        return QStringLiteral("Warning");
+    case Severity::Information:
+        break;
+    }
+    return QCoreApplication::applicationName();
 }
 
-void Report::error(const QString &text, const QString &subject, const QString &title)
+void Report::error(const QString &text, const QString &field, const QString &file)
 {
-    problems.append({Problem::Severity::Error, text, subject, title});
+    problems.append({Problem::Severity::Error, text, field, file, {}, {}});
 }
 
-void Report::information(const QString &text, const QString &subject, const QString &title)
+void Report::information(const QString &text, const QString &field, const QString &file)
 {
-    problems.append({Problem::Severity::Information, text, subject, title});
+    problems.append({Problem::Severity::Information, text, field, file, {}, {}});
 }
 
 bool Report::hasErrors() const

@@ -5,12 +5,14 @@
 
 /** One thing a command has to tell: the words the editor shows in a box and the command line prints. */
 struct Problem {
-    enum class Severity { Information, Error };
+    enum class Severity { Information, Warning, Error };
 
     Severity severity = Severity::Error;
-    QString text;    // the message, exactly as shown
-    QString subject; // the field key or file it is about; "" for the theme as a whole
-    QString title;   // the box title; "" for the usual one ("Error", or the program's name)
+    QString text;  // the message, exactly as shown
+    QString field; // the field key it is about; "" for the theme as a whole
+    QString file;  // the file it is about; may be ""
+    QString code;  // a stable name of its kind ("frame-missing"); "" where nobody sorts by kind
+    QString title; // the box title; "" for the usual one ("Error", or the program's name)
 
     /** The title the message is shown under. */
     QString shownTitle() const;
@@ -20,8 +22,9 @@ struct Problem {
 struct Report {
     QList<Problem> problems;
 
-    void error(const QString &text, const QString &subject = {}, const QString &title = {});
-    void information(const QString &text, const QString &subject = {}, const QString &title = {});
+    void add(Problem problem) { problems.append(std::move(problem)); }
+    void error(const QString &text, const QString &field = {}, const QString &file = {});
+    void information(const QString &text, const QString &field = {}, const QString &file = {});
     void append(const Report &other) { problems += other.problems; }
 
     bool isEmpty() const { return problems.isEmpty(); }

@@ -140,6 +140,6 @@ bool FileCommands::writeTo(const QString &path)
     if (writeThemeFile(m_doc, path, &error))
         return true;
     // The author must learn why the theme is still unsaved; the command's state stays "changed".
-    m_report.error(error, path);
+    m_report.error(error, {}, path);
     return false;
 }

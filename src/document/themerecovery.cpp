@@ -88,16 +88,16 @@ Report ThemeRecovery::announce() const
     }
     if (fresh.isEmpty())
         return report;
-    report.information(QStringLiteral("Stakko Theme Maker was closed by the system with unsaved "
-                                      "changes. They were kept in:\n%1\nLoad %2 to get them back.")
-                           .arg(fresh.join(u'\n'),
-                                fresh.size() == 1 ? QStringLiteral("that file") : QStringLiteral("those files")),
-                       m_folder, QStringLiteral("Unsaved Changes Kept"));
+    const QString text = QStringLiteral("Stakko Theme Maker was closed by the system with unsaved changes. "
+                                        "They were kept in:\n%1\nLoad %2 to get them back.")
+                             .arg(fresh.join(u'\n'), fresh.size() == 1 ? QStringLiteral("that file")
+                                                                        : QStringLiteral("those files"));
+    report.add({Problem::Severity::Information, text, {}, m_folder, {}, QStringLiteral("Unsaved Changes Kept")});
 
     // Only copies still there are remembered, so the list never outgrows the folder.
     const QByteArray bytes = copies.join(u'\n').toUtf8() + '\n';
     QString reason;
     if (!writeWholeFile(listPath, bytes, &reason))
-        report.error(cannotWrite(listPath, reason), listPath);
+        report.error(cannotWrite(listPath, reason), {}, listPath);
     return report;
 }

@@ -7,6 +7,6 @@
 class EditorDialogs : public Dialogs
 {
 public:
-    /** One OK box per problem, in order: a critical icon for errors, the information icon otherwise. */
+    /** One OK box per problem, in order, with the icon of its severity. */
     virtual void show(const Report &report) = 0;
 };

@@ -30,10 +30,10 @@ Dialogs::Answer QtDialogs::askYesNoCancel(const QString &title, const QString &t
 
 void QtDialogs::show(const Report &report)
 {
+    static constexpr QMessageBox::Icon icons[] = {QMessageBox::Information, QMessageBox::Warning,
+                                                  QMessageBox::Critical};
     for (const Problem &p : report.problems) {
-        const bool error = p.severity == Problem::Severity::Error;
-        QMessageBox box(error ? QMessageBox::Critical : QMessageBox::Information, p.shownTitle(), p.text,
-                        QMessageBox::Ok, m_parent);
+        QMessageBox box(icons[int(p.severity)], p.shownTitle(), p.text, QMessageBox::Ok, m_parent);
         box.exec();
     }
 }

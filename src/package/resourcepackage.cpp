@@ -448,11 +448,11 @@ UnpackReport extractResourcePackage(const QString &packagePath, Dialogs &dialogs
     QString reason = opened.problem;
     if (reason.isEmpty()) {
         if (!opened.notice.isEmpty())
-            report.information(opened.notice, packagePath);
+            report.information(opened.notice, {}, packagePath);
         Extraction extraction(dialogs, options);
         reason = extraction.run(resolveThemePath(packagePath), opened.folder.fd());
     }
     if (!reason.isEmpty())
-        report.error(QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason, packagePath);
+        report.error(QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason, {}, packagePath);
     return report;
 }

@@ -22,7 +22,7 @@ Report StillPreviews::showInterfaceScreenPreview(int row)
         m_doc.packageFolder() + m_doc.value(QString::fromLatin1(interfaceRowKeys[row]));
     m_loading.clear();
     if (!path.isEmpty() && !m_loading.load(path)) {
-        report.error(QStringLiteral("Unable to load image: ") + path, QString::fromLatin1(interfaceRowKeys[row]));
+        report.error(QStringLiteral("Unable to load image: ") + path, QString::fromLatin1(interfaceRowKeys[row]), path);
         return report;
     }
     m_interfacePicture = m_loading.picture();

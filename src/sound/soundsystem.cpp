@@ -182,7 +182,8 @@ Report SoundSystem::initSound(const EditorConfig &config)
     closeSound();
     m_soundAvailable = openMixer(config);
     if (!m_soundAvailable)
-        report.error(QStringLiteral("Could not initialize sound/music subsystem!"), {}, QStringLiteral("ERROR"));
+        report.add({Problem::Severity::Error, QStringLiteral("Could not initialize sound/music subsystem!"), {}, {}, {},
+                    QStringLiteral("ERROR")});
     return report;
 }
 
@@ -192,7 +193,7 @@ Report SoundSystem::shutDown(const EditorConfig &config, const QString &configPa
     closeSound();
     QString error;
     if (!writeEditorConfig(config, configPath, &error))
-        report.error(error, configPath);
+        report.error(error, {}, configPath);
     return report;
 }
 
@@ -283,7 +284,7 @@ Report SoundSystem::openMusic(const QString &path)
             code = loadFailureCode(QString::fromUtf8(Mix_GetError()));
     }
     if (!m_musicHandle) {
-        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), path);
+        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), QStringLiteral("midi"), path);
         m_musicPlaying = false;
     }
     return report;

@@ -2,10 +2,9 @@
 
 void ScriptedDialogs::show(const Report &report)
 {
-    for (const Problem &p : report.problems) {
-        const bool error = p.severity == Problem::Severity::Error;
-        messages.append({p.shownTitle(), p.text, error ? Kind::Error : Kind::Information});
-    }
+    static constexpr Kind kinds[] = {Kind::Information, Kind::Warning, Kind::Error};
+    for (const Problem &p : report.problems)
+        messages.append({p.shownTitle(), p.text, kinds[int(p.severity)]});
 }
 
 Dialogs::Answer ScriptedDialogs::askYesNoCancel(const QString &title, const QString &text)

@@ -14,7 +14,7 @@
 class ScriptedDialogs : public EditorDialogs
 {
 public:
-    enum class Kind { Error, Information, Question };
+    enum class Kind { Error, Warning, Information, Question };
     struct Message {
         QString title;
         QString text;
