@@ -8,34 +8,14 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace {
-
-constexpr qint64 bytesPerFrame = 2 * sizeof(qint16);
-
-} // namespace
+static constexpr qint64 bytesPerFrame = 2 * sizeof(qint16);
 
 DiskAudioCapture::DiskAudioCapture(const QString &rawFile)
     : m_file(rawFile)
+    , m_driver("SDL_AUDIODRIVER", "disk")
+    , m_output("SDL_DISKAUDIOFILE", QFile::encodeName(rawFile))
 {
-    const QList<QPair<const char *, QByteArray>> settings = {
-        {"SDL_AUDIODRIVER", "disk"},
-        {"SDL_DISKAUDIOFILE", QFile::encodeName(rawFile)},
-    };
-    for (const auto &[name, value] : settings) {
-        m_saved.append({name, qgetenv(name), qEnvironmentVariableIsSet(name)});
-        qputenv(name, value);
-    }
     QFile::remove(rawFile);
-}
-
-DiskAudioCapture::~DiskAudioCapture()
-{
-    for (const SavedVariable &saved : m_saved) {
-        if (saved.wasSet)
-            qputenv(saved.name, saved.value);
-        else
-            qunsetenv(saved.name);
-    }
 }
 
 qint64 DiskAudioCapture::frameCount() const
