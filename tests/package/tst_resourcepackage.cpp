@@ -135,7 +135,8 @@ private slots:
         QVERIFY(writeResourcePackage(work("first.zip"), files, work("src")));
         QFile touched(files.at(0));
         QVERIFY(touched.open(QIODevice::ReadWrite));
-        QVERIFY(touched.setFileTime(QDateTime::currentDateTime().addDays(-3), QFileDevice::FileModificationTime));
+        const QDateTime earlier = QDateTime::currentDateTime().addDays(-3);
+        QVERIFY(touched.setFileTime(earlier, QFileDevice::FileModificationTime));
         touched.close();
         QVERIFY(writeResourcePackage(work("second.zip"), files, work("src")));
 
@@ -172,7 +173,7 @@ private slots:
 
         QVERIFY2(error.startsWith(QString(errorStart).replace("%1", work(badFile))), qPrintable(error));
         QCOMPARE(readFile(package), QByteArray("the old package"));
-        QCOMPARE(QDir(m_work->path()).entryList({"*.zip*"}, QDir::Files | QDir::Hidden), QStringList{"Ice.zip"});
+        QCOMPARE(QDir(m_work->path()).entryList({"*.zip*"}, QDir::Files | QDir::Hidden), {"Ice.zip"});
     }
 
     void packageName_data()
@@ -391,8 +392,9 @@ private slots:
         QFETCH(QString, shown);
         // Zeros pack down to almost nothing: a small bomb.
         const QString root = work("bomb");
+        const QByteArray zeros(1 << 20, '\0');
         const QStringList files =
-            makeFiles(root, {"gfx/anim/a.bmp", "gfx/anim/b.bmp", "gfx/c.bmp", "mine.bmp"}, QByteArray(1 << 20, '\0'));
+            makeFiles(root, {"gfx/anim/a.bmp", "gfx/anim/b.bmp", "gfx/c.bmp", "mine.bmp"}, zeros);
         const QString package = work("themes/Ice.zip");
         QVERIFY(QDir().mkpath(work("themes")));
         QVERIFY(writeResourcePackage(package, files, root));
@@ -415,24 +417,23 @@ private slots:
         QTest::addColumn<Answers>("answers");
         QTest::addColumn<int>("prompts");
         QTest::addColumn<bool>("unpacked");
-        const Answers right{"s3cret"};
-        QTest::newRow("traditional, right") << PackageEncryption::Traditional << right << 1 << true;
-        QTest::newRow("AES-256, right") << PackageEncryption::Aes256 << right << 1 << true;
+        const auto row = [](const char *name, PackageEncryption encryption, const Answers &answers,
+                            int prompts, bool unpacked) {
+            QTest::newRow(name) << encryption << answers << prompts << unpacked;
+        };
+        const PackageEncryption traditional = PackageEncryption::Traditional, aes = PackageEncryption::Aes256;
+        row("traditional, right", traditional, {"s3cret"}, 1, true);
+        row("AES-256, right", aes, {"s3cret"}, 1, true);
         // A wrong answer is asked again; the unanswered second question cancels.
-        const Answers wrong{"guess"};
-        QTest::newRow("traditional, wrong") << PackageEncryption::Traditional << wrong << 2 << false;
-        QTest::newRow("AES-256, wrong") << PackageEncryption::Aes256 << wrong << 2 << false;
+        row("traditional, wrong", traditional, {"guess"}, 2, false);
+        row("AES-256, wrong", aes, {"guess"}, 2, false);
         // Each answer is tried on its own: a typo neither spoils the next answer nor joins it.
-        QTest::newRow("wrong, then right") << PackageEncryption::Traditional << Answers{"guess", "s3cret"} << 2
-                                           << true;
-        QTest::newRow("AES-256, wrong, then right") << PackageEncryption::Aes256 << Answers{"guess", "s3cret"}
-                                                    << 2 << true;
-        QTest::newRow("halves") << PackageEncryption::Traditional << Answers{"s3c", "ret"} << 3 << false;
+        row("wrong, then right", traditional, {"guess", "s3cret"}, 2, true);
+        row("AES-256, wrong, then right", aes, {"guess", "s3cret"}, 2, true);
+        row("halves", traditional, {"s3c", "ret"}, 3, false);
         // A refused answer stops the asking: the right one queued behind it is never used.
-        QTest::newRow("cancelled") << PackageEncryption::Traditional << Answers{std::nullopt, "s3cret"}
-                                   << 1 << false;
-        QTest::newRow("empty") << PackageEncryption::Traditional << Answers{QString(), "s3cret"}
-                               << 1 << false;
+        row("cancelled", traditional, {std::nullopt, "s3cret"}, 1, false);
+        row("empty", traditional, {QString(), "s3cret"}, 1, false);
     }
 
     void passwords()
