@@ -1,7 +1,7 @@
 // The stakko-theme command line, driven as a script would drive it.
 
-#include <QFile>
-#include <QDir>
+#include "common/testfiles.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -39,11 +39,7 @@ class CliTest : public QObject
         return {p.exitCode(), p.readAllStandardOutput(), p.readAllStandardError()};
     }
 
-    QByteArray fileBytes(const QString &name) const
-    {
-        QFile f(m_dir.filePath(name));
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
+    QByteArray fileBytes(const QString &name) const { return readFile(m_dir.filePath(name)); }
 
 private slots:
     void initTestCase()
@@ -82,10 +78,7 @@ private slots:
 
     void newSetsFieldsInOrder()
     {
-        QFile desc(m_dir.filePath(QStringLiteral("desc.txt")));
-        QVERIFY(desc.open(QIODevice::WriteOnly));
-        desc.write("//line one\n//line two");
-        desc.close();
+        QVERIFY(writeFile(m_dir.filePath(QStringLiteral("desc.txt")), "//line one\n//line two"));
         const Run r = cli({"new", "-s", "name=First", "-s", "name=Ice", "-s", "themetype=0", "-s",
                            "skinfile=skin.bmp", "--set-file", "description=desc.txt", "-o", "n.skt"});
         QCOMPARE(r.status, 0);
@@ -129,10 +122,7 @@ private slots:
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QByteArray, errorStart);
-        QFile f(m_dir.filePath(QStringLiteral("bad.skt")));
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(bytes);
-        f.close();
+        QVERIFY(writeFile(m_dir.filePath(QStringLiteral("bad.skt")), bytes));
 
         const Run dump = cli({"dump", "bad.skt"});
         QCOMPARE(dump.status, 1);
@@ -162,11 +152,7 @@ private slots:
 
     void packAndUnpack()
     {
-        QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("art/gfx")));
-        QFile f(m_dir.filePath(QStringLiteral("art/gfx/bg1.bmp")));
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write("frame");
-        f.close();
+        QVERIFY(writeFile(m_dir.filePath(QStringLiteral("art/gfx/bg1.bmp")), "frame"));
         QCOMPARE(cli({"pack", "-o", "Ice.zip", "--root", "art", "art/gfx/bg1.bmp"}).status, 0);
         const Run r = cli({"unpack", "Ice.zip"});
         QCOMPARE(r.status, 0);

@@ -1,13 +1,12 @@
 // The editor ended by the system: it exits as Exit does and keeps unsaved changes for the author.
 
 #include "common/scripteddialogs.h"
+#include "common/testfiles.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"
 #include "document/themerecovery.h"
 
-#include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,16 +15,10 @@
 
 namespace {
 
-QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /** The process handles \a signalNumber itself: once its start-up is done, it ends politely. */
 bool catches(qint64 pid, int signalNumber)
 {
-    const QByteArray status = fileBytes(QStringLiteral("/proc/%1/status").arg(pid));
+    const QByteArray status = readFile(QStringLiteral("/proc/%1/status").arg(pid));
     const qsizetype at = status.indexOf("SigCgt:");
     if (at < 0)
         return false;
@@ -109,7 +102,7 @@ private slots:
         ThemeDocument loaded;
         QVERIFY(loadThemeFile(loaded, theme, quiet).loaded);
         QVERIFY(writeThemeFile(loaded, path(QStringLiteral("expected.skt"))));
-        QCOMPARE(fileBytes(copy), fileBytes(path(QStringLiteral("expected.skt"))));
+        QCOMPARE(readFile(copy), readFile(path(QStringLiteral("expected.skt"))));
         ThemeDocument back;
         const LoadReport report = loadThemeFile(back, copy, quiet);
         QVERIFY(report.loaded);

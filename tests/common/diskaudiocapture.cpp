@@ -1,6 +1,6 @@
 #include "common/diskaudiocapture.h"
 
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QThread>
@@ -8,34 +8,14 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace {
-
-constexpr qint64 bytesPerFrame = 2 * sizeof(qint16);
-
-} // namespace
+static constexpr qint64 bytesPerFrame = 2 * sizeof(qint16);
 
 DiskAudioCapture::DiskAudioCapture(const QString &rawFile)
     : m_file(rawFile)
+    , m_driver("SDL_AUDIODRIVER", "disk")
+    , m_output("SDL_DISKAUDIOFILE", QFile::encodeName(rawFile))
 {
-    const QList<QPair<const char *, QByteArray>> settings = {
-        {"SDL_AUDIODRIVER", "disk"},
-        {"SDL_DISKAUDIOFILE", QFile::encodeName(rawFile)},
-    };
-    for (const auto &[name, value] : settings) {
-        m_saved.append({name, qgetenv(name), qEnvironmentVariableIsSet(name)});
-        qputenv(name, value);
-    }
     QFile::remove(rawFile);
-}
-
-DiskAudioCapture::~DiskAudioCapture()
-{
-    for (const SavedVariable &saved : m_saved) {
-        if (saved.wasSet)
-            qputenv(saved.name, saved.value);
-        else
-            qunsetenv(saved.name);
-    }
 }
 
 qint64 DiskAudioCapture::frameCount() const
@@ -56,31 +36,24 @@ QList<qint16> DiskAudioCapture::samples(qint64 firstFrame) const
 
 bool DiskAudioCapture::waitForFrames(qint64 frames, int timeoutMs) const
 {
-    QElapsedTimer timer;
-    timer.start();
-    while (frameCount() < frames) {
-        if (timer.elapsed() > timeoutMs)
-            return false;
+    const QDeadlineTimer deadline(timeoutMs);
+    while (frameCount() < frames && !deadline.hasExpired())
         QThread::msleep(1);
-    }
-    return true;
+    return frameCount() >= frames;
 }
 
 qint64 DiskAudioCapture::waitForSound(qint64 firstFrame, int timeoutMs, int threshold) const
 {
-    QElapsedTimer timer;
-    timer.start();
-    qint64 checked = firstFrame;
-    for (;;) {
+    const QDeadlineTimer deadline(timeoutMs);
+    for (qint64 checked = firstFrame;; QThread::msleep(1)) {
         const QList<qint16> fresh = samples(checked);
         for (qsizetype i = 0; i < fresh.size(); ++i) {
             if (std::abs(fresh[i]) > threshold)
                 return checked + i / 2;
         }
         checked += fresh.size() / 2;
-        if (timer.elapsed() > timeoutMs)
+        if (deadline.hasExpired())
             return -1;
-        QThread::msleep(1);
     }
 }
 

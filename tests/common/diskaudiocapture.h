@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "common/scopedenvironment.h"
+
 #include <QList>
 #include <QString>
 
@@ -13,9 +14,6 @@ class DiskAudioCapture
 {
 public:
     explicit DiskAudioCapture(const QString &rawFile);
-    ~DiskAudioCapture();
-    DiskAudioCapture(const DiskAudioCapture &) = delete;
-    DiskAudioCapture &operator=(const DiskAudioCapture &) = delete;
 
     /** Frames written so far (a frame is one left and one right sample). */
     qint64 frameCount() const;
@@ -36,12 +34,7 @@ public:
     static int peak(const QList<qint16> &samples);
 
 private:
-    struct SavedVariable {
-        const char *name;
-        QByteArray value;
-        bool wasSet;
-    };
-
     QString m_file;
-    QList<SavedVariable> m_saved;
+    ScopedEnvironment m_driver;
+    ScopedEnvironment m_output;
 };

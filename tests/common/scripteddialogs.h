@@ -34,13 +34,50 @@ public:
     QStringList saveFilters;
     int colorRequests = 0;
 
-    void show(const Report &report) override;
-    Answer askYesNoCancel(const QString &title, const QString &text) override;
-    std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
-    QString openFileName(const QString &filter, const QString &initialFolder) override;
-    QString saveFileName(const QString &filter) override;
-    std::optional<quint32> chooseColor() override;
+    void show(const Report &report) override
+    {
+        static constexpr Kind kinds[] = {Kind::Information, Kind::Warning, Kind::Error};
+        for (const Problem &p : report.problems)
+            messages.append({p.shownTitle(), p.text, kinds[int(p.severity)]});
+    }
+
+    Answer askYesNoCancel(const QString &title, const QString &text) override
+    {
+        messages.append({title, text, Kind::Question});
+        return answers.isEmpty() ? Answer::Cancel : answers.dequeue();
+    }
+
+    std::optional<QString> inputBox(const QString &prompt, const QString &) override
+    {
+        inputPrompts.append(prompt);
+        return inputs.isEmpty() ? std::nullopt : inputs.dequeue();
+    }
+
+    QString openFileName(const QString &filter, const QString &initialFolder) override
+    {
+        openFilters.append(filter);
+        openFolders.append(initialFolder);
+        return openNames.isEmpty() ? QString() : openNames.dequeue();
+    }
+
+    QString saveFileName(const QString &filter) override
+    {
+        saveFilters.append(filter);
+        return saveNames.isEmpty() ? QString() : saveNames.dequeue();
+    }
+
+    std::optional<quint32> chooseColor() override
+    {
+        ++colorRequests;
+        return colors.isEmpty() ? std::nullopt : colors.dequeue();
+    }
 
     /** "TITLE: TEXT" of every message so far, for compact comparisons. */
-    QStringList messageLines() const;
+    QStringList messageLines() const
+    {
+        QStringList lines;
+        for (const Message &m : messages)
+            lines.append(m.title + QStringLiteral(": ") + m.text);
+        return lines;
+    }
 };

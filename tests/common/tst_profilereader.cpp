@@ -1,7 +1,6 @@
 #include "common/profilereader.h"
+#include "common/testfiles.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -9,24 +8,10 @@ class ProfileReaderTest : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<QTemporaryDir> m_dir;
-
-    QString writeFile(const QString &name, const QByteArray &bytes)
-    {
-        const QString path = m_dir->filePath(name);
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write %s", qPrintable(path));
-        return path;
-    }
+    QTemporaryDir m_dir;
+    QString path(const QString &name) const { return m_dir.filePath(name); }
 
 private slots:
-    void init()
-    {
-        m_dir = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_dir->isValid());
-    }
-
     void textValues_data()
     {
         QTest::addColumn<QByteArray>("file");
@@ -83,8 +68,8 @@ private slots:
         QFETCH(QString, defaultText);
         QFETCH(QString, expected);
 
-        const QString path = writeFile(QStringLiteral("theme.skt"), file);
-        QCOMPARE(ProfileFile::open(path).text(section, key, defaultText), expected);
+        QVERIFY(writeFile(path("theme.skt"), file));
+        QCOMPARE(ProfileFile::open(path("theme.skt")).text(section, key, defaultText), expected);
     }
 
     void unreadableLocations_data()
@@ -100,11 +85,11 @@ private slots:
     void unreadableLocations()
     {
         QFETCH(QString, name);
-        writeFile(QStringLiteral("theme.skt"), "[Theme Info]\r\nname=Night\r\n");
-        writeFile(QStringLiteral(".hidden.skt"), "[Theme Info]\r\nname=Night\r\n");
-        QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder")));
+        QVERIFY(writeFile(path("theme.skt"), "[Theme Info]\r\nname=Night\r\n"));
+        QVERIFY(writeFile(path(".hidden.skt"), "[Theme Info]\r\nname=Night\r\n"));
+        QVERIFY(QDir().mkpath(path("folder")));
 
-        const QString location = name.isEmpty() ? name : m_dir->filePath(name);
+        const QString location = name.isEmpty() ? name : path(name);
         const ProfileFile file = ProfileFile::open(location);
         QVERIFY(!file.isRead());
         QCOMPARE(file.text(QStringLiteral("Theme Info"), QStringLiteral("name")), missingValueMarker());
@@ -112,10 +97,10 @@ private slots:
 
     void openedFileKeepsWhatItRead()
     {
-        const QString path = writeFile(QStringLiteral("theme.skt"), "[Theme Info]\r\nname=Night\r\n");
-        const ProfileFile file = ProfileFile::open(path);
+        QVERIFY(writeFile(path("theme.skt"), "[Theme Info]\r\nname=Night\r\n"));
+        const ProfileFile file = ProfileFile::open(path("theme.skt"));
         QVERIFY(file.isRead());
-        writeFile(QStringLiteral("theme.skt"), "[Theme Info]\r\nname=Day\r\n");
+        QVERIFY(writeFile(path("theme.skt"), "[Theme Info]\r\nname=Day\r\n"));
         QCOMPARE(file.text(QStringLiteral("Theme Info"), QStringLiteral("name")), QStringLiteral("Night"));
     }
 };

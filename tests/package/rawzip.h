@@ -1,11 +1,9 @@
 #pragma once
 
+#include "common/testfiles.h"
+
 #include <QByteArray>
 #include <QList>
-
-#include <array>
-#include <initializer_list>
-#include <utility>
 
 /**
  * Zip bytes built by hand, for archives no well-behaved writer makes: names with "..",
@@ -27,29 +25,13 @@ struct Entry {
 
 inline quint32 crc32(const QByteArray &bytes)
 {
-    static const std::array<quint32, 256> table = [] {
-        std::array<quint32, 256> t {};
-        for (quint32 i = 0; i < 256; ++i) {
-            quint32 c = i;
-            for (int k = 0; k < 8; ++k)
-                c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
-            t[i] = c;
-        }
-        return t;
-    }();
     quint32 c = 0xFFFFFFFFu;
-    for (const char byte : bytes)
-        c = table[(c ^ quint8(byte)) & 0xFF] ^ (c >> 8);
-    return c ^ 0xFFFFFFFFu;
-}
-
-/** Appends each (value, byte count) pair little-endian, as every zip header field is stored. */
-inline void put(QByteArray &out, std::initializer_list<std::pair<quint32, int>> fields)
-{
-    for (const auto &[value, size] : fields) {
-        for (int i = 0; i < size; ++i)
-            out.append(char((value >> (8 * i)) & 0xFF));
+    for (const char byte : bytes) {
+        c ^= quint8(byte);
+        for (int k = 0; k < 8; ++k)
+            c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
     }
+    return c ^ 0xFFFFFFFFu;
 }
 
 inline QByteArray build(const QList<Entry> &entries)
@@ -69,22 +51,22 @@ inline QByteArray build(const QList<Entry> &entries)
         const quint32 attributes = (mode << 16) | (e.kind == Kind::Directory ? 0x10 : 0);
 
         // Local header: signature, version needed, flags, stored, time, date, crc, sizes, name, extra.
-        put(out, {{0x04034b50, 4}, {63, 2}, {flags, 2}, {e.method, 2}, {0, 2}, {date, 2}, {crc, 4},
-                  {storedSize, 4}, {size, 4}, {nameSize, 2}, {0, 2}});
+        putLittleEndian(out, {{0x04034b50, 4}, {63, 2}, {flags, 2}, {e.method, 2}, {0, 2}, {date, 2},
+                              {crc, 4}, {storedSize, 4}, {size, 4}, {nameSize, 2}, {0, 2}});
         out.append(e.name).append(bytes);
 
         // Central entry: made on Unix (so the mode counts), then as above, comment, disk,
         // internal and external attributes, local header offset.
-        put(central, {{0x02014b50, 4}, {(3u << 8) | 63, 2}, {63, 2}, {flags, 2}, {e.method, 2}, {0, 2},
-                      {date, 2}, {crc, 4}, {storedSize, 4}, {size, 4}, {nameSize, 2}, {0, 2}, {0, 2}, {0, 2}, {0, 2},
-                      {attributes, 4}, {offset, 4}});
+        putLittleEndian(central, {{0x02014b50, 4}, {(3u << 8) | 63, 2}, {63, 2}, {flags, 2}, {e.method, 2},
+                                  {0, 2}, {date, 2}, {crc, 4}, {storedSize, 4}, {size, 4}, {nameSize, 2},
+                                  {0, 2}, {0, 2}, {0, 2}, {0, 2}, {attributes, 4}, {offset, 4}});
         central.append(e.name);
     }
     const quint32 centralOffset = quint32(out.size());
     const quint32 count = quint32(entries.size());
     out.append(central);
-    put(out, {{0x06054b50, 4}, {0, 2}, {0, 2}, {count, 2}, {count, 2}, {quint32(central.size()), 4},
-              {centralOffset, 4}, {0, 2}});
+    putLittleEndian(out, {{0x06054b50, 4}, {0, 2}, {0, 2}, {count, 2}, {count, 2},
+                          {quint32(central.size()), 4}, {centralOffset, 4}, {0, 2}});
     return out;
 }
 

@@ -1,136 +1,114 @@
+#include "common/testfiles.h"
 #include "sound/editorconfig.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
+
+namespace {
+
+const QByteArray head = "//Stakko Theme Maker Configuration\r\n \r\n[Sound Mixer]\r\n";
+
+QByteArray sevenLines(int frequency, int numchannels, int output)
+{
+    const QString lines = QStringLiteral("frequency=%1\r\nnumchannels=%2\r\n"
+                                         "//0-NoSound,1-WinMM,2-DirectSound,3-A3D, #1 is recommended\r\n"
+                                         "output=%3\r\n");
+    return head + lines.arg(frequency).arg(numchannels).arg(output).toLatin1();
+}
+
+QList<qint32> values(const EditorConfig &config)
+{
+    return {config.frequency, config.numchannels, config.output};
+}
+
+} // namespace
 
 class EditorConfigTest : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<QTemporaryDir> m_dir;
-
-    QString configWith(const QByteArray &mixerLines)
-    {
-        const QString path = m_dir->filePath(QStringLiteral("skm.ini"));
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly))
-            qFatal("cannot write %s", qPrintable(path));
-        file.write("//Stakko Theme Maker Configuration\r\n \r\n[Sound Mixer]\r\n" + mixerLines);
-        return path;
-    }
-
-    static QByteArray contents(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
-    }
-
-    static QByteArray sevenLines(int frequency, int numchannels, int output)
-    {
-        return QStringLiteral("//Stakko Theme Maker Configuration\r\n \r\n[Sound Mixer]\r\nfrequency=%1\r\n"
-                              "numchannels=%2\r\n//0-NoSound,1-WinMM,2-DirectSound,3-A3D, #1 is recommended\r\n"
-                              "output=%3\r\n")
-            .arg(frequency).arg(numchannels).arg(output).toLatin1();
-    }
+    QTemporaryDir m_dir;
+    QString path(const QString &name = QStringLiteral("skm.ini")) const { return m_dir.filePath(name); }
 
 private slots:
-    void init()
+    void settingsAsRead_data()
     {
-        m_dir = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_dir->isValid());
+        QTest::addColumn<QByteArray>("lines");          // below the section line
+        QTest::addColumn<qint32>("outputBefore");
+        QTest::addColumn<QList<qint32>>("read");        // frequency, numchannels, output
+
+        const auto row = [](const char *name, const QByteArray &lines, qint32 before, QList<qint32> read) {
+            QTest::newRow(name) << lines << before << read;
+        };
+        // Numbers are taken without a range check, halves rounding to even; others take the default.
+        row("as they are", "frequency=22050\r\nnumchannels=32\r\n", 1, {22050, 32, 1});
+        row("no range check", "frequency=-5\r\nnumchannels=0\r\n", 1, {-5, 0, 1});
+        row("halves round to even", "frequency=22050.5\r\nnumchannels=2.5\r\n", 1, {22050, 2, 1});
+        row("fraction rounds", "frequency=44099.7\r\nnumchannels=7.6\r\n", 1, {44100, 8, 1});
+        row("not numbers", "frequency=fast\r\nnumchannels=8 channels\r\n", 1, {44100, 8, 1});
+        row("grouped digits", "frequency=44,100\r\n", 1, {44100, 8, 1});
+        row("too large", "frequency=99999999999\r\n", 1, {44100, 8, 1});
+        // An output must be one of the texts 0 to 3; out of range gives 1, in range but unmatched keeps it.
+        row("output 0, no sound", "output=0\r\n", 1, {44100, 8, 0});
+        row("output 3, A3D", "output=3\r\n", 0, {44100, 8, 3});
+        row("output 7, above range", "output=7\r\n", 0, {44100, 8, 1});
+        row("output -1, below range", "output=-1\r\n", 0, {44100, 8, 1});
+        row("output 3.5, above range", "output=3.5\r\n", 0, {44100, 8, 1});
+        row("output 1.0 matches nothing", "output=1.0\r\n", 3, {44100, 8, 3});
+        row("output, blanks dropped", "output =  2 \r\n", 0, {44100, 8, 2});
+        row("output not a number", "output=loud\r\n", 0, {44100, 8, 1});
+        row("output missing", "frequency=22050\r\n", 0, {22050, 8, 1});
     }
 
-    void missingFileGivesDefaultsWrittenAsSevenLines()
-    {
-        EditorConfig config;
-        readEditorConfig(config, m_dir->filePath(QStringLiteral("absent.ini")));
-        const QString path = m_dir->filePath(QStringLiteral("skm.ini"));
-        QString error;
-        QVERIFY(writeEditorConfig(config, path, &error));
-        QVERIFY(error.isEmpty());
-        QCOMPARE(contents(path), sevenLines(44100, 8, 1));
-    }
-
-    void outputCorrections_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<qint32>("before");
-        QTest::addColumn<qint32>("expected");
-        QTest::newRow("0 no sound") << QByteArray("output=0") << 1 << 0;
-        QTest::newRow("3 A3D") << QByteArray("output=3") << 0 << 3;
-        QTest::newRow("7 above range") << QByteArray("output=7") << 0 << 1;
-        QTest::newRow("-1 below range") << QByteArray("output=-1") << 0 << 1;
-        QTest::newRow("3.5 above range") << QByteArray("output=3.5") << 0 << 1;
-        QTest::newRow("1.0 in range but matches nothing") << QByteArray("output=1.0") << 3 << 3;
-        QTest::newRow("blanks dropped") << QByteArray("output =  2 ") << 0 << 2;
-        QTest::newRow("not a number") << QByteArray("output=loud") << 0 << 1;
-        QTest::newRow("missing key") << QByteArray("frequency=22050") << 0 << 1;
-    }
-
-    void outputCorrections()
-    {
-        QFETCH(QByteArray, line);
-        QFETCH(qint32, before);
-        QFETCH(qint32, expected);
-        EditorConfig config;
-        config.output = before;
-        readEditorConfig(config, configWith(line + "\r\n"));
-        QCOMPARE(config.output, expected);
-    }
-
-    void numberSettings_data()
-    {
-        QTest::addColumn<QByteArray>("lines");
-        QTest::addColumn<qint32>("frequency");
-        QTest::addColumn<qint32>("numchannels");
-        QTest::newRow("taken as they are") << QByteArray("frequency=22050\r\nnumchannels=32\r\n") << 22050 << 32;
-        QTest::newRow("no range check") << QByteArray("frequency=-5\r\nnumchannels=0\r\n") << -5 << 0;
-        QTest::newRow("halves round to even") << QByteArray("frequency=22050.5\r\nnumchannels=2.5\r\n") << 22050 << 2;
-        QTest::newRow("fraction rounds") << QByteArray("frequency=44099.7\r\nnumchannels=7.6\r\n") << 44100 << 8;
-        QTest::newRow("not numbers take defaults")
-            << QByteArray("frequency=fast\r\nnumchannels=8 channels\r\n") << 44100 << 8;
-        QTest::newRow("grouped digits are not numbers") << QByteArray("frequency=44,100\r\n") << 44100 << 8;
-        QTest::newRow("too large takes default") << QByteArray("frequency=99999999999\r\n") << 44100 << 8;
-    }
-
-    void numberSettings()
+    void settingsAsRead()
     {
         QFETCH(QByteArray, lines);
-        QFETCH(qint32, frequency);
-        QFETCH(qint32, numchannels);
+        QFETCH(qint32, outputBefore);
+        QFETCH(QList<qint32>, read);
+        QVERIFY(writeFile(path(), head + lines));
         EditorConfig config;
-        readEditorConfig(config, configWith(lines));
-        QCOMPARE(config.frequency, frequency);
-        QCOMPARE(config.numchannels, numchannels);
+        config.output = outputBefore;
+        readEditorConfig(config, path());
+        QCOMPARE(values(config), read);
     }
 
-    void roundTripKeepsValuesAndDropsExtras()
+    void writtenAsSevenLines_data()
     {
+        QTest::addColumn<QByteArray>("file");   // null: there is none
+        QTest::addColumn<QByteArray>("written");
+        QTest::newRow("no file: the defaults") << QByteArray() << sevenLines(44100, 8, 1);
         // "2.5" selects no output, so a fresh configuration keeps its 0.
-        const QString path = configWith("frequency=-22050\r\nextra=keep me?\r\nnumchannels=16\r\n"
-                                        "output=2.5\r\n[Other]\r\nkey=value\r\n");
+        QTest::newRow("extras dropped") << head + "frequency=-22050\r\nextra=keep me?\r\nnumchannels=16\r\n"
+                                                  "output=2.5\r\n[Other]\r\nkey=value\r\n"
+                                        << sevenLines(-22050, 16, 0);
+    }
+
+    void writtenAsSevenLines()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QByteArray, written);
+        QFile::remove(path());
+        if (!file.isNull())
+            QVERIFY(writeFile(path(), file));
         EditorConfig config;
-        readEditorConfig(config, path);
-        QVERIFY(writeEditorConfig(config, path));
-        QCOMPARE(contents(path), sevenLines(-22050, 16, 0));
+        readEditorConfig(config, path());
+        QString error;
+        QVERIFY(writeEditorConfig(config, path(), &error));
+        QCOMPARE(error, QString());
+        QCOMPARE(readFile(path()), written);
 
         EditorConfig again;
-        readEditorConfig(again, path);
-        QCOMPARE(again.frequency, -22050);
-        QCOMPARE(again.numchannels, 16);
-        QCOMPARE(again.output, 0);
+        readEditorConfig(again, path());
+        QCOMPARE(values(again), values(config));
     }
 
     void missingFolderReportsError()
     {
-        const QString path = m_dir->filePath(QStringLiteral("missing-folder/skm.ini"));
         QString error;
-        QVERIFY(!writeEditorConfig(EditorConfig{48000, 4, 2}, path, &error));
+        QVERIFY(!writeEditorConfig(EditorConfig{48000, 4, 2}, path("missing-folder/skm.ini"), &error));
         QVERIFY(error.contains(QStringLiteral("skm.ini")));
-        QVERIFY(!QFileInfo::exists(path));
+        QVERIFY(!QFileInfo::exists(path("missing-folder/skm.ini")));
     }
 
     void writePathIsBesideProgramWhenWritable()
