@@ -3,6 +3,7 @@
 
 #include "common/scripteddialogs.h"
 #include "document/themedocument.h"
+#include "document/themesections.h"
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"
 #include "package/packagewriter.h"
@@ -70,8 +71,8 @@ int main(int argc, char *argv[])
 
     ThemeDocument doc;
     doc.resetTheme();
-    for (const char *include : includeSwitchKeys)
-        doc.setNumber(include, 1);
+    for (const ThemeSection &section : themeSections())
+        doc.setNumber(section.include, 1);
     doc.setText(u"resourcefile", QStringLiteral("Bench.zip"));
     doc.setText(u"bgfilename", QStringLiteral("bg"));
     doc.setText(u"bgextension", QStringLiteral("bmp"));
