@@ -10,6 +10,8 @@
 
 #include <memory>
 
+using Fields = QList<QPair<QString, QString>>;
+
 namespace {
 
 struct Settings {
@@ -17,6 +19,13 @@ struct Settings {
     QString start = QStringLiteral("1");
     QString delay = QStringLiteral("10");
     bool reverse = false;
+};
+
+// Ticks played after \a edits were made: \a step milliseconds apart, showing \a frames.
+struct Run {
+    Fields edits;
+    quint32 step;
+    QList<int> frames;
 };
 
 class RecordingProgress : public LoadProgress
@@ -305,152 +314,106 @@ private slots:
         QCOMPARE(play(ElementExplosion, 3), (QList<int>{3, 4, 1}));
     }
 
-    void playbackOrder_data()
+    void playback_data()
     {
         QTest::addColumn<int>("element");
-        QTest::addColumn<QString>("frames");
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<bool>("reverse");
+        QTest::addColumn<Settings>("settings");
         QTest::addColumn<quint32>("firstTick");
-        QTest::addColumn<quint32>("step");
-        QTest::addColumn<QList<int>>("expected");
+        QTest::addColumn<QList<Run>>("runs");
 
         const quint32 soon = 123456;
-        QTest::newRow("forward") << int(ElementBackground) << "5" << "1" << false << soon << 11u
-                                 << QList<int>{1, 2, 3, 4, 5, 1, 2};
-        QTest::newRow("one frame") << int(ElementBlocks) << "1" << "1" << false << soon << 11u
-                                   << QList<int>{1, 1, 1, 1};
-        QTest::newRow("four from 2") << int(ElementNextBlock) << "4" << "2" << false << soon << 11u
-                                     << QList<int>{2, 3, 4, 2, 3, 4, 2};
-        QTest::newRow("reverse five") << int(ElementSpecialWindow) << "5" << "1" << true << soon
-                                      << 11u << QList<int>{5, 4, 3, 2, 1, 5, 4};
-        QTest::newRow("reverse from 3") << int(ElementBlocks) << "5" << "3" << true << soon << 11u
-                                        << QList<int>{3, 2, 1, 3, 2, 1};
-        QTest::newRow("explosion") << int(ElementExplosion) << "3" << "" << false << soon << 11u
-                                   << QList<int>{1, 2, 3, 1, 2, 3};
+        const int bg = ElementBackground;
+        const int blocks = ElementBlocks;
+        QTest::newRow("forward") << bg << Settings{"5"} << soon << QList<Run>{{{}, 11, {1, 2, 3, 4, 5, 1, 2}}};
+        QTest::newRow("one frame") << blocks << Settings{"1"} << soon << QList<Run>{{{}, 11, {1, 1, 1, 1}}};
+        QTest::newRow("four from 2") << int(ElementNextBlock) << Settings{"4", "2"} << soon
+                                     << QList<Run>{{{}, 11, {2, 3, 4, 2, 3, 4, 2}}};
+        QTest::newRow("reverse five") << int(ElementSpecialWindow) << Settings{"5", "1", "10", true} << soon
+                                      << QList<Run>{{{}, 11, {5, 4, 3, 2, 1, 5, 4}}};
+        QTest::newRow("reverse from 3") << blocks << Settings{"5", "3", "10", true} << soon
+                                        << QList<Run>{{{}, 11, {3, 2, 1, 3, 2, 1}}};
+        QTest::newRow("explosion") << int(ElementExplosion) << Settings{"3", ""} << soon
+                                   << QList<Run>{{{}, 11, {1, 2, 3, 1, 2, 3}}};
+        QTest::newRow("bomb") << int(ElementBomb) << Settings{"2"} << soon << QList<Run>{{{}, 11, {1, 2, 1}}};
         // The first tick advances at once; later frames stay until more than the delay passed.
-        QTest::newRow("delay 10, 5 ms ticks") << int(ElementBackground) << "5" << "1" << false
-                                              << soon << 5u << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
-        QTest::newRow("tick counter wraps") << int(ElementBackground) << "5" << "1" << false
-                                            << 0xFFFFFFF0u << 5u
-                                            << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
+        QTest::newRow("delay 10, 5 ms ticks") << bg << Settings{"5"} << soon
+                                              << QList<Run>{{{}, 5, {1, 2, 2, 2, 3, 3, 3, 4}}};
+        QTest::newRow("tick counter wraps") << bg << Settings{"5"} << 0xFFFFFFF0u
+                                            << QList<Run>{{{}, 5, {1, 2, 2, 2, 3, 3, 3, 4}}};
+        // Frame 4 is on screen and has not yet stayed its delay when the count drops to 3.
+        QTest::newRow("frame count edited while playing")
+            << bg << Settings{"5", "2"} << soon
+            << QList<Run>{{{}, 5, {2, 3, 3, 3, 4}}, {{{"bgframecount", "3"}}, 5, {4, 4, 2, 2}}};
+        QTest::newRow("non-numbers keep the last valid settings")
+            << bg << Settings{"5"} << soon
+            << QList<Run>{{{}, 5, {1, 2}},
+                          {{{"bgframecount", "five"}, {"bgdelaybetweenframes", ""}, {"bgstartingframe", "?"}},
+                           5, {2, 2, 3, 3, 3, 4}},
+                          {{}, 11, {4, 5, 1}}};
+        QTest::newRow("not animated shows the first slot")
+            << blocks << Settings{"5", "2"} << soon
+            << QList<Run>{{{}, 11, {2, 3}}, {{{"animateblocks", "0"}}, 11, {1, 1, 1}},
+                          {{{"animateblocks", "1"}}, 11, {4, 5}}};
+        // 3 - 7 in reverse is a negative slot.
+        QTest::newRow("start beyond the strip shows a cleared frame")
+            << blocks << Settings{"3", "7"} << soon
+            << QList<Run>{{{}, 11, {0, 0, 0}}, {{{"blkreverseanimation", "1"}}, 11, {0, 0}}};
     }
 
-    void playbackOrder()
+    void playback()
     {
         QFETCH(int, element);
-        QFETCH(QString, frames);
-        QFETCH(QString, start);
-        QFETCH(bool, reverse);
+        QFETCH(Settings, settings);
         QFETCH(quint32, firstTick);
-        QFETCH(quint32, step);
-        QFETCH(QList<int>, expected);
+        QFETCH(QList<Run>, runs);
 
         const AnimatedElement &e = animatedElements[element];
-        makeFrames("f", frames.toInt(), e.frame);
-        configure(element, path("f1.bmp"), {frames, start, "10", reverse});
+        makeFrames("f", settings.frames.toInt(), e.frame);
+        configure(element, path("f1.bmp"), settings);
         startPreview(element);
-        m_now = firstTick - step;
-        QCOMPARE(play(element, int(expected.size()), step), expected);
-    }
-
-    void internetBackgroundDrawsIntoTheCorner()
-    {
-        makeFrames("bg", 1, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"1"});
-        startPreview(ElementBackground);
-        play(ElementBackground, 1);
-        makeFrames("ibg", 3, {96, 176});
-        configure(ElementInternetBackground, path("ibg1.bmp"), {"3", "1", "10", true});
-        startPreview(ElementInternetBackground);
-
-        QCOMPARE(play(ElementInternetBackground, 4), (QList<int>{3, 2, 1, 3}));
-        const QImage surface = m_engine->surfaceImage(ElementBackground);
-        QCOMPARE(surface.size(), QSize(192, 352));
-        QCOMPARE(frameOfPixel(surface.pixel(95, 175)), 3);
-        QCOMPARE(frameOfPixel(surface.pixel(96, 0)), 0);
-        QCOMPARE(frameOfPixel(surface.pixel(0, 176)), 0);
-    }
-
-    void internetBackgroundClearsWhatTheBackgroundLeft()
-    {
-        // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
-        makeFrames("bg", 2, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"1.5", "2"});
-        startPreview(ElementBackground);
-        QCOMPARE(play(ElementBackground, 2), (QList<int>{2, 2}));
-        makeFrames("ibg", 3, {96, 176});
-        configure(ElementInternetBackground, path("ibg1.bmp"), {"3"});
-        startPreview(ElementInternetBackground);
-
-        for (int expected : {1, 2, 3, 1, 2}) {
-            play(ElementInternetBackground, 1);
-            const QImage surface = m_engine->surfaceImage(ElementBackground);
-            QCOMPARE(frameOfPixel(surface.pixel(95, 175)), expected);
-            QCOMPARE(frameOfPixel(surface.pixel(150, 100)), 0);
-            QCOMPARE(frameOfPixel(surface.pixel(50, 200)), 0);
-            QCOMPARE(frameOfPixel(surface.pixel(191, 351)), 0);
+        m_now = firstTick - runs.first().step;
+        for (const Run &run : runs) {
+            for (const auto &[key, value] : run.edits)
+                m_doc->setValue(ThemeDocument::requireIndex(key), value);
+            QCOMPARE(play(element, int(run.frames.size()), run.step), run.frames);
         }
-    }
-
-    void bombShowsItsLeftSquare()
-    {
-        makeFrames("bomb", 2, {192, 64});
-        configure(ElementBomb, path("bomb1.bmp"), {"2"});
-        startPreview(ElementBomb);
-
-        QCOMPARE(play(ElementBomb, 3), (QList<int>{1, 2, 1}));
-        QCOMPARE(m_engine->surfaceImage(ElementBomb).size(), QSize(64, 64));
-    }
-
-    void frameCountEditedWhilePlaying()
-    {
-        makeFrames("bg", 5, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"5", "2"});
-        startPreview(ElementBackground);
-        QCOMPARE(play(ElementBackground, 5, 5), (QList<int>{2, 3, 3, 3, 4}));
-        // Frame 4 is on screen and has not yet stayed its delay.
-        m_doc->setText(u"bgframecount", QStringLiteral("3"));
-        QCOMPARE(play(ElementBackground, 4, 5), (QList<int>{4, 4, 2, 2}));
-    }
-
-    void nonNumbersKeepTheLastValidSettings()
-    {
-        makeFrames("bg", 5, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"5", "1", "10"});
-        startPreview(ElementBackground);
-        QCOMPARE(play(ElementBackground, 2, 5), (QList<int>{1, 2}));
-
-        m_doc->setText(u"bgframecount", QStringLiteral("five"));
-        m_doc->setText(u"bgdelaybetweenframes", QString());
-        m_doc->setText(u"bgstartingframe", QStringLiteral("?"));
-        QCOMPARE(play(ElementBackground, 6, 5), (QList<int>{2, 2, 3, 3, 3, 4}));
-        QCOMPARE(play(ElementBackground, 3, 11), (QList<int>{4, 5, 1}));
+        QCOMPARE(m_engine->surfaceImage(element).size(), e.surfaceSize);
         QVERIFY(m_report.problems.isEmpty());
     }
 
-    void uncheckingAnimatedShowsFirstSlot()
+    void internetBackgroundDrawsIntoAClearedCorner_data()
     {
-        makeFrames("blk", 5, {96, 80});
-        configure(ElementBlocks, path("blk1.bmp"), {"5", "2"});
-        startPreview(ElementBlocks);
-        QCOMPARE(play(ElementBlocks, 2), (QList<int>{2, 3}));
-
-        m_doc->setNumber(u"animateblocks", 0);
-        QCOMPARE(play(ElementBlocks, 3), (QList<int>{1, 1, 1}));
-        m_doc->setNumber(u"animateblocks", 1);
-        QCOMPARE(play(ElementBlocks, 2), (QList<int>{4, 5}));
+        QTest::addColumn<Settings>("background");
+        QTest::addColumn<Settings>("internet");
+        QTest::addColumn<QList<int>>("frames");
+        QTest::newRow("over a viewed background") << Settings{"1"} << Settings{"3", "1", "10", true}
+                                                  << QList<int>{3, 2, 1, 3};
+        // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
+        QTest::newRow("over a drawn background") << Settings{"1.5", "2"} << Settings{"3"}
+                                                 << QList<int>{1, 2, 3, 1, 2};
     }
 
-    void startBeyondStripShowsClearedFrame()
+    void internetBackgroundDrawsIntoAClearedCorner()
     {
-        makeFrames("blk", 3, {96, 80});
-        configure(ElementBlocks, path("blk1.bmp"), {"3", "7"});
-        startPreview(ElementBlocks);
-        QCOMPARE(play(ElementBlocks, 3), (QList<int>{0, 0, 0}));
+        QFETCH(Settings, background);
+        QFETCH(Settings, internet);
+        QFETCH(QList<int>, frames);
+        makeFrames("bg", 2, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), background);
+        startPreview(ElementBackground);
+        play(ElementBackground, 2);
+        makeFrames("ibg", 3, {96, 176});
+        configure(ElementInternetBackground, path("ibg1.bmp"), internet);
+        startPreview(ElementInternetBackground);
 
-        m_doc->setNumber(u"blkreverseanimation", 1); // 3 - 7: a negative slot
-        QCOMPARE(play(ElementBlocks, 2), (QList<int>{0, 0}));
+        for (int expected : frames) {
+            play(ElementInternetBackground, 1);
+            const QImage surface = m_engine->surfaceImage(ElementBackground);
+            QCOMPARE(surface.size(), QSize(192, 352));
+            QCOMPARE(frameOfPixel(surface.pixel(95, 175)), expected);
+            for (const QPoint outside : {QPoint(96, 0), QPoint(0, 176), QPoint(150, 100), QPoint(191, 351)})
+                QCOMPARE(frameOfPixel(surface.pixel(outside)), 0);
+        }
     }
 
     void unchangedFrameIsNotRedrawn()
@@ -503,22 +466,6 @@ private slots:
         QCOMPARE(spy.size(), 1);
         QCOMPARE(spy.first().at(0).toInt(), int(ElementBackground));
         QCOMPARE(spy.first().at(1).value<QImage>(), kept);
-    }
-
-    void windowTimerDrivesTheElement()
-    {
-        TickTimer windowTimer;
-        m_engine->attachTimer(ElementNextBlock, &windowTimer);
-        makeFrames("nx", 2, {77, 77});
-        configure(ElementNextBlock, path("nx1.bmp"), {"2"});
-        startPreview(ElementNextBlock);
-
-        QVERIFY(windowTimer.isActive());
-        QCOMPARE(windowTimer.interval(), 1);
-        QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
-        QVERIFY(spy.wait(1000));
-        windowTimer.stop();
-        QCOMPARE(shown(ElementNextBlock), 1);
     }
 
     void resetStopsEveryTimer()
