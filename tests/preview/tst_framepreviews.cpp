@@ -76,6 +76,16 @@ class FramePreviewsTest : public QObject
         m_doc->setText(QString::fromLatin1(e.delayField), s.delay);
     }
 
+    void startPreview(int element) { m_report.append(m_engine->startFramePreview(element)); }
+
+    // Writes frames root1.bmp... in the element's frame size and starts its preview on them.
+    void preview(int element, const QString &root, int files, const Settings &s)
+    {
+        makeFrames(root, files, animatedElements[element].frame);
+        configure(element, path(root + QStringLiteral("1.bmp")), s);
+        startPreview(element);
+    }
+
     int shown(int element) const
     {
         const QImage image = m_engine->surfaceImage(element);
@@ -100,8 +110,6 @@ class FramePreviewsTest : public QObject
     }
 
 private slots:
-    void startPreview(int element) { m_report.append(m_engine->startFramePreview(element)); }
-
     void init()
     {
         m_dir = std::make_unique<QTemporaryDir>();
@@ -177,9 +185,7 @@ private slots:
 
     void failedStartLeavesRunningAnimation()
     {
-        makeFrames("bg", 5, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"));
-        startPreview(ElementBackground);
+        preview(ElementBackground, "bg", 5, {});
         QCOMPARE(play(ElementBackground, 3), (QList<int>{1, 2, 3}));
 
         m_doc->setText(u"bgframecount", QStringLiteral("0"));
@@ -195,9 +201,7 @@ private slots:
 
     void framesLandInTheirSlots()
     {
-        makeFrames("bg", 3, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"3"});
-        startPreview(ElementBackground);
+        preview(ElementBackground, "bg", 3, {"3"});
 
         const QImage &strip = m_engine->strip(ElementBackground);
         QCOMPARE(strip.size(), QSize(192, 3 * 352));
@@ -218,11 +222,9 @@ private slots:
 
     void dotInFolderCopiesTheLoadingSurface()
     {
-        makeFrames("my.themes/bg", 2, {192, 352});
         writeFrame(path("last.bmp"), frameColor(9), {192, 352});
         QVERIFY(m_loading->load(path("last.bmp")));
-        configure(ElementBackground, path("my.themes/bg1.bmp"), {"2"});
-        startPreview(ElementBackground);
+        preview(ElementBackground, "my.themes/bg", 2, {"2"});
 
         QCOMPARE(slotColor(ElementBackground, 0), 9);
         QCOMPARE(slotColor(ElementBackground, 1), 9);
@@ -294,10 +296,8 @@ private slots:
         m_engine->setProgress(&progress);
         const auto slowClock = [this] { return m_now += 200; }; // every frame takes 200 ms
         m_engine->setClock(slowClock);
-        makeFrames("ex", 4, {192, 64});
         makeFrames("bo", 4, {192, 64}, "png");
-        configure(ElementExplosion, path("ex1.bmp"), {"4"});
-        startPreview(ElementExplosion);
+        preview(ElementExplosion, "ex", 4, {"4"});
         QCOMPARE(progress.events, (QStringList{"begin Explosion 4", "end"}));
         m_engine->setClock([this] { return m_now; });
         QCOMPARE(play(ElementExplosion, 2), (QList<int>{1, 2}));
@@ -367,17 +367,14 @@ private slots:
         QFETCH(quint32, firstTick);
         QFETCH(QList<Run>, runs);
 
-        const AnimatedElement &e = animatedElements[element];
-        makeFrames("f", settings.frames.toInt(), e.frame);
-        configure(element, path("f1.bmp"), settings);
-        startPreview(element);
+        preview(element, "f", settings.frames.toInt(), settings);
         m_now = firstTick - runs.first().step;
         for (const Run &run : runs) {
             for (const auto &[key, value] : run.edits)
                 m_doc->setValue(ThemeDocument::requireIndex(key), value);
             QCOMPARE(play(element, int(run.frames.size()), run.step), run.frames);
         }
-        QCOMPARE(m_engine->surfaceImage(element).size(), e.surfaceSize);
+        QCOMPARE(m_engine->surfaceImage(element).size(), animatedElements[element].surfaceSize);
         QVERIFY(m_report.problems.isEmpty());
     }
 
@@ -398,13 +395,9 @@ private slots:
         QFETCH(Settings, background);
         QFETCH(Settings, internet);
         QFETCH(QList<int>, frames);
-        makeFrames("bg", 2, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), background);
-        startPreview(ElementBackground);
+        preview(ElementBackground, "bg", 2, background);
         play(ElementBackground, 2);
-        makeFrames("ibg", 3, {96, 176});
-        configure(ElementInternetBackground, path("ibg1.bmp"), internet);
-        startPreview(ElementInternetBackground);
+        preview(ElementInternetBackground, "ibg", 3, internet);
 
         for (int expected : frames) {
             play(ElementInternetBackground, 1);
@@ -418,9 +411,7 @@ private slots:
 
     void unchangedFrameIsNotRedrawn()
     {
-        makeFrames("bg", 3, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"3", "1", "100"});
-        startPreview(ElementBackground);
+        preview(ElementBackground, "bg", 3, {"3", "1", "100"});
         QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
 
         play(ElementBackground, 1);
@@ -440,9 +431,7 @@ private slots:
     void shownPictureOutlivesItsStrip()
     {
         QFETCH(int, rebuilt);
-        makeFrames("bg", 2, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"2"});
-        startPreview(ElementBackground);
+        preview(ElementBackground, "bg", 2, {"2"});
         play(ElementBackground, 2);
         const QImage kept = m_engine->surfaceImage(ElementBackground); // as a window keeps it
         const QImage &oldStrip = m_engine->strip(ElementBackground);
@@ -470,12 +459,8 @@ private slots:
 
     void resetStopsEveryTimer()
     {
-        makeFrames("bg", 2, {192, 352});
-        makeFrames("ex", 2, {192, 64});
-        configure(ElementBackground, path("bg1.bmp"), {"2"});
-        configure(ElementExplosion, path("ex1.bmp"), {"2"});
-        startPreview(ElementBackground);
-        startPreview(ElementExplosion);
+        preview(ElementBackground, "bg", 2, {"2"});
+        preview(ElementExplosion, "ex", 2, {"2"});
         play(ElementBackground, 1);
         QVERIFY(m_engine->timer(ElementExplosion)->isActive());
 
