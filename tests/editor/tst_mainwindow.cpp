@@ -16,10 +16,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
-#include <QTimer>
 
 #include <memory>
 

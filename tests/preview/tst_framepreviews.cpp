@@ -183,22 +183,6 @@ private slots:
         QCOMPARE(m_engine->strip(ElementBackground).isNull(), !starts);
     }
 
-    void failedStartLeavesRunningAnimation()
-    {
-        preview(ElementBackground, "bg", 5, {});
-        QCOMPARE(play(ElementBackground, 3), (QList<int>{1, 2, 3}));
-
-        m_doc->setText(u"bgframecount", QStringLiteral("0"));
-        startPreview(ElementBackground);
-        m_doc->setText(u"bgframecount", QStringLiteral("5"));
-        m_doc->setText(u"bgimage", QStringLiteral("nodot"));
-        startPreview(ElementBackground);
-
-        QCOMPARE(m_report.problems.size(), 1);
-        QVERIFY(m_engine->timer(ElementBackground)->isActive());
-        QCOMPARE(play(ElementBackground, 3), (QList<int>{4, 5, 1}));
-    }
-
     void framesLandInTheirSlots()
     {
         preview(ElementBackground, "bg", 3, {"3"});
@@ -290,7 +274,7 @@ private slots:
         QCOMPARE(frameOfPixel(strip.pixel(50, 26)), 0);
     }
 
-    void slowLoadShowsProgressAndCancelKeepsRunningAnimation()
+    void slowLoadShowsProgressAndStartsThatStopKeepTheRunningAnimation()
     {
         RecordingProgress progress;
         m_engine->setProgress(&progress);
@@ -302,15 +286,23 @@ private slots:
         m_engine->setClock([this] { return m_now; });
         QCOMPARE(play(ElementExplosion, 2), (QList<int>{1, 2}));
 
+        // A cancelled load on the same strip, a refused setting and an image text without a dot.
         progress.cancelAt = 3;
         m_engine->setClock(slowClock);
         configure(ElementBomb, path("bo1.png"), {"4"});
         startPreview(ElementBomb);
-
         QCOMPARE(progress.events.size(), 4);
         QVERIFY(!m_engine->timer(ElementBomb)->isActive());
-        QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
         m_engine->setClock([this] { return m_now; });
+        m_doc->setText(u"explodeframecount", QStringLiteral("0"));
+        startPreview(ElementExplosion);
+        m_doc->setText(u"explodeframecount", QStringLiteral("4"));
+        m_doc->setText(u"explodeimage", QStringLiteral("nodot"));
+        startPreview(ElementExplosion);
+
+        QCOMPARE(m_report.problems.size(), 1);
+        QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+        QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
         QCOMPARE(play(ElementExplosion, 3), (QList<int>{3, 4, 1}));
     }
 
