@@ -1,6 +1,5 @@
 #include "common/scripteddialogs.h"
 #include "document/themedocument.h"
-#include "document/themefilewriter.h"
 #include "document/filecommands.h"
 
 #include <QDir>
@@ -40,19 +39,6 @@ class FileCommandsTest : public QObject
 
     std::unique_ptr<QTemporaryDir> m_dirOwner;
     QDir m_dir;
-
-    QString savedTheme(const QString &name)
-    {
-        ThemeDocument doc;
-        doc.resetTheme();
-        doc.setNumber(u"themetype", 0);
-        doc.setText(u"name", name);
-        const QString file = path(name + QStringLiteral(".skt"));
-        QString error;
-        if (!writeThemeFile(doc, file, &error))
-            qWarning() << error;
-        return file;
-    }
 
 private slots:
     void init()
@@ -268,7 +254,8 @@ private slots:
     {
         QFETCH(bool, byPath);
         QVERIFY(m_dir.mkdir(QStringLiteral("data")));
-        const QString theme = savedTheme(QStringLiteral("Glacier"));
+        const QString theme = path(QStringLiteral("glacier.skt"));
+        QVERIFY(writeFile(theme, "[Theme Info]\r\nname=Glacier\r\nthemetype=0\r\n"));
         ThemeDocument doc;
         doc.resetTheme();
         doc.setText(u"name", QStringLiteral("Unsaved Work"));

@@ -45,7 +45,6 @@ class LoaderTest : public QObject
 
     QTemporaryDir m_dir;
     QTemporaryDir m_temp;
-    QByteArray m_oldTmp;
 
     QString path(const QString &name) const { return m_dir.filePath(name); }
 
@@ -67,11 +66,8 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid() && m_temp.isValid());
-        m_oldTmp = qgetenv("TMPDIR");
         qputenv("TMPDIR", m_temp.path().toLocal8Bit()); // packages unpack below a temp of our own
     }
-
-    void cleanupTestCase() { qputenv("TMPDIR", m_oldTmp); }
 
     void roundTripKeepsEveryWrittenField()
     {

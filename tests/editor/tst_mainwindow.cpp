@@ -148,8 +148,6 @@ private slots:
         QCOMPARE(window->currentPage(), MainWindow::Page::General);
         QVERIFY(control<QAction>("mnuGeneral")->isChecked());
         QCOMPARE(control<QComboBox>("cmbType")->currentText(), QStringLiteral("Theme Type 1"));
-        QVERIFY(control("txtResource")->isEnabled());
-        QVERIFY(!control("fraTheme0")->isEnabled());
         QCOMPARE(control<QComboBox>("cmbFields")->currentText(), QStringLiteral("Background"));
         QCOMPARE(control<QComboBox>("cmbBlocks")->currentText(), QStringLiteral("Game Blocks"));
         QCOMPARE(control<QComboBox>("cmbMisc")->currentText(), QStringLiteral("Explosion"));
