@@ -150,25 +150,26 @@ private slots:
 
         // A folder that cannot exist: its parent is a plain file (permissions do not stop root).
         const QString unwritable = QStringLiteral("plain/theme.skt");
-        QTest::newRow("Save, current file") << false << "current.skt" << true << "" << false << false
-                                            << "current.skt" << "";
-        QTest::newRow("Save, new theme, saved") << false << "" << true << "chosen.skt" << true << false
-                                                << "chosen.skt" << "";
-        QTest::newRow("Save, new theme, cancelled") << false << "" << true << "" << true << true << "" << "";
-        QTest::newRow("Save, new clean theme, cancelled") << false << "" << false << "" << true << true << ""
-                                                          << "";
-        QTest::newRow("Save, write fails") << false << unwritable << false << "" << false << true << unwritable
-                                           << unwritable;
-        QTest::newRow("Save As, saved") << true << "current.skt" << true << "chosen.skt" << true << false
-                                        << "chosen.skt" << "";
-        QTest::newRow("Save As, typed name kept without extension") << true << "" << true << "mytheme" << true
-                                                                    << false << "mytheme" << "";
-        QTest::newRow("Save As, cancelled") << true << "current.skt" << true << "" << true << true << "current.skt"
-                                            << "";
-        QTest::newRow("Save As on clean theme, cancelled") << true << "current.skt" << false << "" << true << true
-                                                           << "current.skt" << "";
-        QTest::newRow("Save As, write fails") << true << "current.skt" << false << unwritable << true << true
-                                              << "current.skt" << unwritable;
+        QTest::newRow("Save, current file")
+            << false << "current.skt" << true << "" << false << false << "current.skt" << "";
+        QTest::newRow("Save, new theme, saved")
+            << false << "" << true << "chosen.skt" << true << false << "chosen.skt" << "";
+        QTest::newRow("Save, new theme, cancelled")
+            << false << "" << true << "" << true << true << "" << "";
+        QTest::newRow("Save, new clean theme, cancelled")
+            << false << "" << false << "" << true << true << "" << "";
+        QTest::newRow("Save, write fails")
+            << false << unwritable << false << "" << false << true << unwritable << unwritable;
+        QTest::newRow("Save As, saved")
+            << true << "current.skt" << true << "chosen.skt" << true << false << "chosen.skt" << "";
+        QTest::newRow("Save As, typed name kept without extension")
+            << true << "" << true << "mytheme" << true << false << "mytheme" << "";
+        QTest::newRow("Save As, cancelled")
+            << true << "current.skt" << true << "" << true << true << "current.skt" << "";
+        QTest::newRow("Save As on clean theme, cancelled")
+            << true << "current.skt" << false << "" << true << true << "current.skt" << "";
+        QTest::newRow("Save As, write fails")
+            << true << "current.skt" << false << unwritable << true << true << "current.skt" << unwritable;
     }
 
     void saveCommands()
@@ -284,7 +285,8 @@ private slots:
         QVERIFY(doc.isDirty());
         dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messageLines(), QStringList(2, promptText));
-        QCOMPARE(dialogs.openFolders, byPath ? QStringList() : QStringList{m_dir.path() + QStringLiteral("/data/")});
+        const QString dataFolder = m_dir.path() + QStringLiteral("/data/");
+        QCOMPARE(dialogs.openFolders, byPath ? QStringList() : QStringList{dataFolder});
     }
 };
 

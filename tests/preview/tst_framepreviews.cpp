@@ -309,7 +309,8 @@ private slots:
         const quint32 soon = 123456;
         const int bg = ElementBackground;
         const int blocks = ElementBlocks;
-        QTest::newRow("forward") << bg << Settings{"5"} << soon << QList<Run>{{{}, 11, {1, 2, 3, 4, 5, 1, 2}}};
+        QTest::newRow("forward") << bg << Settings{"5"} << soon
+                                 << QList<Run>{{{}, 11, {1, 2, 3, 4, 5, 1, 2}}};
         QTest::newRow("one frame") << blocks << Settings{"1"} << soon << QList<Run>{{{}, 11, {1, 1, 1, 1}}};
         QTest::newRow("four from 2") << int(ElementNextBlock) << Settings{"4", "2"} << soon
                                      << QList<Run>{{{}, 11, {2, 3, 4, 2, 3, 4, 2}}};
