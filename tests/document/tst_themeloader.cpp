@@ -165,15 +165,6 @@ private slots:
             QCOMPARE(l.doc.value(key), value);
     }
 
-    void swatchesFollowTheColourTexts()
-    {
-        Loaded l;
-        l.load(writeLines(path(QStringLiteral("c.skt")), type1({"colortheme=0,128,255", "colorfields=red"})));
-        QCOMPARE(l.doc.swatch(3), std::optional<quint32>(16744448));
-        QCOMPARE(l.doc.swatch(1), std::optional<quint32>(0xFFFFFF));
-        QCOMPARE(l.doc.swatch(0), std::optional<quint32>(0xFFFFFF)); // missing key
-    }
-
     void stops_data()
     {
         QTest::addColumn<QStringList>("lines"); // empty: no file at all
@@ -266,6 +257,12 @@ private slots:
         QFETCH(QString, written);
         QCOMPARE(textToColor(text), value);
         QCOMPARE(colorToText(value), written);
+
+        // A load gives every swatch the colour its text reads as; a missing line reads as white.
+        Loaded l;
+        l.load(writeLines(path(QStringLiteral("c.skt")), type1({"colortheme=" + text})));
+        QCOMPARE(l.doc.swatch(3), std::optional<quint32>(value));
+        QCOMPARE(l.doc.swatch(0), std::optional<quint32>(0xFFFFFF));
     }
 };
 

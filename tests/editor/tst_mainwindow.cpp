@@ -284,7 +284,6 @@ private slots:
         QFETCH(bool, fromDocument);
         auto *type = control<QComboBox>("cmbType");
         type->setCurrentIndex(1 - choice);
-        doc->setDirty(false);
 
         if (fromDocument)
             doc->setNumber(u"themetype", choice);
@@ -296,7 +295,6 @@ private slots:
         QCOMPARE(control("txtResource")->isEnabled(), choice == 1);
         QCOMPARE(control("cmdBrowseResource")->isEnabled(), choice == 1);
         QCOMPARE(control("fraTheme0")->isEnabled(), choice == 0);
-        QVERIFY(doc->isDirty());
     }
 
     void switchedFrames_data()
