@@ -188,6 +188,10 @@ private slots:
         QCOMPARE(dialogs.openFilters, QStringList{b.filter});
         QCOMPARE(dialogs.openFolders, QStringList{doc.packageFolder()});
         QVERIFY(dialogs.messages.isEmpty());
+        // Music plays from the music folder followed by the stored name: the file chosen.
+        const QString musicFolder = inside ? m_packageFolder : QString();
+        const bool musicChosen = b.key == u"midi" && !cancelled;
+        QCOMPARE(doc.musicFolder(), musicChosen ? musicFolder : QStringLiteral("/music/"));
         if (cancelled) {
             QCOMPARE(allValues(doc), before);
             QCOMPARE(doc.isDirty(), choice == Choice::CancelChanged);
@@ -200,9 +204,6 @@ private slots:
             QCOMPARE(doc.value(b.element->rootField), dot ? stored.chopped(5) : QStringLiteral("kept"));
             QCOMPARE(doc.value(b.element->extensionField), QLatin1StringView(dot ? "dat" : "bmp"));
         }
-        // Music plays from the music folder followed by the stored name: the file chosen.
-        const QString musicFolder = inside ? m_packageFolder : QString();
-        QCOMPARE(doc.musicFolder(), b.key == u"midi" ? musicFolder : QStringLiteral("/music/"));
     }
 
     void rowOutsideTableDoesNothing_data()
