@@ -369,22 +369,24 @@ private slots:
     void internetBackgroundDrawsIntoAClearedCorner_data()
     {
         QTest::addColumn<Settings>("background");
+        QTest::addColumn<int>("backgroundFrame");
         QTest::addColumn<Settings>("internet");
         QTest::addColumn<QList<int>>("frames");
-        QTest::newRow("over a viewed background") << Settings{"1"} << Settings{"3", "1", "10", true}
+        QTest::newRow("over a viewed background") << Settings{"1"} << 1 << Settings{"3", "1", "10", true}
                                                   << QList<int>{3, 2, 1, 3};
         // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
-        QTest::newRow("over a drawn background") << Settings{"1.5", "2"} << Settings{"3"}
+        QTest::newRow("over a drawn background") << Settings{"1.5", "2"} << 2 << Settings{"3"}
                                                  << QList<int>{1, 2, 3, 1, 2};
     }
 
     void internetBackgroundDrawsIntoAClearedCorner()
     {
         QFETCH(Settings, background);
+        QFETCH(int, backgroundFrame);
         QFETCH(Settings, internet);
         QFETCH(QList<int>, frames);
         preview(ElementBackground, "bg", 2, background);
-        play(ElementBackground, 2);
+        QCOMPARE(play(ElementBackground, 2), QList<int>(2, backgroundFrame));
         preview(ElementInternetBackground, "ibg", 3, internet);
 
         for (int expected : frames) {
