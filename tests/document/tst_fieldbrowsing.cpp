@@ -12,18 +12,19 @@
 
 #include <functional>
 #include <span>
-#include <vector>
 
 namespace {
 
 using Browse = std::function<bool(ThemeDocument &, Dialogs &)>;
 using RowBrowse = bool (*)(ThemeDocument &, Dialogs &, int);
 
-// One Browse button: the field it fills, what it runs and the filter its dialog shows.
+// One Browse button: the field it fills, what it runs, the filter its dialog shows and, for an
+// animated element, the element whose frame root and extension it fills too.
 struct BrowseButton {
     QString key;
     Browse run;
     QString filter;
+    const AnimatedElement *element = nullptr;
 };
 
 QList<BrowseButton> packageBrowseButtons()
@@ -34,10 +35,11 @@ QList<BrowseButton> packageBrowseButtons()
             buttons.append({QString::fromLatin1(keys[i]),
                             [browse, i](ThemeDocument &d, Dialogs &g) { return browse(d, g, i); }, filter});
     };
-    std::vector<const char *> imageKeys;
-    for (const AnimatedElement &e : animatedElements)
-        imageKeys.push_back(e.imageField);
-    addRows(imageKeys, browseAnimatedImage, imageFilter);
+    for (int i = 0; i < AnimatedElementCount; ++i) {
+        const AnimatedElement &e = animatedElements[i];
+        const auto browse = [i](ThemeDocument &d, Dialogs &g) { return browseAnimatedImage(d, g, i); };
+        buttons.append({QString::fromLatin1(e.imageField), browse, imageFilter, &e});
+    }
     addRows(interfaceRowKeys, browseInterfaceImage, imageFilter);
     addRows(miscImageKeys, browseMiscImage, imageFilter);
     buttons.append({QStringLiteral("skinfile"), browseSkinFile, imageFilter});
@@ -54,7 +56,9 @@ QStringList allValues(const ThemeDocument &doc)
     return values;
 }
 
-enum class Choice { InsidePackage, OutsideNoPackage, OutsidePackage, CancelClean, CancelChanged };
+enum class Choice {
+    InsidePackage, InsideWithoutDot, OutsideNoPackage, OutsidePackage, CancelClean, CancelChanged
+};
 
 } // namespace
 
@@ -145,6 +149,7 @@ private slots:
         for (int i = 0; i < buttons.size(); ++i) {
             const QByteArray name = buttons[i].key.toLatin1();
             QTest::addRow("%s, inside the package", name.data()) << i << Choice::InsidePackage;
+            QTest::addRow("%s, name without a dot", name.data()) << i << Choice::InsideWithoutDot;
             QTest::addRow("%s, no package", name.data()) << i << Choice::OutsideNoPackage;
             QTest::addRow("%s, outside the package", name.data()) << i << Choice::OutsidePackage;
             QTest::addRow("%s, cancelled, clean", name.data()) << i << Choice::CancelClean;
@@ -161,66 +166,44 @@ private slots:
         if (choice != Choice::OutsideNoPackage)
             unpackedPackage(doc);
         doc.setText(b.key, QStringLiteral("kept1.bmp"));
+        if (b.element) {
+            doc.setText(b.element->rootField, QStringLiteral("kept"));
+            doc.setText(b.element->extensionField, QStringLiteral("bmp"));
+        }
         doc.setMusicFolder(QStringLiteral("/music/"));
         doc.setDirty(choice == Choice::CancelChanged);
         const QStringList before = allValues(doc);
-        const QString outside = QStringLiteral("/home/me/art/file1.dat");
-        ScriptedDialogs dialogs; // nothing queued: the dialog is cancelled
-        if (choice == Choice::InsidePackage)
-            dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("gfx/file1.dat"));
-        else if (choice == Choice::OutsideNoPackage || choice == Choice::OutsidePackage)
-            dialogs.openNames.enqueue(outside);
-
         const bool cancelled = choice == Choice::CancelClean || choice == Choice::CancelChanged;
+        const bool inside = choice == Choice::InsidePackage || choice == Choice::InsideWithoutDot;
+        const bool dot = choice != Choice::InsideWithoutDot;
+        const QString outside = QStringLiteral("/home/me/art/file1.dat");
+        const QString insideName = dot ? QStringLiteral("gfx/file1.dat") : QStringLiteral("background");
+        const QString stored = inside ? insideName : outside;
+        ScriptedDialogs dialogs; // nothing queued: the dialog is cancelled
+        if (!cancelled)
+            dialogs.openNames.enqueue(inside ? m_packageFolder + stored : outside);
+
         QCOMPARE(b.run(doc, dialogs), !cancelled);
 
         QCOMPARE(dialogs.openFilters, QStringList{b.filter});
         QCOMPARE(dialogs.openFolders, QStringList{doc.packageFolder()});
         QVERIFY(dialogs.messages.isEmpty());
+        // Music plays from the music folder followed by the stored name: the file chosen.
+        const QString musicFolder = inside ? m_packageFolder : QString();
+        const bool musicChosen = b.key == u"midi" && !cancelled;
+        QCOMPARE(doc.musicFolder(), musicChosen ? musicFolder : QStringLiteral("/music/"));
         if (cancelled) {
             QCOMPARE(allValues(doc), before);
             QCOMPARE(doc.isDirty(), choice == Choice::CancelChanged);
-            QCOMPARE(doc.musicFolder(), QStringLiteral("/music/"));
-        } else {
-            QCOMPARE(doc.value(b.key), choice == Choice::InsidePackage ? QStringLiteral("gfx/file1.dat") : outside);
-            QVERIFY(doc.isDirty());
+            return;
         }
-    }
-
-    void animatedElementFillsRootAndExtension_data()
-    {
-        QTest::addColumn<int>("row");
-        for (int i = 0; i < AnimatedElementCount; ++i)
-            QTest::newRow(animatedElements[i].caption) << i;
-    }
-
-    void animatedElementFillsRootAndExtension()
-    {
-        QFETCH(int, row);
-        const AnimatedElement &e = animatedElements[row];
-        ThemeDocument doc;
-        const auto field = [&](const char *key) { return doc.value(QLatin1StringView(key)); };
-        unpackedPackage(doc);
-        ScriptedDialogs dialogs;
-        dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("bg1.bmp"));
-        dialogs.openNames.enqueue(QStringLiteral("/home/me/My.Art/bg1.bmp"));
-        dialogs.openNames.enqueue(m_packageFolder + QStringLiteral("background"));
-
-        QVERIFY(browseAnimatedImage(doc, dialogs, row));
-        QCOMPARE(field(e.imageField), QStringLiteral("bg1.bmp"));
-        QCOMPARE(field(e.rootField), QStringLiteral("bg"));
-        QCOMPARE(field(e.extensionField), QStringLiteral("bmp"));
-
-        // The split reads the stored text, so a full path splits at its folder's dot.
-        QVERIFY(browseAnimatedImage(doc, dialogs, row));
-        QCOMPARE(field(e.rootField), QStringLiteral("/home/me/M"));
-        QCOMPARE(field(e.extensionField), QStringLiteral("Art/bg1.bmp"));
-
-        // A name without a dot is stored but leaves root and extension alone.
-        QVERIFY(browseAnimatedImage(doc, dialogs, row));
-        QCOMPARE(field(e.imageField), QStringLiteral("background"));
-        QCOMPARE(field(e.rootField), QStringLiteral("/home/me/M"));
-        QCOMPARE(field(e.extensionField), QStringLiteral("Art/bg1.bmp"));
+        QCOMPARE(doc.value(b.key), stored);
+        QVERIFY(doc.isDirty());
+        // The stored name, not the chosen path, gives the frame root and extension; without a dot they stay.
+        if (b.element) {
+            QCOMPARE(doc.value(b.element->rootField), dot ? stored.chopped(5) : QStringLiteral("kept"));
+            QCOMPARE(doc.value(b.element->extensionField), QLatin1StringView(dot ? "dat" : "bmp"));
+        }
     }
 
     void rowOutsideTableDoesNothing_data()
@@ -250,32 +233,6 @@ private slots:
         QCOMPARE(allValues(doc), before);
         QVERIFY(!doc.isDirty());
         QVERIFY(dialogs.openFilters.isEmpty());
-    }
-
-    void musicFolderFollowsWhereMusicWasChosen_data()
-    {
-        QTest::addColumn<bool>("insidePackage");
-        QTest::newRow("inside the package") << true;
-        QTest::newRow("elsewhere") << false;
-    }
-
-    void musicFolderFollowsWhereMusicWasChosen()
-    {
-        QFETCH(bool, insidePackage);
-        ThemeDocument doc;
-        unpackedPackage(doc);
-        doc.setMusicFolder(QStringLiteral("/old/music/"));
-        const QString chosen = insidePackage ? m_packageFolder + QStringLiteral("song.ogg")
-                                             : QStringLiteral("/home/me/song.ogg");
-        ScriptedDialogs dialogs;
-        dialogs.openNames.enqueue(chosen);
-
-        QVERIFY(browseMusic(doc, dialogs));
-
-        QCOMPARE(doc.value(u"midi"), insidePackage ? QStringLiteral("song.ogg") : chosen);
-        QCOMPARE(doc.musicFolder(), insidePackage ? m_packageFolder : QString());
-        // The music plays from the folder followed by the stored name: the chosen file.
-        QCOMPARE(doc.musicFolder() + doc.value(u"midi"), chosen);
     }
 
     void resourcePackageIsUnpackedThenStored()
@@ -311,12 +268,6 @@ private slots:
         QVERIFY(QFile::exists(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp")));
         QVERIFY(doc.isDirty());
         QVERIFY(report.isEmpty());
-
-        // The next image dialog opens in the package and shortens names inside it.
-        dialogs.openNames.enqueue(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp"));
-        QVERIFY(browseAnimatedImage(doc, dialogs, 0));
-        QCOMPARE(dialogs.openFolders.last(), doc.packageFolder());
-        QCOMPARE(doc.value(u"bgimage"), QStringLiteral("gfx/bg1.bmp"));
     }
 };
 

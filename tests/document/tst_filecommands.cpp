@@ -1,6 +1,5 @@
 #include "common/scripteddialogs.h"
 #include "document/themedocument.h"
-#include "document/themefilewriter.h"
 #include "document/filecommands.h"
 
 #include <QDir>
@@ -40,19 +39,6 @@ class FileCommandsTest : public QObject
 
     std::unique_ptr<QTemporaryDir> m_dirOwner;
     QDir m_dir;
-
-    QString savedTheme(const QString &name)
-    {
-        ThemeDocument doc;
-        doc.resetTheme();
-        doc.setNumber(u"themetype", 0);
-        doc.setText(u"name", name);
-        const QString file = path(name + QStringLiteral(".skt"));
-        QString error;
-        if (!writeThemeFile(doc, file, &error))
-            qWarning() << error;
-        return file;
-    }
 
 private slots:
     void init()
@@ -139,8 +125,10 @@ private slots:
             QCOMPARE(doc.number(u"themetype"), 1);
             QCOMPARE(doc.currentThemeFile(), QString());
             break;
-        case Command::Load:
+        case Command::Load: // with no "data" folder beside the program, in the author's documents
             QCOMPARE(dialogs.openFilters, QStringList{themeFileFilter});
+            QCOMPARE(dialogs.openFolders,
+                     QStringList{QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)});
             QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
             break;
         case Command::Exit:
@@ -152,51 +140,62 @@ private slots:
     void saveCommands_data()
     {
         QTest::addColumn<bool>("saveAs");          // Save As instead of Save
-        QTest::addColumn<bool>("hasCurrentFile");
+        QTest::addColumn<QString>("current");     // "" for none
         QTest::addColumn<bool>("dirtyBefore");
         QTest::addColumn<QString>("saveName");    // "" cancels the dialog
         QTest::addColumn<bool>("dialogShown");
         QTest::addColumn<bool>("dirtyAfter");
         QTest::addColumn<QString>("currentAfter");
+        QTest::addColumn<QString>("error");       // the file an error names, "" when saved or cancelled
 
-        QTest::newRow("Save, current file") << false << true << true << "" << false << false << "current.skt";
-        QTest::newRow("Save, new theme, saved") << false << false << true << "chosen.skt" << true << false
-                                                << "chosen.skt";
-        QTest::newRow("Save, new theme, cancelled") << false << false << true << "" << true << true << "";
-        QTest::newRow("Save, new clean theme, cancelled") << false << false << false << "" << true << true << "";
-        QTest::newRow("Save As, saved") << true << true << true << "chosen.skt" << true << false << "chosen.skt";
-        QTest::newRow("Save As, typed name kept without extension") << true << false << true << "mytheme" << true
-                                                                    << false << "mytheme";
-        QTest::newRow("Save As, cancelled") << true << true << true << "" << true << true << "current.skt";
-        QTest::newRow("Save As on clean theme, cancelled") << true << true << false << "" << true << true
-                                                           << "current.skt";
+        // A folder that cannot exist: its parent is a plain file (permissions do not stop root).
+        const QString unwritable = QStringLiteral("plain/theme.skt");
+        QTest::newRow("Save, current file")
+            << false << "current.skt" << true << "" << false << false << "current.skt" << "";
+        QTest::newRow("Save, new theme, saved")
+            << false << "" << true << "chosen.skt" << true << false << "chosen.skt" << "";
+        QTest::newRow("Save, new theme, cancelled")
+            << false << "" << true << "" << true << true << "" << "";
+        QTest::newRow("Save, new clean theme, cancelled")
+            << false << "" << false << "" << true << true << "" << "";
+        QTest::newRow("Save, write fails")
+            << false << unwritable << false << "" << false << true << unwritable << unwritable;
+        QTest::newRow("Save As, saved")
+            << true << "current.skt" << true << "chosen.skt" << true << false << "chosen.skt" << "";
+        QTest::newRow("Save As, typed name kept without extension")
+            << true << "" << true << "mytheme" << true << false << "mytheme" << "";
+        QTest::newRow("Save As, cancelled")
+            << true << "current.skt" << true << "" << true << true << "current.skt" << "";
+        QTest::newRow("Save As on clean theme, cancelled")
+            << true << "current.skt" << false << "" << true << true << "current.skt" << "";
+        QTest::newRow("Save As, write fails")
+            << true << "current.skt" << false << unwritable << true << true << "current.skt" << unwritable;
     }
 
     void saveCommands()
     {
         QFETCH(bool, saveAs);
-        QFETCH(bool, hasCurrentFile);
+        QFETCH(QString, current);
         QFETCH(bool, dirtyBefore);
         QFETCH(QString, saveName);
         QFETCH(bool, dialogShown);
         QFETCH(bool, dirtyAfter);
         QFETCH(QString, currentAfter);
+        QFETCH(QString, error);
 
+        QVERIFY(writeFile(path(QStringLiteral("plain")), "x"));
         ThemeDocument doc;
         doc.resetTheme();
         doc.setText(u"name", QStringLiteral("Ice Age"));
-        if (hasCurrentFile)
-            doc.setCurrentThemeFile(path(QStringLiteral("current.skt")));
+        if (!current.isEmpty())
+            doc.setCurrentThemeFile(path(current));
         doc.setDirty(dirtyBefore);
         ScriptedDialogs dialogs;
         if (!saveName.isEmpty())
             dialogs.saveNames.enqueue(path(saveName));
         FileCommands commands(doc, dialogs);
 
-        if (saveAs)
-            commands.saveAs();
-        else
-            commands.saveTheme();
+        saveAs ? commands.saveAs() : commands.saveTheme();
 
         QCOMPARE(dialogs.saveFilters.size(), dialogShown ? 1 : 0);
         QCOMPARE(doc.isDirty(), dirtyAfter);
@@ -204,62 +203,13 @@ private slots:
         if (!dirtyAfter)
             QVERIFY(contents(doc.currentThemeFile()).contains("Ice Age"));
         QCOMPARE(m_dir.entryList({QStringLiteral("*.skt.skt"), QStringLiteral("mytheme.skt")}), QStringList());
-        QVERIFY(commands.takeReport().isEmpty());
-    }
-
-    void failedSaveKeepsChangesAndSaysWhy_data()
-    {
-        QTest::addColumn<bool>("saveAs");
-        QTest::newRow("Save") << false;
-        QTest::newRow("Save As") << true;
-    }
-
-    void failedSaveKeepsChangesAndSaysWhy()
-    {
-        QFETCH(bool, saveAs);
-        // A folder that cannot exist: its parent is a plain file (permissions do not stop root).
-        QVERIFY(writeFile(path(QStringLiteral("plain")), "x"));
-        const QString unwritable = path(QStringLiteral("plain/theme.skt"));
-        const QString current = saveAs ? path(QStringLiteral("current.skt")) : unwritable;
-        ThemeDocument doc;
-        doc.resetTheme();
-        doc.setCurrentThemeFile(current);
-        doc.setDirty(false);
-        ScriptedDialogs dialogs;
-        dialogs.saveNames.enqueue(unwritable);
-        FileCommands commands(doc, dialogs);
-
-        saveAs ? commands.saveAs() : commands.saveTheme();
-
-        QVERIFY(doc.isDirty());
-        QCOMPARE(doc.currentThemeFile(), current);
-        QCOMPARE(dialogs.saveFilters.size(), saveAs ? 1 : 0);
         dialogs.show(commands.takeReport());
-        QCOMPARE(dialogs.messages.size(), 1);
-        QCOMPARE(dialogs.messages.first().title, QStringLiteral("Error"));
-        QCOMPARE(dialogs.messages.first().kind, ScriptedDialogs::Kind::Error);
-        QVERIFY(dialogs.messages.first().text.contains(unwritable));
-    }
-
-    void loadSetsCurrentFileAndCountsLoaderEdits()
-    {
-        const QString theme = savedTheme(QStringLiteral("Glacier"));
-        ThemeDocument doc;
-        doc.resetTheme();
-        doc.setDirty(false);
-        ScriptedDialogs dialogs;
-        dialogs.openNames.enqueue(theme);
-        FileCommands commands(doc, dialogs);
-        commands.setProgramFolder(m_dir.path());
-
-        commands.loadTheme();
-
-        QCOMPARE(doc.currentThemeFile(), theme);
-        QCOMPARE(doc.value(u"name"), QStringLiteral("Glacier"));
-        QCOMPARE(doc.number(u"themetype"), 0);
-        // The loader's writes are edits like any other.
-        QVERIFY(doc.isDirty());
-        QVERIFY(commands.takeReport().isEmpty());
+        QCOMPARE(dialogs.messages.size(), error.isEmpty() ? 0 : 1);
+        if (!error.isEmpty()) {
+            QCOMPARE(dialogs.messages.first().title, QStringLiteral("Error"));
+            QCOMPARE(dialogs.messages.first().kind, ScriptedDialogs::Kind::Error);
+            QVERIFY(dialogs.messages.first().text.contains(path(error)));
+        }
     }
 
     void saveAfterFailedLoadAsksForAFile_data()
@@ -294,55 +244,50 @@ private slots:
         QCOMPARE(dialogs.saveFilters.size(), saveName.isEmpty() ? 2 : 1);
     }
 
-    void loadOpensInDataFolder_data()
+    void loadSetsCurrentFileAndCountsLoaderEdits_data()
     {
-        QTest::addColumn<bool>("dataFolderExists");
-        QTest::newRow("program folder with data") << true;
-        QTest::newRow("program folder without data") << false;
+        QTest::addColumn<bool>("byPath");
+        QTest::newRow("Load command") << false;
+        QTest::newRow("path named outside the dialogs") << true;
     }
 
-    void loadOpensInDataFolder()
+    void loadSetsCurrentFileAndCountsLoaderEdits()
     {
-        QFETCH(bool, dataFolderExists);
-        if (dataFolderExists)
-            QVERIFY(m_dir.mkdir(QStringLiteral("data")));
-        ThemeDocument doc;
-        ScriptedDialogs dialogs;
-        FileCommands commands(doc, dialogs);
-        commands.setProgramFolder(m_dir.path());
-
-        QCOMPARE(commands.chooseThemeToLoad(), QString());
-
-        const QString expected = dataFolderExists
-            ? m_dir.path() + QStringLiteral("/data/")
-            : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-        QCOMPARE(dialogs.openFolders, QStringList{expected});
-        QCOMPARE(dialogs.openFilters, QStringList{themeFileFilter});
-    }
-
-    void loadPathIsGuarded()
-    {
-        const QString theme = savedTheme(QStringLiteral("Dropped"));
+        QFETCH(bool, byPath);
+        QVERIFY(m_dir.mkdir(QStringLiteral("data")));
+        const QString theme = path(QStringLiteral("glacier.skt"));
+        QVERIFY(writeFile(theme, "[Theme Info]\r\nname=Glacier\r\nthemetype=0\r\n"));
         ThemeDocument doc;
         doc.resetTheme();
         doc.setText(u"name", QStringLiteral("Unsaved Work"));
         ScriptedDialogs dialogs;
         dialogs.answers.enqueue(Answer::Cancel);
         dialogs.answers.enqueue(Answer::No);
+        dialogs.openNames.enqueue(theme);
         FileCommands commands(doc, dialogs);
+        commands.setProgramFolder(m_dir.path());
+        const auto load = [&] {
+            if (byPath)
+                return commands.loadPath(theme);
+            commands.loadTheme();
+            return true;
+        };
 
-        QVERIFY(!commands.loadPath(theme));
+        QCOMPARE(load(), !byPath); // "Cancel" stops both; loadPath says so
         QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
         QCOMPARE(doc.currentThemeFile(), QString());
 
-        QVERIFY(commands.loadPath(theme));
-        QCOMPARE(doc.value(u"name"), QStringLiteral("Dropped"));
+        QVERIFY(load());
         QCOMPARE(doc.currentThemeFile(), theme);
+        QCOMPARE(doc.value(u"name"), QStringLiteral("Glacier"));
+        QCOMPARE(doc.number(u"themetype"), 0);
+        // The loader's writes are edits like any other.
+        QVERIFY(doc.isDirty());
         dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messageLines(), QStringList(2, promptText));
-        QVERIFY(dialogs.openFilters.isEmpty());
+        const QString dataFolder = m_dir.path() + QStringLiteral("/data/");
+        QCOMPARE(dialogs.openFolders, byPath ? QStringList() : QStringList{dataFolder});
     }
-
 };
 
 QTEST_GUILESS_MAIN(FileCommandsTest)

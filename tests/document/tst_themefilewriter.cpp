@@ -1,6 +1,7 @@
-#include "document/themesections.h"
+#include "document/referencedfiles.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
+#include "document/themesections.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,12 +26,17 @@ QByteArray readFile(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
 }
 
-QByteArray bytesOf(const Fields &fields)
+void setFields(ThemeDocument &doc, const Fields &fields)
 {
-    ThemeDocument doc;
     doc.resetTheme();
     for (const auto &[key, value] : fields)
         doc.setValue(ThemeDocument::requireIndex(key), value);
+}
+
+QByteArray bytesOf(const Fields &fields)
+{
+    ThemeDocument doc;
+    setFields(doc, fields);
     QByteArray bytes;
     QString error;
     if (!themeFileBytes(doc, &bytes, &error))
@@ -180,9 +186,15 @@ private slots:
         const QString path = dir.filePath(QStringLiteral("t.skt"));
         ThemeDocument doc;
         doc.resetTheme();
+        QString error;
+        // A folder that is not there: the reason is given and nothing is left behind.
+        const QString missing = dir.filePath(QStringLiteral("missing/t.skt"));
+        QVERIFY(!writeThemeFile(doc, missing, &error));
+        QVERIFY2(error.contains(missing) && error.count(u'\n') >= 1, qPrintable(error));
+        QVERIFY(QDir(dir.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).isEmpty());
+
         doc.setText(u"name", QStringLiteral("Ice"));
         doc.setDirty(false);
-        QString error;
         QVERIFY2(writeThemeFile(doc, path, &error), qPrintable(error));
         const QByteArray first = readFile(path);
         QVERIFY(first.contains("name=Ice"));
@@ -199,16 +211,52 @@ private slots:
         QCOMPARE(readFile(path), first);
     }
 
-    void failedWriteReportsReasonAndLeavesNothing()
+    void referencedFilesAreWhatTheFileWouldName_data()
     {
-        QTemporaryDir dir;
+        QTest::addColumn<Fields>("fields");
+        QTest::addColumn<QStringList>("references"); // "key kind name[|extension|count]: files"
+
+        QTest::newRow("new theme: the package alone") << Fields{}
+            << QStringList{"resourcefile package StakkoTheme.zip: StakkoTheme.zip"};
+        QTest::newRow("frames only for a whole count from 1 to 32767")
+            << Fields{{"resourcefile", ""}, {"includebackground", "1"}, {"bgfilename", "gfx\\bg"},
+                      {"bgextension", "bmp"}, {"bgframecount", " 3 "}, {"includeexplosion", "1"},
+                      {"explodefilename", "ex"}, {"explodeframecount", "2.5"}, {"includebomb", "1"},
+                      {"Bombframecount", "32768"}, {"includeblocks", "2"}, {"blkframecount", "1"}}
+            << QStringList{"resourcefile package : ",
+                           "bgfilename frames gfx\\bg|bmp| 3 : gfx\\bg1.bmp gfx\\bg2.bmp gfx\\bg3.bmp",
+                           "explodefilename frames ex||2.5: ", "Bombfilename frames ||32768: "};
+        QTest::newRow("stills, music and sounds only when written, in file order")
+            << Fields{{"resourcefile", "p.zip"}, {"includesounds", "1"}, {"rotate", "r.wav"},
+                      {"includemusic", "1"}, {"midi", "song.mid"}, {"includecolors", "1"},
+                      {"includemiscimages", "1"}, {"winimg", "w.bmp"}, {"wintransparent", "1"},
+                      {"includeinterface", "1"}, {"ifacemenu", "m.bmp"}, {"includenextwindow", "0"}}
+            << QStringList{"resourcefile package p.zip: p.zip", "ifacemenu still m.bmp: m.bmp",
+                           "winimg still w.bmp: w.bmp", "midi music song.mid: song.mid",
+                           "rotate wave r.wav: r.wav"};
+        QTest::newRow("type 0: skin, interface, music and sounds")
+            << Fields{{"themetype", "0"}, {"skinfile", "skin.bmp"}, {"includebackground", "1"},
+                      {"includeinterface", "1"}, {"ifacemain", "i.bmp"}, {"includemiscimages", "1"},
+                      {"door1", "d.bmp"}, {"includemusic", "1"}}
+            << QStringList{"skinfile skin skin.bmp: skin.bmp", "ifacemain still i.bmp: i.bmp"};
+        QTest::newRow("type 0 without a skin") << Fields{{"themetype", "0"}} << QStringList{};
+    }
+
+    void referencedFilesAreWhatTheFileWouldName()
+    {
+        QFETCH(Fields, fields);
+        QFETCH(QStringList, references);
         ThemeDocument doc;
-        doc.resetTheme();
-        const QString path = dir.filePath(QStringLiteral("missing/t.skt"));
-        QString error;
-        QVERIFY(!writeThemeFile(doc, path, &error));
-        QVERIFY2(error.contains(path) && error.count(u'\n') >= 1, qPrintable(error));
-        QVERIFY(QDir(dir.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).isEmpty());
+        setFields(doc, fields);
+        const char *kinds[] = {"frames", "still", "wave", "music", "skin", "package"};
+        QStringList found;
+        for (const FileReference &r : referencedFiles(doc)) {
+            const bool frames = r.kind == FileKind::FrameSequence;
+            found.append(r.key + u' ' + QLatin1StringView(kinds[int(r.kind)]) + u' ' + r.name
+                         + (frames ? u'|' + r.extension + u'|' + r.count : QString()) + QStringLiteral(": ")
+                         + r.files.join(u' '));
+        }
+        QCOMPARE(found, references);
     }
 };
 

@@ -45,32 +45,29 @@ class LoaderTest : public QObject
 
     QTemporaryDir m_dir;
     QTemporaryDir m_temp;
-    QByteArray m_oldTmp;
 
     QString path(const QString &name) const { return m_dir.filePath(name); }
 
+    // A new, unchanged theme that a file is then loaded into.
     struct Loaded {
         ThemeDocument doc;
         ScriptedDialogs dialogs;
         LoadReport report;
-    };
 
-    void load(Loaded &l, const QString &file)
-    {
-        l.doc.resetTheme();
-        l.doc.setDirty(false);
-        l.report = loadThemeFile(l.doc, file, l.dialogs);
-    }
+        Loaded()
+        {
+            doc.resetTheme();
+            doc.setDirty(false);
+        }
+        void load(const QString &file) { report = loadThemeFile(doc, file, dialogs); }
+    };
 
 private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid() && m_temp.isValid());
-        m_oldTmp = qgetenv("TMPDIR");
         qputenv("TMPDIR", m_temp.path().toLocal8Bit()); // packages unpack below a temp of our own
     }
-
-    void cleanupTestCase() { qputenv("TMPDIR", m_oldTmp); }
 
     void roundTripKeepsEveryWrittenField()
     {
@@ -96,7 +93,7 @@ private slots:
         back.doc.setText(u"description", QStringLiteral("kept"));
         back.doc.setText(u"skinfile", QStringLiteral("skin kept"));
         QSignalSpy changes(&back.doc, &ThemeDocument::fieldChanged);
-        load(back, file);
+        back.load(file);
         for (int i = 0; i < int(fields.size()); ++i) {
             const QString key = QLatin1StringView(fields[size_t(i)].key);
             if (key == u"description" || key == u"skinfile" || key == u"skintransparency" || key.endsWith(u"image"))
@@ -161,21 +158,11 @@ private slots:
         QFETCH(QStringList, lines);
         QFETCH(Fields, expected);
         Loaded l;
-        l.doc.resetTheme();
         l.doc.setText(u"bgfilename", QStringLiteral("kept"));
         l.doc.setText(u"inetbgstartingframe", QStringLiteral("7"));
-        l.report = loadThemeFile(l.doc, writeLines(path(QStringLiteral("v.skt")), lines), l.dialogs);
+        l.load(writeLines(path(QStringLiteral("v.skt")), lines));
         for (const auto &[key, value] : expected)
             QCOMPARE(l.doc.value(key), value);
-    }
-
-    void swatchesFollowTheColourTexts()
-    {
-        Loaded l;
-        load(l, writeLines(path(QStringLiteral("c.skt")), type1({"colortheme=0,128,255", "colorfields=red"})));
-        QCOMPARE(l.doc.swatch(3), std::optional<quint32>(16744448));
-        QCOMPARE(l.doc.swatch(1), std::optional<quint32>(0xFFFFFF));
-        QCOMPARE(l.doc.swatch(0), std::optional<quint32>(0xFFFFFF)); // missing key
     }
 
     void stops_data()
@@ -204,10 +191,9 @@ private slots:
         if (!lines.isEmpty())
             writeLines(file, lines + QStringList{"bgfilename=new", "midi=m.mid"});
         Loaded l;
-        l.doc.resetTheme();
         l.doc.setText(u"bgfilename", QStringLiteral("old"));
         l.doc.setNumber(u"themetype", 0);
-        l.report = loadThemeFile(l.doc, file, l.dialogs);
+        l.load(file);
         QCOMPARE(l.report.lines(), QStringList{message.contains(u"%1") ? message.arg(file) : message});
         QCOMPARE(l.report.problems[0].severity, Problem::Severity::Error);
         // Steps before the type ran; nothing after it did.
@@ -232,7 +218,7 @@ private slots:
         // The theme names the package in other letter case, as Windows lets it.
         Loaded l;
         l.doc.setMusicFolder(QStringLiteral("old/"));
-        load(l, writeLines(path(QStringLiteral("p.skt")), type1({"midi=m.mid"}, QStringLiteral("PACK.zip"))));
+        l.load(writeLines(path(QStringLiteral("p.skt")), type1({"midi=m.mid"}, QStringLiteral("PACK.zip"))));
         QVERIFY2(l.report.problems.isEmpty(), qPrintable(l.report.lines().join(u'\n')));
         const QString folder = QDir(m_temp.path()).filePath(QStringLiteral("stakko/PACK/"));
         QCOMPARE(l.doc.value(u"resourcefile"), QStringLiteral("PACK.zip"));
@@ -242,7 +228,7 @@ private slots:
         QVERIFY(QFile::exists(folder + QStringLiteral("art/bg1.bmp")));
 
         // A later theme without a package must not see this one's files.
-        load(l, writeLines(path(QStringLiteral("nopack.skt")), {"[Theme Info]", "themetype=0"}));
+        l.load(writeLines(path(QStringLiteral("nopack.skt")), {"[Theme Info]", "themetype=0"}));
         QCOMPARE(l.doc.packageFolder(), QString());
         QCOMPARE(l.doc.packageFolderTail(), QString());
     }
@@ -271,6 +257,12 @@ private slots:
         QFETCH(QString, written);
         QCOMPARE(textToColor(text), value);
         QCOMPARE(colorToText(value), written);
+
+        // A load gives every swatch the colour its text reads as; a missing line reads as white.
+        Loaded l;
+        l.load(writeLines(path(QStringLiteral("c.skt")), type1({"colortheme=" + text})));
+        QCOMPARE(l.doc.swatch(3), std::optional<quint32>(value));
+        QCOMPARE(l.doc.swatch(0), std::optional<quint32>(0xFFFFFF));
     }
 };
 

@@ -14,12 +14,6 @@
 
 namespace {
 
-bool writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 /** Runs \a act on the next file dialog once it is open, then closes it unless \a act did. */
 void onNextFileDialog(std::function<void(QFileDialog *)> act)
 {
@@ -52,19 +46,12 @@ class QtDialogsTest : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir m_temp;
+    QDir m_dir{m_temp.path()};
+
     QString path(const QString &name) const { return m_dir.filePath(name); }
 
-    std::unique_ptr<QTemporaryDir> m_dirOwner;
-    QDir m_dir;
-
 private slots:
-    void init()
-    {
-        m_dirOwner = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_dirOwner->isValid());
-        m_dir = QDir(m_dirOwner->path());
-    }
-
     void fileDialogsShareOneFolder()
     {
         QVERIFY(m_dir.mkpath(QStringLiteral("data")));
@@ -109,7 +96,7 @@ private slots:
         QFETCH(QString, typed);
         QFETCH(bool, exists);
         if (exists)
-            QVERIFY(writeFile(path(typed), "old"));
+            QVERIFY(QFile(path(typed)).open(QIODevice::WriteOnly));
         QtDialogs dialogs;
         onNextFileDialog([](QFileDialog *) {});
         QCOMPARE(dialogs.openFileName(QStringLiteral("Zip|*.zip|"), m_dir.path()), QString());

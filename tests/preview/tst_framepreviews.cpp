@@ -10,6 +10,8 @@
 
 #include <memory>
 
+using Fields = QList<QPair<QString, QString>>;
+
 namespace {
 
 struct Settings {
@@ -17,6 +19,13 @@ struct Settings {
     QString start = QStringLiteral("1");
     QString delay = QStringLiteral("10");
     bool reverse = false;
+};
+
+// Ticks played after \a edits were made: \a step milliseconds apart, showing \a frames.
+struct Run {
+    Fields edits;
+    quint32 step;
+    QList<int> frames;
 };
 
 class RecordingProgress : public LoadProgress
@@ -67,16 +76,32 @@ class FramePreviewsTest : public QObject
         m_doc->setText(QString::fromLatin1(e.delayField), s.delay);
     }
 
+    void startPreview(int element) { m_report.append(m_engine->startFramePreview(element)); }
+
+    // Writes frames root1.bmp... in the element's frame size and starts its preview on them.
+    void preview(int element, const QString &root, int files, const Settings &s)
+    {
+        makeFrames(root, files, animatedElements[element].frame);
+        configure(element, path(root + QStringLiteral("1.bmp")), s);
+        startPreview(element);
+    }
+
     int shown(int element) const
     {
         const QImage image = m_engine->surfaceImage(element);
         return image.isNull() ? -2 : frameOfPixel(image.pixel(0, 0));
     }
 
+    // The frame in a slot; -1 when a slot lying whole in the strip does not hold it to its far corner.
     int slotColor(int element, int slot) const
     {
         const QImage &strip = m_engine->strip(element);
-        return frameOfPixel(strip.pixel(0, slot * animatedElements[element].frame.height()));
+        const QSize frame = animatedElements[element].frame;
+        const int color = frameOfPixel(strip.pixel(0, slot * frame.height()));
+        const int lastRow = (slot + 1) * frame.height() - 1;
+        if (lastRow < strip.height() && frameOfPixel(strip.pixel(frame.width() - 1, lastRow)) != color)
+            return -1;
+        return color;
     }
 
     QList<int> play(int element, int ticks, quint32 step = 11)
@@ -91,8 +116,6 @@ class FramePreviewsTest : public QObject
     }
 
 private slots:
-    void startPreview(int element) { m_report.append(m_engine->startFramePreview(element)); }
-
     void init()
     {
         m_dir = std::make_unique<QTemporaryDir>();
@@ -116,9 +139,7 @@ private slots:
     {
         QTest::addColumn<QString>("image");
         QTest::addColumn<int>("animated");
-        QTest::addColumn<QString>("frames");
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<QString>("delay");
+        QTest::addColumn<Settings>("settings");
         QTest::addColumn<QString>("message");
         QTest::addColumn<bool>("starts");
 
@@ -126,20 +147,20 @@ private slots:
         const QString start = "Error: Starting frame needs to be 1 or greater!";
         const QString delay = "Error: Delay between frames needs to be 0 or greater!";
         const QString bmp = "bg1.bmp";
-        QTest::newRow("zero frames") << bmp << 1 << "0" << "1" << "10" << frames << false;
-        QTest::newRow("letters as frames") << bmp << 1 << "abc" << "1" << "10" << frames << false;
-        QTest::newRow("no frames") << bmp << 1 << "" << "1" << "10" << frames << false;
-        QTest::newRow("frames before start") << bmp << 1 << "0" << "0" << "-1" << frames << false;
-        QTest::newRow("zero start") << bmp << 1 << "3" << "0" << "10" << start << false;
-        QTest::newRow("start before delay") << bmp << 1 << "3" << "x" << "-1" << start << false;
-        QTest::newRow("negative delay") << bmp << 1 << "3" << "1" << "-1" << delay << false;
-        QTest::newRow("empty delay") << bmp << 1 << "3" << "1" << "" << delay << false;
-        QTest::newRow("zero delay is fine") << bmp << 1 << "3" << "1" << "0" << "" << true;
-        QTest::newRow("blanks are fine") << bmp << 1 << " 3 " << " 2 " << " 5 " << "" << true;
-        QTest::newRow("greyed switch counts as off") << bmp << 2 << "0" << "1" << "10" << "" << false;
-        QTest::newRow("text without a dot") << "bg" << 1 << "3" << "1" << "10" << "" << false;
+        QTest::newRow("zero frames") << bmp << 1 << Settings{"0", "1", "10"} << frames << false;
+        QTest::newRow("letters as frames") << bmp << 1 << Settings{"abc", "1", "10"} << frames << false;
+        QTest::newRow("no frames") << bmp << 1 << Settings{"", "1", "10"} << frames << false;
+        QTest::newRow("frames before start") << bmp << 1 << Settings{"0", "0", "-1"} << frames << false;
+        QTest::newRow("zero start") << bmp << 1 << Settings{"3", "0", "10"} << start << false;
+        QTest::newRow("start before delay") << bmp << 1 << Settings{"3", "x", "-1"} << start << false;
+        QTest::newRow("negative delay") << bmp << 1 << Settings{"3", "1", "-1"} << delay << false;
+        QTest::newRow("empty delay") << bmp << 1 << Settings{"3", "1", ""} << delay << false;
+        QTest::newRow("zero delay is fine") << bmp << 1 << Settings{"3", "1", "0"} << "" << true;
+        QTest::newRow("blanks are fine") << bmp << 1 << Settings{" 3 ", " 2 ", " 5 "} << "" << true;
+        QTest::newRow("greyed switch counts as off") << bmp << 2 << Settings{"0", "1", "10"} << "" << false;
+        QTest::newRow("text without a dot") << "bg" << 1 << Settings{"3", "1", "10"} << "" << false;
         QTest::newRow("strip over 1 GiB")
-            << bmp << 1 << "6000" << "1" << "10"
+            << bmp << 1 << Settings{"6000", "1", "10"}
             << "Error: The Game Background animation is too large to preview: 6000 frames need more than 1 GiB of memory."
             << false;
     }
@@ -148,14 +169,12 @@ private slots:
     {
         QFETCH(QString, image);
         QFETCH(int, animated);
-        QFETCH(QString, frames);
-        QFETCH(QString, start);
-        QFETCH(QString, delay);
+        QFETCH(Settings, settings);
         QFETCH(QString, message);
         QFETCH(bool, starts);
 
         makeFrames("bg", 3, {192, 352});
-        configure(ElementBackground, image.contains(u'.') ? path(image) : image, {frames, start, delay});
+        configure(ElementBackground, image.contains(u'.') ? path(image) : image, settings);
         m_doc->setNumber(u"bganimated", animated);
         startPreview(ElementBackground);
 
@@ -164,36 +183,6 @@ private slots:
             QCOMPARE(m_report.problems.first().severity, Problem::Severity::Error);
         QCOMPARE(m_engine->timer(ElementBackground)->isActive(), starts);
         QCOMPARE(m_engine->strip(ElementBackground).isNull(), !starts);
-    }
-
-    void failedStartLeavesRunningAnimation()
-    {
-        makeFrames("bg", 5, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"));
-        startPreview(ElementBackground);
-        QCOMPARE(play(ElementBackground, 3), (QList<int>{1, 2, 3}));
-
-        m_doc->setText(u"bgframecount", QStringLiteral("0"));
-        startPreview(ElementBackground);
-        m_doc->setText(u"bgframecount", QStringLiteral("5"));
-        m_doc->setText(u"bgimage", QStringLiteral("nodot"));
-        startPreview(ElementBackground);
-
-        QCOMPARE(m_report.problems.size(), 1);
-        QVERIFY(m_engine->timer(ElementBackground)->isActive());
-        QCOMPARE(play(ElementBackground, 3), (QList<int>{4, 5, 1}));
-    }
-
-    void framesLandInTheirSlots()
-    {
-        makeFrames("bg", 3, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"3"});
-        startPreview(ElementBackground);
-
-        const QImage &strip = m_engine->strip(ElementBackground);
-        QCOMPARE(strip.size(), QSize(192, 3 * 352));
-        for (int row : {0, 351, 352, 703, 704, 1055})
-            QCOMPARE(frameOfPixel(strip.pixel(191, row)), row / 352 + 1);
     }
 
     void windowsNamesFindTheFiles()
@@ -209,11 +198,9 @@ private slots:
 
     void dotInFolderCopiesTheLoadingSurface()
     {
-        makeFrames("my.themes/bg", 2, {192, 352});
         writeFrame(path("last.bmp"), frameColor(9), {192, 352});
         QVERIFY(m_loading->load(path("last.bmp")));
-        configure(ElementBackground, path("my.themes/bg1.bmp"), {"2"});
-        startPreview(ElementBackground);
+        preview(ElementBackground, "my.themes/bg", 2, {"2"});
 
         QCOMPARE(slotColor(ElementBackground, 0), 9);
         QCOMPARE(slotColor(ElementBackground, 1), 9);
@@ -229,6 +216,7 @@ private slots:
 
         const QList<int> four{1, 2, 3, 4};
         const int bg = ElementBackground;
+        QTest::newRow("3 loads three") << bg << QList<int>{1, 2, 3} << "3" << 1056 << QList<int>{1, 2, 3};
         QTest::newRow("2.5 loads two") << bg << four << "2.5" << 880 << QList<int>{1, 2, 0};
         QTest::newRow("3.5 loads four") << bg << four << "3.5" << 1232 << QList<int>{1, 2, 3, 4};
         QTest::newRow("0.5 loads none") << bg << four << "0.5" << 176 << QList<int>{0};
@@ -279,185 +267,141 @@ private slots:
         QCOMPARE(frameOfPixel(strip.pixel(50, 26)), 0);
     }
 
-    void slowLoadShowsProgressAndCancelKeepsRunningAnimation()
+    void slowLoadShowsProgressAndStartsThatStopKeepTheRunningAnimation()
     {
         RecordingProgress progress;
         m_engine->setProgress(&progress);
         const auto slowClock = [this] { return m_now += 200; }; // every frame takes 200 ms
         m_engine->setClock(slowClock);
-        makeFrames("ex", 4, {192, 64});
         makeFrames("bo", 4, {192, 64}, "png");
-        configure(ElementExplosion, path("ex1.bmp"), {"4"});
-        startPreview(ElementExplosion);
+        preview(ElementExplosion, "ex", 4, {"4"});
         QCOMPARE(progress.events, (QStringList{"begin Explosion 4", "end"}));
         m_engine->setClock([this] { return m_now; });
         QCOMPARE(play(ElementExplosion, 2), (QList<int>{1, 2}));
 
+        // A cancelled load on the same strip, a refused setting and an image text without a dot.
         progress.cancelAt = 3;
         m_engine->setClock(slowClock);
         configure(ElementBomb, path("bo1.png"), {"4"});
         startPreview(ElementBomb);
-
         QCOMPARE(progress.events.size(), 4);
         QVERIFY(!m_engine->timer(ElementBomb)->isActive());
-        QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
         m_engine->setClock([this] { return m_now; });
+        m_doc->setText(u"explodeframecount", QStringLiteral("0"));
+        startPreview(ElementExplosion);
+        m_doc->setText(u"explodeframecount", QStringLiteral("4"));
+        m_doc->setText(u"explodeimage", QStringLiteral("nodot"));
+        startPreview(ElementExplosion);
+
+        QCOMPARE(m_report.problems.size(), 1);
+        QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+        QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
         QCOMPARE(play(ElementExplosion, 3), (QList<int>{3, 4, 1}));
     }
 
-    void playbackOrder_data()
+    void playback_data()
     {
         QTest::addColumn<int>("element");
-        QTest::addColumn<QString>("frames");
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<bool>("reverse");
+        QTest::addColumn<Settings>("settings");
         QTest::addColumn<quint32>("firstTick");
-        QTest::addColumn<quint32>("step");
-        QTest::addColumn<QList<int>>("expected");
+        QTest::addColumn<QList<Run>>("runs");
 
         const quint32 soon = 123456;
-        QTest::newRow("forward") << int(ElementBackground) << "5" << "1" << false << soon << 11u
-                                 << QList<int>{1, 2, 3, 4, 5, 1, 2};
-        QTest::newRow("one frame") << int(ElementBlocks) << "1" << "1" << false << soon << 11u
-                                   << QList<int>{1, 1, 1, 1};
-        QTest::newRow("four from 2") << int(ElementNextBlock) << "4" << "2" << false << soon << 11u
-                                     << QList<int>{2, 3, 4, 2, 3, 4, 2};
-        QTest::newRow("reverse five") << int(ElementSpecialWindow) << "5" << "1" << true << soon
-                                      << 11u << QList<int>{5, 4, 3, 2, 1, 5, 4};
-        QTest::newRow("reverse from 3") << int(ElementBlocks) << "5" << "3" << true << soon << 11u
-                                        << QList<int>{3, 2, 1, 3, 2, 1};
-        QTest::newRow("explosion") << int(ElementExplosion) << "3" << "" << false << soon << 11u
-                                   << QList<int>{1, 2, 3, 1, 2, 3};
+        const int bg = ElementBackground;
+        const int blocks = ElementBlocks;
+        QTest::newRow("forward") << bg << Settings{"5"} << soon
+                                 << QList<Run>{{{}, 11, {1, 2, 3, 4, 5, 1, 2}}};
+        QTest::newRow("one frame") << blocks << Settings{"1"} << soon << QList<Run>{{{}, 11, {1, 1, 1, 1}}};
+        QTest::newRow("four from 2") << int(ElementNextBlock) << Settings{"4", "2"} << soon
+                                     << QList<Run>{{{}, 11, {2, 3, 4, 2, 3, 4, 2}}};
+        QTest::newRow("reverse five") << int(ElementSpecialWindow) << Settings{"5", "1", "10", true} << soon
+                                      << QList<Run>{{{}, 11, {5, 4, 3, 2, 1, 5, 4}}};
+        QTest::newRow("reverse from 3") << blocks << Settings{"5", "3", "10", true} << soon
+                                        << QList<Run>{{{}, 11, {3, 2, 1, 3, 2, 1}}};
+        QTest::newRow("explosion") << int(ElementExplosion) << Settings{"3", ""} << soon
+                                   << QList<Run>{{{}, 11, {1, 2, 3, 1, 2, 3}}};
+        QTest::newRow("bomb") << int(ElementBomb) << Settings{"2"} << soon << QList<Run>{{{}, 11, {1, 2, 1}}};
         // The first tick advances at once; later frames stay until more than the delay passed.
-        QTest::newRow("delay 10, 5 ms ticks") << int(ElementBackground) << "5" << "1" << false
-                                              << soon << 5u << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
-        QTest::newRow("tick counter wraps") << int(ElementBackground) << "5" << "1" << false
-                                            << 0xFFFFFFF0u << 5u
-                                            << QList<int>{1, 2, 2, 2, 3, 3, 3, 4};
+        QTest::newRow("delay 10, 5 ms ticks") << bg << Settings{"5"} << soon
+                                              << QList<Run>{{{}, 5, {1, 2, 2, 2, 3, 3, 3, 4}}};
+        QTest::newRow("tick counter wraps") << bg << Settings{"5"} << 0xFFFFFFF0u
+                                            << QList<Run>{{{}, 5, {1, 2, 2, 2, 3, 3, 3, 4}}};
+        // Frame 4 is on screen and has not yet stayed its delay when the count drops to 3.
+        QTest::newRow("frame count edited while playing")
+            << bg << Settings{"5", "2"} << soon
+            << QList<Run>{{{}, 5, {2, 3, 3, 3, 4}}, {{{"bgframecount", "3"}}, 5, {4, 4, 2, 2}}};
+        QTest::newRow("non-numbers keep the last valid settings")
+            << bg << Settings{"5"} << soon
+            << QList<Run>{{{}, 5, {1, 2}},
+                          {{{"bgframecount", "five"}, {"bgdelaybetweenframes", ""}, {"bgstartingframe", "?"}},
+                           5, {2, 2, 3, 3, 3, 4}},
+                          {{}, 11, {4, 5, 1}}};
+        QTest::newRow("not animated shows the first slot")
+            << blocks << Settings{"5", "2"} << soon
+            << QList<Run>{{{}, 11, {2, 3}}, {{{"animateblocks", "0"}}, 11, {1, 1, 1}},
+                          {{{"animateblocks", "1"}}, 11, {4, 5}}};
+        // 3 - 7 in reverse is a negative slot.
+        QTest::newRow("start beyond the strip shows a cleared frame")
+            << blocks << Settings{"3", "7"} << soon
+            << QList<Run>{{{}, 11, {0, 0, 0}}, {{{"blkreverseanimation", "1"}}, 11, {0, 0}}};
     }
 
-    void playbackOrder()
+    void playback()
     {
         QFETCH(int, element);
-        QFETCH(QString, frames);
-        QFETCH(QString, start);
-        QFETCH(bool, reverse);
+        QFETCH(Settings, settings);
         QFETCH(quint32, firstTick);
-        QFETCH(quint32, step);
-        QFETCH(QList<int>, expected);
+        QFETCH(QList<Run>, runs);
 
-        const AnimatedElement &e = animatedElements[element];
-        makeFrames("f", frames.toInt(), e.frame);
-        configure(element, path("f1.bmp"), {frames, start, "10", reverse});
-        startPreview(element);
-        m_now = firstTick - step;
-        QCOMPARE(play(element, int(expected.size()), step), expected);
-    }
-
-    void internetBackgroundDrawsIntoTheCorner()
-    {
-        makeFrames("bg", 1, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"1"});
-        startPreview(ElementBackground);
-        play(ElementBackground, 1);
-        makeFrames("ibg", 3, {96, 176});
-        configure(ElementInternetBackground, path("ibg1.bmp"), {"3", "1", "10", true});
-        startPreview(ElementInternetBackground);
-
-        QCOMPARE(play(ElementInternetBackground, 4), (QList<int>{3, 2, 1, 3}));
-        const QImage surface = m_engine->surfaceImage(ElementBackground);
-        QCOMPARE(surface.size(), QSize(192, 352));
-        QCOMPARE(frameOfPixel(surface.pixel(95, 175)), 3);
-        QCOMPARE(frameOfPixel(surface.pixel(96, 0)), 0);
-        QCOMPARE(frameOfPixel(surface.pixel(0, 176)), 0);
-    }
-
-    void internetBackgroundClearsWhatTheBackgroundLeft()
-    {
-        // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
-        makeFrames("bg", 2, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"1.5", "2"});
-        startPreview(ElementBackground);
-        QCOMPARE(play(ElementBackground, 2), (QList<int>{2, 2}));
-        makeFrames("ibg", 3, {96, 176});
-        configure(ElementInternetBackground, path("ibg1.bmp"), {"3"});
-        startPreview(ElementInternetBackground);
-
-        for (int expected : {1, 2, 3, 1, 2}) {
-            play(ElementInternetBackground, 1);
-            const QImage surface = m_engine->surfaceImage(ElementBackground);
-            QCOMPARE(frameOfPixel(surface.pixel(95, 175)), expected);
-            QCOMPARE(frameOfPixel(surface.pixel(150, 100)), 0);
-            QCOMPARE(frameOfPixel(surface.pixel(50, 200)), 0);
-            QCOMPARE(frameOfPixel(surface.pixel(191, 351)), 0);
+        preview(element, "f", settings.frames.toInt(), settings);
+        m_now = firstTick - runs.first().step;
+        for (const Run &run : runs) {
+            for (const auto &[key, value] : run.edits)
+                m_doc->setValue(ThemeDocument::requireIndex(key), value);
+            QCOMPARE(play(element, int(run.frames.size()), run.step), run.frames);
         }
-    }
-
-    void bombShowsItsLeftSquare()
-    {
-        makeFrames("bomb", 2, {192, 64});
-        configure(ElementBomb, path("bomb1.bmp"), {"2"});
-        startPreview(ElementBomb);
-
-        QCOMPARE(play(ElementBomb, 3), (QList<int>{1, 2, 1}));
-        QCOMPARE(m_engine->surfaceImage(ElementBomb).size(), QSize(64, 64));
-    }
-
-    void frameCountEditedWhilePlaying()
-    {
-        makeFrames("bg", 5, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"5", "2"});
-        startPreview(ElementBackground);
-        QCOMPARE(play(ElementBackground, 5, 5), (QList<int>{2, 3, 3, 3, 4}));
-        // Frame 4 is on screen and has not yet stayed its delay.
-        m_doc->setText(u"bgframecount", QStringLiteral("3"));
-        QCOMPARE(play(ElementBackground, 4, 5), (QList<int>{4, 4, 2, 2}));
-    }
-
-    void nonNumbersKeepTheLastValidSettings()
-    {
-        makeFrames("bg", 5, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"5", "1", "10"});
-        startPreview(ElementBackground);
-        QCOMPARE(play(ElementBackground, 2, 5), (QList<int>{1, 2}));
-
-        m_doc->setText(u"bgframecount", QStringLiteral("five"));
-        m_doc->setText(u"bgdelaybetweenframes", QString());
-        m_doc->setText(u"bgstartingframe", QStringLiteral("?"));
-        QCOMPARE(play(ElementBackground, 6, 5), (QList<int>{2, 2, 3, 3, 3, 4}));
-        QCOMPARE(play(ElementBackground, 3, 11), (QList<int>{4, 5, 1}));
+        // A surface shows a whole frame, but for the bomb's left square.
+        const QSize surface = element == ElementBomb ? QSize(64, 64) : animatedElements[element].frame;
+        QCOMPARE(m_engine->surfaceImage(element).size(), surface);
         QVERIFY(m_report.problems.isEmpty());
     }
 
-    void uncheckingAnimatedShowsFirstSlot()
+    void internetBackgroundDrawsIntoAClearedCorner_data()
     {
-        makeFrames("blk", 5, {96, 80});
-        configure(ElementBlocks, path("blk1.bmp"), {"5", "2"});
-        startPreview(ElementBlocks);
-        QCOMPARE(play(ElementBlocks, 2), (QList<int>{2, 3}));
-
-        m_doc->setNumber(u"animateblocks", 0);
-        QCOMPARE(play(ElementBlocks, 3), (QList<int>{1, 1, 1}));
-        m_doc->setNumber(u"animateblocks", 1);
-        QCOMPARE(play(ElementBlocks, 2), (QList<int>{4, 5}));
+        QTest::addColumn<Settings>("background");
+        QTest::addColumn<int>("backgroundFrame");
+        QTest::addColumn<Settings>("internet");
+        QTest::addColumn<QList<int>>("frames");
+        QTest::newRow("over a viewed background") << Settings{"1"} << 1 << Settings{"3", "1", "10", true}
+                                                  << QList<int>{3, 2, 1, 3};
+        // Frame 2 of 1.5 lies half outside its strip, so the background is drawn, not viewed.
+        QTest::newRow("over a drawn background") << Settings{"1.5", "2"} << 2 << Settings{"3"}
+                                                 << QList<int>{1, 2, 3, 1, 2};
     }
 
-    void startBeyondStripShowsClearedFrame()
+    void internetBackgroundDrawsIntoAClearedCorner()
     {
-        makeFrames("blk", 3, {96, 80});
-        configure(ElementBlocks, path("blk1.bmp"), {"3", "7"});
-        startPreview(ElementBlocks);
-        QCOMPARE(play(ElementBlocks, 3), (QList<int>{0, 0, 0}));
+        QFETCH(Settings, background);
+        QFETCH(int, backgroundFrame);
+        QFETCH(Settings, internet);
+        QFETCH(QList<int>, frames);
+        preview(ElementBackground, "bg", 2, background);
+        QCOMPARE(play(ElementBackground, 2), QList<int>(2, backgroundFrame));
+        preview(ElementInternetBackground, "ibg", 3, internet);
 
-        m_doc->setNumber(u"blkreverseanimation", 1); // 3 - 7: a negative slot
-        QCOMPARE(play(ElementBlocks, 2), (QList<int>{0, 0}));
+        for (int expected : frames) {
+            play(ElementInternetBackground, 1);
+            const QImage surface = m_engine->surfaceImage(ElementBackground);
+            QCOMPARE(surface.size(), QSize(192, 352));
+            QCOMPARE(frameOfPixel(surface.pixel(95, 175)), expected);
+            for (const QPoint outside : {QPoint(96, 0), QPoint(0, 176), QPoint(150, 100), QPoint(191, 351)})
+                QCOMPARE(frameOfPixel(surface.pixel(outside)), 0);
+        }
     }
 
     void unchangedFrameIsNotRedrawn()
     {
-        makeFrames("bg", 3, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"3", "1", "100"});
-        startPreview(ElementBackground);
+        preview(ElementBackground, "bg", 3, {"3", "1", "100"});
         QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
 
         play(ElementBackground, 1);
@@ -477,9 +421,7 @@ private slots:
     void shownPictureOutlivesItsStrip()
     {
         QFETCH(int, rebuilt);
-        makeFrames("bg", 2, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"2"});
-        startPreview(ElementBackground);
+        preview(ElementBackground, "bg", 2, {"2"});
         play(ElementBackground, 2);
         const QImage kept = m_engine->surfaceImage(ElementBackground); // as a window keeps it
         const QImage &oldStrip = m_engine->strip(ElementBackground);
@@ -505,30 +447,10 @@ private slots:
         QCOMPARE(spy.first().at(1).value<QImage>(), kept);
     }
 
-    void windowTimerDrivesTheElement()
-    {
-        TickTimer windowTimer;
-        m_engine->attachTimer(ElementNextBlock, &windowTimer);
-        makeFrames("nx", 2, {77, 77});
-        configure(ElementNextBlock, path("nx1.bmp"), {"2"});
-        startPreview(ElementNextBlock);
-
-        QVERIFY(windowTimer.isActive());
-        QCOMPARE(windowTimer.interval(), 1);
-        QSignalSpy spy(m_engine.get(), &FramePreviews::surfaceChanged);
-        QVERIFY(spy.wait(1000));
-        windowTimer.stop();
-        QCOMPARE(shown(ElementNextBlock), 1);
-    }
-
     void resetStopsEveryTimer()
     {
-        makeFrames("bg", 2, {192, 352});
-        makeFrames("ex", 2, {192, 64});
-        configure(ElementBackground, path("bg1.bmp"), {"2"});
-        configure(ElementExplosion, path("ex1.bmp"), {"2"});
-        startPreview(ElementBackground);
-        startPreview(ElementExplosion);
+        preview(ElementBackground, "bg", 2, {"2"});
+        preview(ElementExplosion, "ex", 2, {"2"});
         play(ElementBackground, 1);
         QVERIFY(m_engine->timer(ElementExplosion)->isActive());
 

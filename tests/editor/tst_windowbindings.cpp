@@ -1,0 +1,162 @@
+#include "common/scripteddialogs.h"
+#include "document/filecommands.h"
+#include "document/themedocument.h"
+#include "document/themesections.h"
+#include "editor/buttonbinding.h"
+#include "editor/mainwindow.h"
+#include "editor/previewbinding.h"
+#include "editor/previewsurface.h"
+#include "preview/previewtesthelpers.h"
+#include "preview/ticktimer.h"
+#include "sound/soundsystem.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+class WindowBindingsTest : public QObject
+{
+    Q_OBJECT
+
+    // The window with both bindings, as the editor runs it.
+    struct Editor {
+        ThemeDocument doc;
+        ScriptedDialogs dialogs;
+        SoundSystem sound; // never opened: music calls do nothing, as when sound is unavailable
+        MainWindow window{doc};
+        FileCommands commands{doc, dialogs};
+        ButtonBinding buttons{window, doc, dialogs, sound, commands};
+        PreviewBinding previews{window, doc, dialogs};
+
+        Editor() { window.startUp(); }
+        // The bindings came first, so this also checks that pages built later get connected.
+        template<typename T = QWidget>
+        T *control(const QString &name)
+        {
+            window.buildAllPages();
+            return window.findChild<T *>(name);
+        }
+        void click(const QString &name)
+        {
+            auto *button = control<QAbstractButton>(name);
+            QVERIFY2(button, qPrintable(name));
+            button->click();
+        }
+        int shownFrame(const QString &surface)
+        {
+            const QImage image = control<PreviewSurface>(surface)->image();
+            return image.isNull() ? -2 : frameOfPixel(image.pixel(0, 0));
+        }
+    };
+
+    QTemporaryDir m_dir;
+
+    void prepareBackground(Editor &e)
+    {
+        for (int n = 1; n <= 3; ++n)
+            writeFrame(m_dir.filePath(QStringLiteral("bg%1.bmp").arg(n)), frameColor(n), {192, 352});
+        e.doc.setNumber(u"includebackground", 1);
+        e.doc.setNumber(u"bganimated", 1);
+        e.doc.setText(u"bgimage", m_dir.filePath("bg1.bmp"));
+        e.doc.setText(u"bgframecount", QStringLiteral("3"));
+        e.doc.setText(u"bgdelaybetweenframes", QStringLiteral("0"));
+        e.window.showPage(MainWindow::Page::Background);
+    }
+
+private slots:
+    void browseButtonsFillTheirFields_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("chosen");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("background splits root") << "cmdBrowseBG" << "/art/bg1.bmp" << "bgfilename" << "/art/bg";
+        QTest::newRow("bomb image") << "cmdBrowseBomb" << "/art/bomb1.jpg" << "bombimage" << "/art/bomb1.jpg";
+        QTest::newRow("interface row 2") << "cmdBrowseIface(2)" << "/art/t.bmp" << "ifacethemes" << "/art/t.bmp";
+        QTest::newRow("misc row 7") << "cmdBrowseMisc(7)" << "/art/f.bmp" << "teamfont" << "/art/f.bmp";
+        QTest::newRow("shield sound") << "cmdBrowseSound(10)" << "/snd/s.wav" << "holyshield" << "/snd/s.wav";
+        QTest::newRow("skin") << "cmdBrowseSkin" << "/art/skin.bmp" << "skinfile" << "/art/skin.bmp";
+        QTest::newRow("music") << "cmdBrowseMusic" << "/snd/m.ogg" << "midi" << "/snd/m.ogg";
+    }
+
+    void browseButtonsFillTheirFields()
+    {
+        QFETCH(QString, button);
+        QFETCH(QString, chosen);
+        QFETCH(QString, key);
+        QFETCH(QString, expected);
+        Editor e;
+        for (const ThemeSection &section : themeSections())
+            e.doc.setNumber(section.include, 1);
+        e.doc.setNumber(u"themetype", 0); // the skin group is enabled for Type 0 only
+        e.doc.setDirty(false);
+        e.dialogs.openNames.enqueue(chosen);
+        e.click(button);
+        QCOMPARE(e.doc.value(key), expected);
+        QVERIFY(e.doc.isDirty());
+    }
+
+    void musicButtonTogglesOnItsCaption()
+    {
+        Editor e;
+        e.doc.setNumber(u"includemusic", 1);
+        auto *music = e.control<QAbstractButton>(QStringLiteral("cmdPlayMusic"));
+        QCOMPARE(music->text(), QStringLiteral("Play Music"));
+        e.click(QStringLiteral("cmdPlayMusic"));
+        QCOMPARE(music->text(), QStringLiteral("Stop Music"));
+        e.click(QStringLiteral("cmdPlayMusic"));
+        QCOMPARE(music->text(), QStringLiteral("Play Music"));
+        QVERIFY(e.dialogs.messages.isEmpty()); // without sound, music does nothing and says nothing
+    }
+
+    void previewPlaysInTheWindowUntilThePageChanges()
+    {
+        Editor e;
+        prepareBackground(e);
+        e.click("cmdPreviewBG");
+        QVERIFY(e.control<TickTimer>("tmrBGPreview")->isActive());
+        QVERIFY(e.dialogs.messages.isEmpty());
+        QSet<int> seen;
+        QTRY_VERIFY_WITH_TIMEOUT((seen << e.shownFrame("picPreviewBG"), seen.size() == 3), 5000);
+        QVERIFY(!seen.contains(0));
+
+        e.window.showPage(MainWindow::Page::Blocks);
+        QVERIFY(!e.control<TickTimer>("tmrBGPreview")->isActive());
+        const QImage last = e.control<PreviewSurface>("picPreviewBG")->image();
+        QTest::qWait(20);
+        QCOMPARE(e.control<PreviewSurface>("picPreviewBG")->image(), last);
+    }
+
+    void interfacePreviewFillsItsDisplay()
+    {
+        Editor e;
+        writeFrame(m_dir.filePath("chat.bmp"), frameColor(7), {640, 480});
+        e.doc.setNumber(u"includeinterface", 1);
+        e.doc.setText(u"ifacechat", m_dir.filePath("chat.bmp"));
+        e.window.showPage(MainWindow::Page::Interface);
+        e.click("cmdPreviewIface(4)");
+        QCOMPARE(e.shownFrame("imgIPreview"), 7);
+
+        e.doc.setText(u"ifacechat", m_dir.filePath("gone.bmp"));
+        e.click("cmdPreviewIface(4)");
+        QCOMPARE(e.dialogs.messageLines(),
+                 QStringList{"Error: Unable to load image: " + m_dir.filePath("gone.bmp")});
+        QCOMPARE(e.shownFrame("imgIPreview"), 7);
+    }
+
+    void colorButtonSetsSwatchAndText()
+    {
+        Editor e;
+        e.doc.setNumber(u"includecolors", 1);
+        e.window.showPage(MainWindow::Page::Misc);
+        e.dialogs.colors.enqueue(quint32(0xFF0000));
+        e.click("cmdBrowseColor(5)");
+
+        QCOMPARE(e.control<QLineEdit>("txtColor(5)")->text(), QStringLiteral("0,0,255"));
+        QCOMPARE(e.control<PreviewSurface>("picPreviewColor(5)")->fillColor(), QColor(Qt::blue));
+    }
+};
+
+QTEST_MAIN(WindowBindingsTest)
+#include "tst_windowbindings.moc"
