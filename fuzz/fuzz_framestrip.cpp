@@ -10,7 +10,6 @@
 
 #include "fuzzsupport.h"
 #include "scratchfolder.h"
-#include "silentdialogs.h"
 
 #include "document/animatedelement.h"
 #include "document/themedocument.h"
@@ -152,9 +151,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     ThemeDocument doc;
     prepare(doc, e, c);
-    SilentDialogs dialogs;
     LoadingSurface loading;
-    FramePreviews previews(doc, dialogs, loading);
+    FramePreviews previews(doc, loading);
     quint32 now = 1000;
     previews.setClock([&now] { return now; });
 
