@@ -11,7 +11,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include <optional>
 
@@ -90,24 +89,6 @@ public:
         }
     }
 
-    QString themeFolder() const
-    {
-        const qsizetype end = afterLastSeparator(m_path);
-        if (end == 0) // a bare file name: the theme lies in the current folder
-            return QFileInfo(m_path).absolutePath();
-        return m_path.left(end - 1);
-    }
-
-    QString packagePath(const QString &value) const
-    {
-        static const QRegularExpression drive(QStringLiteral("^[A-Za-z]:[\\\\/]"));
-        QString normal = value;
-        normal.replace(u'\\', u'/');
-        if (QDir::isAbsolutePath(normal) || drive.match(value).hasMatch())
-            return value;
-        return themeFolder() + QDir::separator() + value;
-    }
-
     bool run()
     {
         // Header
@@ -118,7 +99,8 @@ public:
         const std::optional<QString> resource = read("resourcefile");
         if (resource) {
             m_doc.setText(u"resourcefile", *resource);
-            const UnpackReport unpacked = extractResourcePackage(packagePath(*resource), m_dialogs, m_extract);
+            const QString package = resourcePackagePath(m_path, *resource);
+            const UnpackReport unpacked = extractResourcePackage(package, m_dialogs, m_extract);
             m_report.append(unpacked);
             m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
         } else {
@@ -190,6 +172,18 @@ std::optional<quint32> component(const QString &text)
 }
 
 } // namespace
+
+QString resourcePackagePath(const QString &themePath, const QString &resourceFile)
+{
+    QString normal = resourceFile;
+    normal.replace(u'\\', u'/');
+    if (QDir::isAbsolutePath(normal) || isAbsoluteThemePath(resourceFile))
+        return resourceFile;
+    const qsizetype end = afterLastSeparator(themePath);
+    // A bare file name: the theme lies in the current folder.
+    const QString folder = end == 0 ? QFileInfo(themePath).absolutePath() : themePath.left(end - 1);
+    return folder + QDir::separator() + resourceFile;
+}
 
 LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions, const ExtractOptions &extract)
 {
