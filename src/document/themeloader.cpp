@@ -100,7 +100,9 @@ public:
         if (resource) {
             m_doc.setText(u"resourcefile", *resource);
             const QString package = resourcePackagePath(m_path, *resource);
-            const UnpackReport unpacked = extractResourcePackage(package, m_dialogs, m_extract);
+            UnpackReport unpacked = extractResourcePackage(package, m_dialogs, m_extract);
+            for (Problem &p : unpacked.problems)
+                p.field = QStringLiteral("resourcefile");
             m_report.append(unpacked);
             m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
         } else {
@@ -113,18 +115,18 @@ public:
         // Theme type
         const std::optional<QString> typeText = read("themetype");
         if (!typeText) {
-            m_report.error(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
+            unreadable(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
             return false;
         }
         const std::optional<qint64> type = storedWholeNumber(*typeText);
         if (!type || (*type != 0 && *type != 1)) {
-            m_report.error(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
-                                           "only Theme Type 0 and Theme Type 1 can be loaded.")
-                                .arg(m_path, typeText->trimmed()));
+            unreadable(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
+                                      "only Theme Type 0 and Theme Type 1 can be loaded.")
+                           .arg(m_path, typeText->trimmed()));
             return false;
         }
         if (*type == 1 && !resource) {
-            m_report.error(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QStringLiteral("resourcefile"));
+            unreadable(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QStringLiteral("resourcefile"));
             return false;
         }
         m_doc.setNumber(u"themetype", int(*type));
@@ -144,6 +146,11 @@ public:
         for (int i = 0; i < int(std::size(colorKeys)); ++i)
             m_doc.setSwatch(i, textToColor(m_doc.value(QLatin1StringView(colorKeys[i]))));
         return true;
+    }
+
+    void unreadable(const QString &text, const QString &field = {})
+    {
+        m_report.add({Problem::Severity::Error, text, field, m_path, QStringLiteral("theme-unreadable"), {}});
     }
 
     /** Loads the file; the report says whether it was a theme and what went wrong. */

@@ -452,7 +452,11 @@ UnpackReport extractResourcePackage(const QString &packagePath, Dialogs &dialogs
         Extraction extraction(dialogs, options);
         reason = extraction.run(resolveThemePath(packagePath), opened.folder.fd());
     }
-    if (!reason.isEmpty())
-        report.error(QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason, {}, packagePath);
+    if (!reason.isEmpty()) {
+        const bool missing = !QFileInfo(resolveThemePath(packagePath)).isFile();
+        const QString text = QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason;
+        report.add({Problem::Severity::Error, text, {}, packagePath,
+                    missing ? QStringLiteral("package-missing") : QStringLiteral("package-unreadable"), {}});
+    }
     return report;
 }
