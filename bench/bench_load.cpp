@@ -5,6 +5,7 @@
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"
+#include "document/themesections.h"
 #include "package/packagewriter.h"
 
 #include <QCoreApplication>
@@ -70,8 +71,8 @@ int main(int argc, char *argv[])
 
     ThemeDocument doc;
     doc.resetTheme();
-    for (const char *include : includeSwitchKeys)
-        doc.setNumber(include, 1);
+    for (const ThemeSection &section : themeSections())
+        doc.setNumber(QLatin1StringView(section.include), 1);
     doc.setText(u"resourcefile", QStringLiteral("Bench.zip"));
     doc.setText(u"bgfilename", QStringLiteral("bg"));
     doc.setText(u"bgextension", QStringLiteral("bmp"));
