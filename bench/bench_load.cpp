@@ -1,6 +1,8 @@
 // Loading a theme: the whole `stakko-theme dump` of a Type 1 theme whose package holds 400
 // background frames, against `unzip -o -q` of the same package; and the theme file alone.
 
+#include "benchstats.h"
+
 #include "common/scripteddialogs.h"
 #include "document/themedocument.h"
 #include "document/themesections.h"
@@ -16,16 +18,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace {
-
-double median(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 double runMs(const QString &program, const QStringList &args, const QString &tmp)
 {

@@ -2,4 +2,5 @@
 file(GLOB STAKKO_CORE_SOURCES CONFIGURE_DEPENDS
     ${CMAKE_CURRENT_LIST_DIR}/common/*.cpp
     ${CMAKE_CURRENT_LIST_DIR}/document/*.cpp ${CMAKE_CURRENT_LIST_DIR}/package/*.cpp
-    ${CMAKE_CURRENT_LIST_DIR}/preview/*.cpp ${CMAKE_CURRENT_LIST_DIR}/sound/*.cpp)
+    ${CMAKE_CURRENT_LIST_DIR}/preview/*.cpp ${CMAKE_CURRENT_LIST_DIR}/sound/*.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/check/*.cpp)

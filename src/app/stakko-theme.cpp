@@ -2,6 +2,7 @@
 
 #include "consoledialogs.h"
 
+#include "check/themechecker.h"
 #include "common/ansitext.h"
 #include "document/description.h"
 #include "document/filecommands.h"
@@ -40,6 +41,9 @@ const char *const usageText =
     "        Unpack a resource package and print the folder it went to.\n"
     "  pack -o PACKAGE.zip [--root DIR] FILE...\n"
     "        Write a resource package; names are stored relative to DIR (default: here).\n"
+    "  check THEME [--json]\n"
+    "        Load THEME as the editor does and list every problem the game would meet, errors\n"
+    "        first, as lines or (--json) one JSON array; exit status 1 when any is an error.\n"
     "\n"
     "Options:\n"
     "  -s KEY=VALUE          set a field (KEY as in the theme file: name, bgimage, Bombfilename,\n"
@@ -67,6 +71,7 @@ struct Options {
     QString output;
     QString root;
     ExtractOptions extract;
+    bool json = false;
 };
 
 QString takeValue(const QStringList &args, qsizetype &i)
@@ -115,6 +120,8 @@ Options parse(const QStringList &args, ConsoleDialogs &dialogs)
                                      .arg(ExtractOptions().maxBytes)
                                      .arg(text)};
             o.extract.maxBytes = bytes;
+        } else if (a == u"--json") {
+            o.json = true;
         } else if (a == u"--password") {
             dialogs.password = takeValue(args, i);
         } else if (a.startsWith(u'-') && a.size() > 1) {
@@ -201,6 +208,41 @@ QByteArray dumpJson(const ThemeDocument &doc)
     return out + "}\n";
 }
 
+QByteArray problemsJson(const Report &report)
+{
+    QByteArray out("[");
+    for (qsizetype i = 0; i < report.problems.size(); ++i) {
+        const Problem &p = report.problems.at(i);
+        const bool error = p.severity == Problem::Severity::Error;
+        out += (i == 0 ? "\n  {" : ",\n  {") + QByteArray("\"severity\": ") + jsonText(error ? "error" : "warning")
+            + ", \"code\": " + jsonText(p.code) + ", \"field\": " + jsonText(p.field)
+            + ", \"file\": " + jsonText(p.file) + ", \"message\": " + jsonText(p.text) + '}';
+    }
+    return out + (report.isEmpty() ? "]\n" : "\n]\n");
+}
+
+/** One line per problem, then the count of each severity. */
+QByteArray problemsText(const Report &report)
+{
+    QByteArray out;
+    qsizetype errors = 0;
+    for (const Problem &p : report.problems) {
+        const bool error = p.severity == Problem::Severity::Error;
+        errors += error ? 1 : 0;
+        QString text = p.text;
+        text.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
+        out += (error ? "error " : "warning ") + p.code.toUtf8() + (p.field.isEmpty() ? "" : " " + p.field.toUtf8())
+            + ": " + text.toUtf8() + '\n';
+    }
+    const qsizetype warnings = report.problems.size() - errors;
+    const auto count = [](qsizetype n, const char *what) {
+        return QByteArray::number(n) + ' ' + what + (n == 1 ? "" : "s");
+    };
+    const QByteArray summary =
+        report.isEmpty() ? QByteArray("no problems") : count(errors, "error") + ", " + count(warnings, "warning");
+    return out + summary + '\n';
+}
+
 int run(const Options &o, ConsoleDialogs &dialogs)
 {
     ThemeDocument doc;
@@ -261,6 +303,13 @@ int run(const Options &o, ConsoleDialogs &dialogs)
         ConsoleDialogs::print(unpacked);
         std::printf("%s\n", qUtf8Printable(unpacked.location.folder));
         return unpacked.hasErrors() ? ExitError : ExitOk;
+    }
+    if (o.command == u"check") {
+        requireArguments(o, 1, 1);
+        const Report report = checkThemeFile(doc, o.positional.at(0), dialogs, o.extract);
+        const QByteArray text = o.json ? problemsJson(report) : problemsText(report);
+        std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
+        return report.hasErrors() ? ExitError : ExitOk;
     }
     if (o.command == u"pack") {
         if (o.output.isEmpty() || o.positional.isEmpty())

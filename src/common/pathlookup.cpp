@@ -8,6 +8,15 @@ qsizetype afterLastSeparator(const QString &path)
     return std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1;
 }
 
+bool isAbsoluteThemePath(const QString &name)
+{
+    const auto separator = [](QChar c) { return c == u'/' || c == u'\\'; };
+    if (!name.isEmpty() && separator(name.front()))
+        return true;
+    return name.size() >= 3 && name.at(0).isLetter() && name.at(0).unicode() < 128 && name.at(1) == u':'
+        && separator(name.at(2));
+}
+
 QString resolveThemePath(const QString &path)
 {
     QString normal = path;

@@ -12,3 +12,9 @@ QString resolveThemePath(const QString &path);
 
 /** Index just after the last "/" or "\" in \a path, or 0 when there is none. */
 qsizetype afterLastSeparator(const QString &path);
+
+/**
+ * Whether a theme's file name is absolute as Windows reads it: it starts with "/" or "\", or
+ * with a drive letter, a colon and a separator.
+ */
+bool isAbsoluteThemePath(const QString &name);

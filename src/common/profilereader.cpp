@@ -60,6 +60,16 @@ bool isReadableLocation(const QString &location)
 
 } // namespace
 
+ProfileLine profileLineKind(QStringView line)
+{
+    line = trimBlanks(line);
+    if (line.startsWith(u'['))
+        return line.contains(u']') ? ProfileLine::Section : ProfileLine::Other;
+    if (!line.contains(u'=') || line.startsWith(u';') || line.startsWith(u"//"))
+        return ProfileLine::Other;
+    return ProfileLine::Key;
+}
+
 ProfileFile ProfileFile::open(const QString &location)
 {
     ProfileFile profile;
@@ -77,18 +87,16 @@ ProfileFile ProfileFile::open(const QString &location)
     QHash<QString, QString> *section = nullptr;
     for (QStringView line : QStringView(text).split(u'\n')) {
         line = trimBlanks(line);
-        if (line.startsWith(u'[')) {
-            const qsizetype close = line.indexOf(u']');
-            if (close < 0)
-                continue;
+        const ProfileLine kind = profileLineKind(line);
+        if (kind == ProfileLine::Section) {
             // Windows stops at a section's first occurrence: a repeat is skipped whole.
-            const QString name = trimBlanks(line.sliced(1, close - 1)).toString().toLower();
+            const QString name = trimBlanks(line.sliced(1, line.indexOf(u']') - 1)).toString().toLower();
             section = profile.m_sections.contains(name) ? nullptr : &profile.m_sections[name];
             continue;
         }
-        const qsizetype equals = line.indexOf(u'=');
-        if (!section || equals < 0 || line.startsWith(u';') || line.startsWith(u"//"))
+        if (!section || kind != ProfileLine::Key)
             continue;
+        const qsizetype equals = line.indexOf(u'=');
         const QString key = trimBlanks(line.first(equals)).toString().toLower();
         if (!section->contains(key))
             section->insert(key, withoutQuotes(trimBlanks(line.sliced(equals + 1))).toString());

@@ -6,6 +6,15 @@
 /** Callers pass this one-character text (ESC) as the default; getting it back means "missing". */
 inline QString missingValueMarker() { return QString(QChar(27)); }
 
+/** What the reader makes of one line. */
+enum class ProfileLine {
+    Section, // "[name]", blanks around it allowed
+    Key,     // "key=value", stored only below a section line
+    Other,   // never read: comments, text, a "[" without its "]"
+};
+
+ProfileLine profileLineKind(QStringView line);
+
 /**
  * An INI file parsed once, read many times, with the behaviour Windows' profile reader has:
  * section and key matched without regard to case, blanks around key and value dropped,

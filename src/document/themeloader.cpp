@@ -11,7 +11,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include <optional>
 
@@ -90,24 +89,6 @@ public:
         }
     }
 
-    QString themeFolder() const
-    {
-        const qsizetype end = afterLastSeparator(m_path);
-        if (end == 0) // a bare file name: the theme lies in the current folder
-            return QFileInfo(m_path).absolutePath();
-        return m_path.left(end - 1);
-    }
-
-    QString packagePath(const QString &value) const
-    {
-        static const QRegularExpression drive(QStringLiteral("^[A-Za-z]:[\\\\/]"));
-        QString normal = value;
-        normal.replace(u'\\', u'/');
-        if (QDir::isAbsolutePath(normal) || drive.match(value).hasMatch())
-            return value;
-        return themeFolder() + QDir::separator() + value;
-    }
-
     bool run()
     {
         // Header
@@ -118,7 +99,10 @@ public:
         const std::optional<QString> resource = read("resourcefile");
         if (resource) {
             m_doc.setText(u"resourcefile", *resource);
-            const UnpackReport unpacked = extractResourcePackage(packagePath(*resource), m_dialogs, m_extract);
+            const QString package = resourcePackagePath(m_path, *resource);
+            UnpackReport unpacked = extractResourcePackage(package, m_dialogs, m_extract);
+            for (Problem &p : unpacked.problems)
+                p.field = QStringLiteral("resourcefile");
             m_report.append(unpacked);
             m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
         } else {
@@ -131,18 +115,18 @@ public:
         // Theme type
         const std::optional<QString> typeText = read("themetype");
         if (!typeText) {
-            m_report.error(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
+            unreadable(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
             return false;
         }
         const std::optional<qint64> type = storedWholeNumber(*typeText);
         if (!type || (*type != 0 && *type != 1)) {
-            m_report.error(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
-                                           "only Theme Type 0 and Theme Type 1 can be loaded.")
-                                .arg(m_path, typeText->trimmed()));
+            unreadable(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
+                                      "only Theme Type 0 and Theme Type 1 can be loaded.")
+                           .arg(m_path, typeText->trimmed()));
             return false;
         }
         if (*type == 1 && !resource) {
-            m_report.error(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QStringLiteral("resourcefile"));
+            unreadable(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QStringLiteral("resourcefile"));
             return false;
         }
         m_doc.setNumber(u"themetype", int(*type));
@@ -162,6 +146,11 @@ public:
         for (int i = 0; i < int(std::size(colorKeys)); ++i)
             m_doc.setSwatch(i, textToColor(m_doc.value(QLatin1StringView(colorKeys[i]))));
         return true;
+    }
+
+    void unreadable(const QString &text, const QString &field = {})
+    {
+        m_report.add({Problem::Severity::Error, text, field, m_path, QStringLiteral("theme-unreadable"), {}});
     }
 
     /** Loads the file; the report says whether it was a theme and what went wrong. */
@@ -190,6 +179,18 @@ std::optional<quint32> component(const QString &text)
 }
 
 } // namespace
+
+QString resourcePackagePath(const QString &themePath, const QString &resourceFile)
+{
+    QString normal = resourceFile;
+    normal.replace(u'\\', u'/');
+    if (QDir::isAbsolutePath(normal) || isAbsoluteThemePath(resourceFile))
+        return resourceFile;
+    const qsizetype end = afterLastSeparator(themePath);
+    // A bare file name: the theme lies in the current folder.
+    const QString folder = end == 0 ? QFileInfo(themePath).absolutePath() : themePath.left(end - 1);
+    return folder + QDir::separator() + resourceFile;
+}
 
 LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions, const ExtractOptions &extract)
 {

@@ -25,6 +25,9 @@ struct LoadReport : Report {
 LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions,
                          const ExtractOptions &extract = {});
 
+/** Where the theme file at \a themePath finds its resource file \a resourceFile: beside it unless absolute. */
+QString resourcePackagePath(const QString &themePath, const QString &resourceFile);
+
 /** A colour text "R,G,B" as red + 256 green + 65536 blue; white (0xFFFFFF) when unreadable. */
 quint32 textToColor(const QString &text);
 

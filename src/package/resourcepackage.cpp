@@ -452,7 +452,32 @@ UnpackReport extractResourcePackage(const QString &packagePath, Dialogs &dialogs
         Extraction extraction(dialogs, options);
         reason = extraction.run(resolveThemePath(packagePath), opened.folder.fd());
     }
-    if (!reason.isEmpty())
-        report.error(QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason, {}, packagePath);
+    if (!reason.isEmpty()) {
+        const bool missing = !QFileInfo(resolveThemePath(packagePath)).isFile();
+        const QString text = QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason;
+        report.add({Problem::Severity::Error, text, {}, packagePath,
+                    missing ? QStringLiteral("package-missing") : QStringLiteral("package-unreadable"), {}});
+    }
     return report;
+}
+
+std::optional<QStringList> packageEntryNames(const QString &packagePath)
+{
+    // The central directory alone: no entry is read, so encrypted ones need no password.
+    const std::unique_ptr<archive, ArchiveReadDeleter> in(archive_read_new());
+    archive_read_support_format_zip_seekable(in.get());
+    if (archive_read_open_filename(in.get(), QFile::encodeName(resolveThemePath(packagePath)).constData(),
+                                   64 * 1024) != ARCHIVE_OK)
+        return std::nullopt;
+    QStringList names;
+    archive_entry *entry = nullptr;
+    int status = ARCHIVE_OK;
+    while ((status = archive_read_next_header(in.get(), &entry)) == ARCHIVE_OK || status == ARCHIVE_WARN) {
+        const std::optional<QStringList> parts = safeParts(entryName(entry).replace(u'\\', u'/'));
+        if (parts && !parts->isEmpty() && archive_entry_filetype(entry) == AE_IFREG && !archive_entry_hardlink(entry))
+            names.append(parts->join(u'/'));
+    }
+    if (status != ARCHIVE_EOF)
+        return std::nullopt;
+    return names;
 }

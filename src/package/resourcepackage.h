@@ -4,6 +4,9 @@
 #include "package/packagewriter.h"
 
 #include <QString>
+#include <QStringList>
+
+#include <optional>
 
 class Dialogs;
 
@@ -49,3 +52,10 @@ struct UnpackReport : Report {
 };
 UnpackReport extractResourcePackage(const QString &packagePath, Dialogs &dialogs,
                                     const ExtractOptions &options = {});
+
+/**
+ * The names of the files \a packagePath would unpack, "/"-separated as they land below the
+ * package folder, read from the archive's directory without unpacking anything; nullopt when
+ * it is no readable zip archive.
+ */
+std::optional<QStringList> packageEntryNames(const QString &packagePath);

@@ -2,6 +2,7 @@
 
 #include "document/themedocument.h"
 #include "preview/framesequence.h"
+#include "preview/framesettings.h"
 #include "preview/framestrip.h"
 #include "preview/loadingsurface.h"
 #include "preview/loadprogress.h"
@@ -97,48 +98,21 @@ QImage FramePreviews::surfaceImage(int element) const
     return m_surfaces[size_t(animatedElements[element].surface)].image;
 }
 
-bool FramePreviews::settingsValid(int element, double *frameCount, qint64 *startingFrame,
-                                  double *delay, Report &report)
-{
-    const FieldIndexes &f = m_fields[size_t(element)];
-    const auto count = parseAuthorNumber(m_doc.value(f.frameCount));
-    if (!count || !(*count > 0)) {
-        report.error(QStringLiteral("Number of frames needs to be 1 or greater!"), QString::fromLatin1(animatedElements[element].frameCountField));
-        return false;
-    }
-    *frameCount = *count;
-    *startingFrame = 1;
-    if (f.startingFrame >= 0) {
-        const auto start = parseAuthorNumber(m_doc.value(f.startingFrame));
-        if (!start || !(*start > 0)) {
-            report.error(QStringLiteral("Starting frame needs to be 1 or greater!"), QString::fromLatin1(animatedElements[element].startingFrameField));
-            return false;
-        }
-        *startingFrame = frameNumber(*start);
-    }
-    const auto wait = parseAuthorNumber(m_doc.value(f.delay));
-    if (!wait || !(*wait >= 0)) {
-        report.error(QStringLiteral("Delay between frames needs to be 0 or greater!"), QString::fromLatin1(animatedElements[element].delayField));
-        return false;
-    }
-    *delay = *wait;
-    return true;
-}
-
 Report FramePreviews::startFramePreview(int element)
 {
     Report report;
     const FieldIndexes &f = m_fields[size_t(element)];
     if (f.animated >= 0 && m_doc.number(f.animated) != 1)
         return report;
-    double frameCount = 0;
-    qint64 startingFrame = 1;
-    double delay = 0;
-    if (!settingsValid(element, &frameCount, &startingFrame, &delay, report))
+    Report found;
+    const FrameSettings settings = readFrameSettings(m_doc, animatedElements[element], found);
+    if (!found.isEmpty()) {
+        report.add(found.problems.first()); // the author fixes one number at a time
         return report;
+    }
 
     QImage built;
-    if (!buildStrip(element, frameCount, &built, report))
+    if (!buildStrip(element, settings.frameCount, &built, report))
         return report;
 
     Strip &strip = stripOf(element);
@@ -147,7 +121,8 @@ Report FramePreviews::startFramePreview(int element)
     strip.generation = m_nextGeneration++;
     strip.views.clear();
     releaseViews(replaced);
-    m_states[size_t(element)] = {startingFrame, 0, frameCount, delay, startingFrame};
+    m_states[size_t(element)] = {settings.startingFrame, 0, settings.frameCount, settings.delay,
+                                 settings.startingFrame};
     m_timers[size_t(element)]->start();
     return report;
 }

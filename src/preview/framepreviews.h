@@ -117,7 +117,6 @@ private:
         const AnimatedElement *viewElement = nullptr; // whose surface size the views have
     };
 
-    bool settingsValid(int element, double *frameCount, qint64 *startingFrame, double *delay, Report &report);
     bool buildStrip(int element, double frameCount, QImage *strip, Report &report);
     static std::optional<double> readNumber(ParsedNumber &parsed, const QString &text);
     void readSettings(int element);

@@ -78,6 +78,24 @@ bool LoadingSurface::load(const QString &path)
     return keepScratch(format);
 }
 
+std::optional<QSize> LoadingSurface::headerSize(const QString &path)
+{
+    QFile in(resolveThemePath(path));
+    if (path.isEmpty() || !in.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    QImageReader reader(&in);
+    reader.setDecideFormatFromContent(true);
+    const QByteArray format = reader.format();
+    if (format.isEmpty() || (format == "bmp" && bitmapIsCut(in)))
+        return std::nullopt;
+    // Qt gives a top-down bitmap a negative height.
+    const QSize header = reader.size();
+    const QSize size(header.width(), qAbs(header.height()));
+    if (size.isEmpty())
+        return std::nullopt;
+    return size;
+}
+
 bool LoadingSurface::keepScratch(const QByteArray &format)
 {
     // Keeping both buffers lets the next decode of a same-sized frame reuse the allocation.

@@ -4,6 +4,8 @@
 #include <QImage>
 #include <QString>
 
+#include <optional>
+
 /**
  * The one off-screen picture every image preview loads into. A load that fails leaves the
  * previous picture in place, so it always holds the last image that loaded successfully.
@@ -17,6 +19,12 @@ public:
      * folder or cannot be decoded.
      */
     bool load(const QString &path);
+
+    /**
+     * The size the header of the image file at \a path gives, read the way load() reads the
+     * file but without decoding it; nullopt where load() would surely fail.
+     */
+    static std::optional<QSize> headerSize(const QString &path);
 
     /** Empties the picture. */
     void clear() { m_picture = QImage(); }

@@ -152,7 +152,9 @@ int loadFailureCode(const QString &mixerError)
     return LoadFailed;
 }
 
-int checkMusicFile(const QString &path)
+} // namespace
+
+int SoundSystem::checkMusicFile(const QString &path)
 {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
@@ -168,8 +170,6 @@ int checkMusicFile(const QString &path)
     }
     return UnknownFormat;
 }
-
-} // namespace
 
 SoundSystem::~SoundSystem()
 {

@@ -58,6 +58,12 @@ public:
      */
     void playWaveFile(const QString &path);
 
+    /**
+     * What openMusic() makes of the file at \a path (as found on disk) from its opening bytes,
+     * without a sound device: 0 when it looks playable, else an error code for soundErrorText().
+     */
+    static int checkMusicFile(const QString &path);
+
     /** The text for the error \a code, as the music errors are reported. */
     static QString soundErrorText(int code);
 

@@ -170,6 +170,49 @@ private slots:
         QCOMPARE(missing.status, 1);
         QVERIFY(missing.err.startsWith("Error: Could not load resource file Nope.zip\n"));
     }
+
+    void checkListsProblemsAndTellsByStatus_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("out");
+        QTest::newRow("clean") << QStringList{"check", "clean.skt"} << 0 << QByteArray("no problems\n");
+        QTest::newRow("warnings only") << QStringList{"check", "unused.skt"} << 0
+                                       << QByteArray("warning file-unused resourcefile: Package entry \"x.txt\" is "
+                                                     "named by no included section\n0 errors, 1 warning\n");
+        QTest::newRow("an error") << QStringList{"check", "broken.skt"} << 1
+                                  << QByteArray("error file-missing rotate: Rotate Block \"r.wav\" is missing (r.wav)\n"
+                                                "1 error, 0 warnings\n");
+        QTest::newRow("json") << QStringList{"check", "--json", "broken.skt"} << 1
+                              << QByteArray("[\n  {\"severity\": \"error\", \"code\": \"file-missing\", "
+                                            "\"field\": \"rotate\", \"file\": \"r.wav\", \"message\": "
+                                            "\"Rotate Block \\\"r.wav\\\" is missing (r.wav)\"}\n]\n");
+        QTest::newRow("no theme") << QStringList{"check"} << 2 << QByteArray();
+    }
+
+    void checkListsProblemsAndTellsByStatus()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, status);
+        QFETCH(QByteArray, out);
+        QFile unused(m_dir.filePath(QStringLiteral("x.txt")));
+        QVERIFY(unused.open(QIODevice::WriteOnly) && unused.write("x") == 1);
+        unused.close();
+        const QStringList makeThemes[] = {
+            {"pack", "-o", "X.zip", "x.txt"},
+            {"new", "-s", "resourcefile=X.zip", "-o", "unused.skt"},
+            {"new", "-s", "themetype=0", "-o", "clean.skt"},
+            {"new", "-s", "themetype=0", "-s", "includesounds=1", "-s", "rotate=r.wav", "-o", "broken.skt"},
+        };
+        for (const QStringList &made : makeThemes)
+            QCOMPARE(cli(made).status, 0);
+
+        const Run r = cli(args);
+        QCOMPARE(r.status, status);
+        QCOMPARE(r.out, out);
+        if (args.contains(QStringLiteral("--json")))
+            QVERIFY(QJsonDocument::fromJson(r.out).isArray());
+    }
 };
 
 QTEST_GUILESS_MAIN(CliTest)

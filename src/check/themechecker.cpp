@@ -1,0 +1,370 @@
+#include "check/themechecker.h"
+
+#include "common/ansitext.h"
+#include "common/numbertext.h"
+#include "common/pathlookup.h"
+#include "common/profilereader.h"
+#include "document/animatedelement.h"
+#include "document/referencedfiles.h"
+#include "document/themedocument.h"
+#include "document/themeloader.h"
+#include "document/themesections.h"
+#include "preview/framesequence.h"
+#include "preview/framesettings.h"
+#include "preview/loadingsurface.h"
+#include "sound/soundsystem.h"
+#include "sound/waveformat.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Severity = Problem::Severity;
+
+// The game addresses a frame strip's rows with 16-bit offsets.
+constexpr int stripRowsReached = 32768;
+// The profile reader hands back at most this many characters.
+constexpr qsizetype longestValue = 254;
+
+QString captionOf(QAnyStringView key)
+{
+    QString caption = QLatin1StringView(fieldSpec(key).caption);
+    if (caption.endsWith(u':'))
+        caption.chop(1);
+    return caption;
+}
+
+const AnimatedElement *elementWithRoot(const QString &rootField)
+{
+    for (const AnimatedElement &e : animatedElements) {
+        if (rootField == QLatin1StringView(e.rootField))
+            return &e;
+    }
+    return nullptr;
+}
+
+bool isComponent(const QString &part)
+{
+    const auto digit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    return !part.isEmpty() && part.size() <= 3 && std::all_of(part.cbegin(), part.cend(), digit)
+        && part.toInt() <= 255;
+}
+
+bool isColorText(const QString &text)
+{
+    const QStringList parts = text.split(u',');
+    return parts.size() == 3 && std::all_of(parts.cbegin(), parts.cend(), isComponent);
+}
+
+/** Why the profile reader gives back \a text changed, or "" when it reads back as written. */
+QString readBackChange(const QString &text)
+{
+    const auto blank = [](QChar c) { return c == u' ' || c == u'\t'; };
+    if (text.size() > longestValue)
+        return QStringLiteral("it is longer than %1 characters and reads back cut").arg(longestValue);
+    if (text.contains(u'\r') || text.contains(u'\n'))
+        return QStringLiteral("a line break in it ends its line in the file");
+    if (!text.isEmpty() && (blank(text.front()) || blank(text.back())))
+        return QStringLiteral("reading drops the blanks at its ends");
+    if (text.size() >= 2 && (text.front() == u'"' || text.front() == u'\'') && text.back() == text.front())
+        return QStringLiteral("reading drops the quotes around it");
+    return {};
+}
+
+/** Every text field the theme file for \a doc holds, the description first. */
+QList<const char *> writtenTexts(const ThemeDocument &doc)
+{
+    QList<const char *> keys{"description", "name", "developer", "version",
+                             doc.number(u"themetype") == 1 ? "resourcefile" : "skinfile"};
+    for (const ThemeSection &s : themeSections()) {
+        if (!isWritten(doc, s))
+            continue;
+        for (const SectionKey &k : s.keys) {
+            if (fieldSpec(k.key).kind == FieldKind::Text)
+                keys.append(k.key);
+        }
+    }
+    return keys;
+}
+
+/** A package entry or a stored name as Windows compares them. */
+QString windowsName(QString name)
+{
+    return name.replace(u'\\', u'/').toCaseFolded();
+}
+
+class Checker
+{
+public:
+    explicit Checker(const ThemeDocument &doc)
+        : m_doc(doc), m_typeOne(doc.number(u"themetype") == 1), m_references(referencedFiles(doc))
+    {
+    }
+
+    void fields()
+    {
+        droppedSections();
+        for (const ThemeSection &s : themeSections()) {
+            if (!isWritten(m_doc, s))
+                continue;
+            if (const AnimatedElement *e = animationOf(s))
+                numbers(*e);
+            for (const SectionKey &k : s.keys) {
+                if (k.rule == KeyRule::Color)
+                    color(k.key);
+            }
+        }
+        for (const char *key : writtenTexts(m_doc))
+            text(key);
+        description();
+        for (const FileReference &r : m_references) {
+            if (isAbsoluteThemePath(r.name))
+                add(m_typeOne ? Severity::Error : Severity::Warning, "path-absolute", r.key, r.name,
+                    QStringLiteral("\"%1\" is an absolute path: it will not exist on the player's machine")
+                        .arg(r.name));
+        }
+    }
+
+    void files()
+    {
+        for (const FileReference &r : m_references) {
+            if (r.kind == FileKind::FrameSequence) {
+                const AnimatedElement *e = elementWithRoot(r.key);
+                const QLatin1StringView caption(e->caption);
+                for (qsizetype i = 0; i < r.files.size(); ++i)
+                    file(r, r.files.at(i), QStringLiteral("Frame %1 of %2").arg(i + 1).arg(caption), e);
+            } else if (r.kind != FileKind::ResourcePackage && !r.name.isEmpty()) {
+                file(r, r.name, QStringLiteral("%1 \"%2\"").arg(captionOf(r.key), r.name), nullptr);
+            }
+        }
+        if (m_typeOne && !m_doc.currentThemeFile().isEmpty())
+            packageEntries();
+    }
+
+    Report report()
+    {
+        // Errors first, each group in the order found.
+        std::stable_partition(m_found.problems.begin(), m_found.problems.end(),
+                              [](const Problem &p) { return p.severity == Severity::Error; });
+        return m_found;
+    }
+
+private:
+    void add(Severity severity, const char *code, const QString &field, const QString &file, const QString &text)
+    {
+        m_found.add({severity, text, field, file, QLatin1StringView(code), {}});
+    }
+
+    void droppedSections()
+    {
+        for (const ThemeSection &s : themeSections()) {
+            if (m_typeOne || !s.typeOneOnly || !m_doc.isOn(QLatin1StringView(s.include)))
+                continue;
+            add(Severity::Warning, "section-dropped", QLatin1StringView(s.include), {},
+                QStringLiteral("A Theme Type 0 file does not store the %1 section: saving drops it")
+                    .arg(QLatin1StringView(s.comment).sliced(2)));
+        }
+    }
+
+    void numbers(const AnimatedElement &e)
+    {
+        Report broken;
+        const FrameSettings settings = readFrameSettings(m_doc, e, broken);
+        bool countRead = true;
+        bool startRead = e.startingFrameField != nullptr;
+        for (Problem p : broken.problems) {
+            countRead = countRead && p.field != QLatin1StringView(e.frameCountField);
+            startRead = startRead && p.field != QLatin1StringView(e.startingFrameField);
+            p.code = QStringLiteral("number-invalid");
+            m_found.add(p);
+        }
+        if (!countRead)
+            return;
+        const qint64 count = frameNumber(settings.frameCount);
+        if (e.stillFrameField) {
+            const auto still = parseAuthorNumber(m_doc.value(QLatin1StringView(e.stillFrameField)));
+            if (!still || *still < 1 || *still > double(count) || std::floor(*still) != *still)
+                add(Severity::Error, "number-invalid", QLatin1StringView(e.stillFrameField), {},
+                    QStringLiteral("Still frame needs to be a whole number from 1 to %1!").arg(count));
+        }
+        const qint64 unreached = (stripRowsReached + e.frame.height() - 1) / e.frame.height() + 1;
+        if (count >= unreached)
+            add(Severity::Warning, "frame-limit", QLatin1StringView(e.frameCountField), {},
+                QStringLiteral("%1 frames from frame %2 on lie beyond the reach of a 16-bit strip offset: "
+                               "the game cannot show them")
+                    .arg(QLatin1StringView(e.caption))
+                    .arg(unreached));
+        if (startRead && double(settings.startingFrame) > settings.frameCount)
+            add(Severity::Warning, "start-beyond-count", QLatin1StringView(e.startingFrameField), {},
+                QStringLiteral("Starting frame %1 lies above the number of frames (%2): the animation stays on "
+                               "one frame")
+                    .arg(settings.startingFrame)
+                    .arg(count));
+    }
+
+    void color(const char *key)
+    {
+        // An empty colour is written as white.
+        const QString value = m_doc.value(QLatin1StringView(key));
+        if (!value.isEmpty() && !isColorText(value))
+            add(Severity::Error, "colour-invalid", QLatin1StringView(key), {},
+                QStringLiteral("\"%1\" is no colour: three whole numbers from 0 to 255 separated by commas, "
+                               "without blanks")
+                    .arg(value));
+    }
+
+    void text(const char *key)
+    {
+        const QString value = m_doc.value(QLatin1StringView(key));
+        QByteArray bytes;
+        qsizetype bad = 0;
+        if (!AnsiText::encode(value, &bytes, &bad)) {
+            add(Severity::Error, "text-not-ansi", QLatin1StringView(key), {},
+                QStringLiteral("The character \"%1\" (U+%2) cannot be stored in a theme file: the theme cannot "
+                               "be saved")
+                    .arg(value.at(bad))
+                    .arg(QString::number(value.at(bad).unicode(), 16).toUpper().rightJustified(4, u'0')));
+            return;
+        }
+        // The description is never read back.
+        const QString change = qstrcmp(key, "description") == 0 ? QString() : readBackChange(value);
+        if (!change.isEmpty())
+            add(Severity::Warning, "value-changes-on-load", QLatin1StringView(key), {},
+                QStringLiteral("The text will not load as written: ") + change);
+    }
+
+    void description()
+    {
+        QString text = m_doc.value(u"description");
+        text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+        const QStringList lines = text.split(u'\n');
+        bool inSection = false;
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const ProfileLine kind = profileLineKind(lines.at(i));
+            const char *reading = nullptr;
+            if (kind == ProfileLine::Section)
+                reading = "a section line";
+            else if (kind == ProfileLine::Key && inSection)
+                reading = "a key of the section above it";
+            inSection = inSection || kind == ProfileLine::Section;
+            if (reading)
+                add(Severity::Warning, "description-key", QStringLiteral("description"), {},
+                    QStringLiteral("Description line %1 \"%2\" reads as %3 when the theme loads")
+                        .arg(i + 1)
+                        .arg(lines.at(i), QLatin1StringView(reading)));
+        }
+    }
+
+    void file(const FileReference &r, const QString &stored, const QString &what, const AnimatedElement *element)
+    {
+        // Found as the previews and play buttons find them.
+        const QString folder = r.kind == FileKind::Music ? m_doc.musicFolder() : m_doc.packageFolder();
+        const QString path = resolveThemePath(folder + stored);
+        const auto problem = [&](Severity severity, const char *code, const QString &text) {
+            add(severity, code, r.key, path, what + u' ' + text + QStringLiteral(" (") + path + u')');
+        };
+        if (!QFileInfo(path).isFile()) {
+            problem(Severity::Error, element ? "frame-missing" : "file-missing", QStringLiteral("is missing"));
+            return;
+        }
+        switch (r.kind) {
+        case FileKind::FrameSequence:
+        case FileKind::StillImage:
+            if (const auto size = LoadingSurface::headerSize(path); !size)
+                problem(Severity::Error, "image-unreadable", QStringLiteral("cannot be read as an image"));
+            else if (element && *size != element->frame)
+                problem(Severity::Warning, "frame-size",
+                        QStringLiteral("is %1x%2 pixels, not %3x%4")
+                            .arg(size->width())
+                            .arg(size->height())
+                            .arg(element->frame.width())
+                            .arg(element->frame.height()));
+            break;
+        case FileKind::WaveSound:
+            if (!isPlayableWaveFile(path))
+                problem(Severity::Error, "sound-unplayable", QStringLiteral("is no wave file that can be played"));
+            break;
+        case FileKind::Music:
+            if (const int code = SoundSystem::checkMusicFile(path))
+                problem(Severity::Error, "music-unplayable",
+                        QStringLiteral("cannot be played: ") + SoundSystem::soundErrorText(code));
+            break;
+        case FileKind::SkinFile:
+        case FileKind::ResourcePackage:
+            break;
+        }
+    }
+
+    void packageEntries()
+    {
+        const QString package = resourcePackagePath(m_doc.currentThemeFile(), m_doc.value(u"resourcefile"));
+        const auto entries = packageEntryNames(package);
+        if (!entries)
+            return; // the load has said why
+        QSet<QString> named;
+        for (const FileReference &r : m_references) {
+            for (const QString &f : r.files)
+                named.insert(windowsName(f));
+        }
+        const QString field = QStringLiteral("resourcefile");
+        QHash<QString, QString> seen;
+        for (const QString &entry : *entries) {
+            const QString name = windowsName(entry);
+            const QString path = m_doc.packageFolder() + entry;
+            if (const auto earlier = seen.constFind(name); earlier != seen.cend())
+                add(Severity::Warning, "name-collision", field, path,
+                    QStringLiteral("Package entries \"%1\" and \"%2\" differ only in letter case: on Windows "
+                                   "one hides the other")
+                        .arg(*earlier, entry));
+            else
+                seen.insert(name, entry);
+            if (!named.contains(name))
+                add(Severity::Warning, "file-unused", field, path,
+                    QStringLiteral("Package entry \"%1\" is named by no included section").arg(entry));
+        }
+    }
+
+    const ThemeDocument &m_doc;
+    const bool m_typeOne;
+    const QList<FileReference> m_references;
+    Report m_found;
+};
+
+} // namespace
+
+Report checkTheme(const ThemeDocument &doc)
+{
+    Checker checker(doc);
+    checker.fields();
+    checker.files();
+    return checker.report();
+}
+
+Report checkThemeFields(const ThemeDocument &doc)
+{
+    Checker checker(doc);
+    checker.fields();
+    return checker.report();
+}
+
+Report checkThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions, const ExtractOptions &extract)
+{
+    const LoadReport loaded = loadThemeFile(doc, path, questions, extract);
+    doc.setCurrentThemeFile(path);
+    Report found;
+    for (const Problem &p : loaded.problems) {
+        // Notices (where the package went) are no problems of the theme.
+        if (p.severity == Severity::Error)
+            found.add(p);
+    }
+    if (!loaded.loaded)
+        return found;
+    // A loaded theme's errors are its package's: the package folder does not hold its files.
+    found.append(found.isEmpty() ? checkTheme(doc) : checkThemeFields(doc));
+    return found;
+}

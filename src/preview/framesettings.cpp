@@ -1,0 +1,27 @@
+#include "preview/framesettings.h"
+
+#include "document/animatedelement.h"
+#include "document/themedocument.h"
+#include "preview/framesequence.h"
+
+FrameSettings readFrameSettings(const ThemeDocument &doc, const AnimatedElement &element, Report &report)
+{
+    FrameSettings settings;
+    // The field's number, or nothing after reporting it.
+    const auto number = [&](const char *key, bool zeroAllowed, const char *message) {
+        const auto value = parseAuthorNumber(doc.value(QLatin1StringView(key)));
+        if (value && (zeroAllowed ? *value >= 0 : *value > 0))
+            return value;
+        report.error(QLatin1StringView(message), QLatin1StringView(key));
+        return std::optional<double>();
+    };
+    if (const auto count = number(element.frameCountField, false, "Number of frames needs to be 1 or greater!"))
+        settings.frameCount = *count;
+    if (element.startingFrameField) {
+        if (const auto start = number(element.startingFrameField, false, "Starting frame needs to be 1 or greater!"))
+            settings.startingFrame = frameNumber(*start);
+    }
+    if (const auto delay = number(element.delayField, true, "Delay between frames needs to be 0 or greater!"))
+        settings.delay = *delay;
+    return settings;
+}

@@ -1,0 +1,257 @@
+// The theme checker: one theme per problem code, each a clean theme with one thing broken.
+
+#include "check/themechecker.h"
+#include "common/scripteddialogs.h"
+#include "document/themedocument.h"
+#include "document/themefilewriter.h"
+#include "package/packagewriter.h"
+#include "package/resourcepackage.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtEndian>
+
+using Fields = QList<QPair<QString, QString>>;
+using Files = QMap<QString, QByteArray>; // package entries; a null array removes one
+
+namespace {
+
+QByteArray picture(int width, int height, const char *format = "PNG")
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QBuffer out;
+    out.open(QIODevice::WriteOnly);
+    image.save(&out, format);
+    return out.data();
+}
+
+QByteArray png(int width, int height)
+{
+    return picture(width, height);
+}
+
+/** A bitmap stored from the top row down, which its negative height says. */
+QByteArray topDownBitmap(int width, int height)
+{
+    QByteArray bytes = picture(width, height, "BMP");
+    qToLittleEndian<qint32>(-height, bytes.data() + 22);
+    return bytes;
+}
+
+template <typename T>
+QByteArray little(T value)
+{
+    QByteArray bytes(sizeof(T), Qt::Uninitialized);
+    qToLittleEndian(value, bytes.data());
+    return bytes;
+}
+
+/** A mono 8-bit wave of eight samples; an extensible format names \a encoding in its GUID. */
+QByteArray wave(quint16 encoding, bool extensible = false)
+{
+    QByteArray format = little<quint16>(extensible ? 0xFFFE : encoding) + little<quint16>(1) + little<quint32>(8000)
+        + little<quint32>(8000) + little<quint16>(1) + little<quint16>(8);
+    if (extensible)
+        format += little<quint16>(22) + little<quint16>(8) + little<quint32>(4) + little<quint16>(encoding)
+            + QByteArray("\x00\x00\x00\x00\x10\x00\x80\x00\x00\xAA\x00\x38\x9B\x71", 14);
+    const QByteArray chunks = "WAVE" + QByteArray("fmt ") + little<quint32>(quint32(format.size())) + format
+        + "data" + little<quint32>(8) + QByteArray(8, '\x80');
+    return "RIFF" + little<quint32>(quint32(chunks.size())) + chunks;
+}
+
+const QByteArray midi("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\4\0\xFF\x2F\0", 26);
+
+// The clean theme: one file of each kind, all in its package.
+const Fields baseFields{
+    {"resourcefile", "Theme.zip"}, {"includeinterface", "1"}, {"ifacemain", "main.png"},
+    {"includebackground", "1"}, {"bganimated", "1"}, {"bgfilename", "bg"}, {"bgextension", "png"},
+    {"bgframecount", "2"}, {"includecolors", "1"}, {"colortitle", "1,2,3"}, {"includesounds", "1"},
+    {"rotate", "rotate.wav"}, {"includemusic", "1"}, {"midi", "song.mid"},
+};
+
+Files baseFiles()
+{
+    return {{"main.png", png(8, 8)}, {"bg1.png", png(192, 352)}, {"bg2.png", png(192, 352)},
+            {"rotate.wav", wave(1)}, {"song.mid", midi}};
+}
+
+void set(ThemeDocument &doc, const Fields &fields, const QString &folder)
+{
+    for (auto [key, value] : fields)
+        doc.setValue(ThemeDocument::requireIndex(key), value.replace(QStringLiteral("%DIR%"), folder));
+}
+
+QStringList kinds(const Report &report)
+{
+    QStringList found;
+    for (const Problem &p : report.problems) {
+        const bool error = p.severity == Problem::Severity::Error;
+        found.append(QStringList{error ? "error" : "warning", p.code, p.field}.join(u' ').trimmed());
+    }
+    return found;
+}
+
+} // namespace
+
+class ThemeCheckerTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_temp;
+
+private slots:
+    void eachCodeAlone_data()
+    {
+        QTest::addColumn<Fields>("written");    // set before the theme is saved
+        QTest::addColumn<Files>("files");
+        QTest::addColumn<QByteArray>("themeFile"); // replaces the saved theme file unless null
+        QTest::addColumn<Fields>("edited");     // set after loading, then checked again
+        QTest::addColumn<QStringList>("expected");
+
+        Files manyFrames;
+        for (int n = 3; n <= 95; ++n)
+            manyFrames.insert(QStringLiteral("bg%1.png").arg(n), png(192, 352));
+        const QByteArray none;
+
+        QTest::newRow("clean") << Fields{} << Files{} << none << Fields{} << QStringList{};
+        QTest::newRow("top-down bitmap") << Fields{} << Files{{"bg2.png", topDownBitmap(192, 352)}} << none
+                                         << Fields{} << QStringList{};
+        QTest::newRow("extensible wave") << Fields{} << Files{{"rotate.wav", wave(3, true)}} << none << Fields{}
+                                         << QStringList{};
+        QTest::newRow("theme-unreadable") << Fields{} << Files{} << QByteArray("shopping list\n") << Fields{}
+                                          << QStringList{"error theme-unreadable"};
+        QTest::newRow("package-missing") << Fields{{"resourcefile", "Nope.zip"}} << Files{} << none << Fields{}
+                                         << QStringList{"error package-missing resourcefile"};
+        QTest::newRow("package-unreadable") << Fields{{"resourcefile", "Theme.skt"}} << Files{} << none << Fields{}
+                                            << QStringList{"error package-unreadable resourcefile"};
+        QTest::newRow("file-missing") << Fields{} << Files{{"main.png", none}} << none << Fields{}
+                                      << QStringList{"error file-missing ifacemain"};
+        QTest::newRow("frame-missing") << Fields{} << Files{{"bg2.png", none}} << none << Fields{}
+                                       << QStringList{"error frame-missing bgfilename"};
+        QTest::newRow("image-unreadable") << Fields{} << Files{{"main.png", "no picture"}} << none << Fields{}
+                                          << QStringList{"error image-unreadable ifacemain"};
+        QTest::newRow("number-invalid") << Fields{{"bgdelaybetweenframes", "-1"}} << Files{} << none << Fields{}
+                                        << QStringList{"error number-invalid bgdelaybetweenframes"};
+        QTest::newRow("number-invalid still") << Fields{{"bgstillframe", "1.5"}} << Files{} << none << Fields{}
+                                              << QStringList{"error number-invalid bgstillframe"};
+        QTest::newRow("colour-invalid") << Fields{{"colortitle", "256,0,0"}} << Files{} << none << Fields{}
+                                        << QStringList{"error colour-invalid colortitle"};
+        QTest::newRow("sound-unplayable") << Fields{} << Files{{"rotate.wav", wave(0x55)}} << none << Fields{}
+                                          << QStringList{"error sound-unplayable rotate"};
+        QTest::newRow("music-unplayable") << Fields{} << Files{{"song.mid", "MThd"}} << none << Fields{}
+                                          << QStringList{"error music-unplayable midi"};
+        QTest::newRow("text-not-ansi") << Fields{} << Files{} << none << Fields{{"name", "Snow \u2603"}}
+                                       << QStringList{"error text-not-ansi name"};
+        QTest::newRow("path-absolute type 1") << Fields{{"resourcefile", "%DIR%/Theme.zip"}} << Files{} << none
+                                              << Fields{} << QStringList{"error path-absolute resourcefile"};
+        QTest::newRow("path-absolute type 0")
+            << Fields{{"themetype", "0"}, {"includesounds", "0"}, {"includemusic", "0"},
+                      {"ifacemain", "%DIR%/files/main.png"}}
+            << Files{} << none << Fields{} << QStringList{"warning path-absolute ifacemain"};
+        QTest::newRow("frame-size") << Fields{} << Files{{"bg2.png", png(100, 100)}} << none << Fields{}
+                                    << QStringList{"warning frame-size bgfilename"};
+        QTest::newRow("frame-limit") << Fields{{"bgframecount", "95"}} << manyFrames << none << Fields{}
+                                     << QStringList{"warning frame-limit bgframecount"};
+        QTest::newRow("start-beyond-count") << Fields{{"bgstartingframe", "3"}} << Files{} << none << Fields{}
+                                            << QStringList{"warning start-beyond-count bgstartingframe"};
+        QTest::newRow("file-unused") << Fields{} << Files{{"extra.png", png(8, 8)}} << none << Fields{}
+                                     << QStringList{"warning file-unused resourcefile"};
+        QTest::newRow("name-collision") << Fields{} << Files{{"MAIN.png", png(8, 8)}} << none << Fields{}
+                                        << QStringList{"warning name-collision resourcefile"};
+        QTest::newRow("section-dropped") << Fields{} << Files{} << none << Fields{{"themetype", "0"}}
+                                         << QStringList{"warning section-dropped includebackground",
+                                                        "warning section-dropped includecolors"};
+        QTest::newRow("description-key") << Fields{} << Files{} << none
+                                         << Fields{{"description", "//About\r\n[Theme Info]\nname=Other"}}
+                                         << QStringList{"warning description-key description",
+                                                        "warning description-key description"};
+        QTest::newRow("value-changes-on-load") << Fields{} << Files{} << none << Fields{{"version", "1.0 "}}
+                                               << QStringList{"warning value-changes-on-load version"};
+        QTest::newRow("value-changes-on-load quoted") << Fields{} << Files{} << none << Fields{{"name", "'Ice'"}}
+                                                      << QStringList{"warning value-changes-on-load name"};
+        QTest::newRow("errors before warnings")
+            << Fields{} << Files{{"bg2.png", png(100, 100)}, {"rotate.wav", "junk"}} << none << Fields{}
+            << QStringList{"error sound-unplayable rotate", "warning frame-size bgfilename"};
+    }
+
+    void eachCodeAlone()
+    {
+        QFETCH(Fields, written);
+        QFETCH(Files, files);
+        QFETCH(QByteArray, themeFile);
+        QFETCH(Fields, edited);
+        QFETCH(QStringList, expected);
+
+        // A temporary folder of its own: no row sees what another one unpacked.
+        QTemporaryDir dir(m_temp.filePath(QStringLiteral("row-XXXXXX")));
+        qputenv("TMPDIR", QFile::encodeName(dir.path()));
+        Files all = baseFiles();
+        for (auto it = files.cbegin(); it != files.cend(); ++it) {
+            if (it->isNull())
+                all.remove(it.key());
+            else
+                all.insert(it.key(), *it);
+        }
+        QStringList packed;
+        QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("files")));
+        for (auto it = all.cbegin(); it != all.cend(); ++it) {
+            QFile f(dir.filePath(QStringLiteral("files/") + it.key()));
+            QVERIFY(f.open(QIODevice::WriteOnly) && f.write(*it) == it->size());
+            packed.append(f.fileName());
+        }
+        QVERIFY(writeResourcePackage(dir.filePath(QStringLiteral("Theme.zip")), packed,
+                                     dir.filePath(QStringLiteral("files"))));
+
+        ThemeDocument saved;
+        saved.resetTheme();
+        set(saved, baseFields + written, dir.path());
+        const QString theme = dir.filePath(QStringLiteral("Theme.skt"));
+        QVERIFY(writeThemeFile(saved, theme));
+        if (!themeFile.isNull()) {
+            QFile f(theme);
+            QVERIFY(f.open(QIODevice::WriteOnly) && f.write(themeFile) == themeFile.size());
+        }
+
+        ThemeDocument doc;
+        ScriptedDialogs dialogs;
+        Report report = checkThemeFile(doc, theme, dialogs);
+        if (!edited.isEmpty()) {
+            QVERIFY2(report.isEmpty(), qPrintable(report.lines().join(u'\n')));
+            set(doc, edited, dir.path());
+            report = checkTheme(doc);
+        }
+        QCOMPARE(kinds(report), expected);
+    }
+
+    void sampleThemeIsClean()
+    {
+        QTemporaryDir dir(m_temp.filePath(QStringLiteral("sample-XXXXXX")));
+        qputenv("TMPDIR", QFile::encodeName(dir.path()));
+        ThemeDocument doc;
+        ScriptedDialogs dialogs;
+        const Report report = checkThemeFile(
+            doc, qEnvironmentVariable("STAKKO_SOURCE_DIR") + QStringLiteral("/samples/StakkoSample.skt"), dialogs);
+        QVERIFY2(report.isEmpty(), qPrintable(report.lines().join(u'\n')));
+    }
+
+    void encryptedPackageIsListedWithoutItsPassword()
+    {
+        QTemporaryDir dir;
+        const QString file = dir.filePath(QStringLiteral("a.png"));
+        QFile f(file);
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(png(8, 8)) > 0);
+        f.close();
+        const QString zip = dir.filePath(QStringLiteral("Secret.zip"));
+        const PackageWriteOptions encrypted{PackageEncryption::Aes256, QStringLiteral("pw")};
+        QVERIFY(writeResourcePackage(zip, {file}, dir.path(), nullptr, encrypted));
+        QCOMPARE(packageEntryNames(zip).value_or(QStringList()), QStringList{QStringLiteral("a.png")});
+        QCOMPARE(packageEntryNames(file), std::nullopt);
+    }
+};
+
+QTEST_GUILESS_MAIN(ThemeCheckerTest)
+#include "tst_themechecker.moc"
