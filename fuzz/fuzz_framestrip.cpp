@@ -59,6 +59,10 @@ void prepare(ThemeDocument &doc, const AnimatedElement &e, const Case &c)
 /** Frame 1 as the loading surface's first read decodes it: by content, from a fresh reader. */
 QImage decodedAlone(const QString &path)
 {
+    // What the header probe refuses (a bitmap whose pixels end early) the loader refuses too,
+    // although Qt alone would decode it.
+    if (!LoadingSurface::headerSize(path))
+        return QImage();
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     QImage picture;
