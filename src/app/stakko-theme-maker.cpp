@@ -2,6 +2,7 @@
 // stakko-theme-maker --screenshot DIR [THEME.skt] writes every page and data set as PNG files,
 // at the screen's resolution and again at 144 DPI, and exits.
 
+#include "check/backgroundcheck.h"
 #include "common/safefile.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
@@ -11,6 +12,7 @@
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
+#include "editor/problemspanel.h"
 #include "editor/qtdialogs.h"
 #include "editor/shutdownsignals.h"
 #include "sound/soundsystem.h"
@@ -145,7 +147,14 @@ bool writeScreenshots(MainWindow &window, const QString &folder, const QString &
         selector->setCurrentIndex(0);
     }
     window.showPage(MainWindow::Page::General);
-    return ok;
+
+    // Last, as the panel and the count take room below the pages.
+    QEventLoop loop;
+    QObject::connect(&window.themeCheck(), &BackgroundCheck::finished, &loop, &QEventLoop::quit);
+    window.checkTheme();
+    loop.exec();
+    window.problemsPanel().show();
+    return saveShot(window, folder + QStringLiteral("/problems") + suffix + QStringLiteral(".png")) && ok;
 }
 
 /** The 144 DPI pass needs a fresh process: the scale factor is fixed when the application starts. */
@@ -231,6 +240,9 @@ int main(int argc, char *argv[])
     new ButtonBinding(window, doc, dialogs, sound, commands);
 
     window.startUp();
+    // Page screenshots show the window as it opens, before any check.
+    if (screenshotFolder.isEmpty())
+        commands.setAfterLoadOrSave([&window] { window.checkTheme(); });
 
     if (!screenshotFolder.isEmpty()) {
         if (!themePath.isEmpty()) {

@@ -225,22 +225,14 @@ QByteArray problemsJson(const Report &report)
 QByteArray problemsText(const Report &report)
 {
     QByteArray out;
-    qsizetype errors = 0;
     for (const Problem &p : report.problems) {
         const bool error = p.severity == Problem::Severity::Error;
-        errors += error ? 1 : 0;
         QString text = p.text;
         text.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
         out += (error ? "error " : "warning ") + p.code.toUtf8() + (p.field.isEmpty() ? "" : " " + p.field.toUtf8())
             + ": " + text.toUtf8() + '\n';
     }
-    const qsizetype warnings = report.problems.size() - errors;
-    const auto count = [](qsizetype n, const char *what) {
-        return QByteArray::number(n) + ' ' + what + (n == 1 ? "" : "s");
-    };
-    const QByteArray summary =
-        report.isEmpty() ? QByteArray("no problems") : count(errors, "error") + ", " + count(warnings, "warning");
-    return out + summary + '\n';
+    return out + report.summary().toUtf8() + '\n';
 }
 
 int run(const Options &o, ConsoleDialogs &dialogs)

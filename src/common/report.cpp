@@ -36,6 +36,24 @@ bool Report::hasErrors() const
                        [](const Problem &p) { return p.severity == Problem::Severity::Error; });
 }
 
+qsizetype Report::count(Problem::Severity severity) const
+{
+    return std::count_if(problems.cbegin(), problems.cend(),
+                         [severity](const Problem &p) { return p.severity == severity; });
+}
+
+QString Report::summary() const
+{
+    if (isEmpty())
+        return QStringLiteral("no problems");
+    const auto counted = [this](Problem::Severity severity, const char *what) {
+        const qsizetype n = count(severity);
+        return QStringLiteral("%1 %2%3").arg(n).arg(QLatin1StringView(what), n == 1 ? "" : "s");
+    };
+    return counted(Problem::Severity::Error, "error") + QStringLiteral(", ")
+        + counted(Problem::Severity::Warning, "warning");
+}
+
 QStringList Report::lines() const
 {
     QStringList out;

@@ -29,6 +29,9 @@ struct Report {
 
     bool isEmpty() const { return problems.isEmpty(); }
     bool hasErrors() const;
+    qsizetype count(Problem::Severity severity) const;
+    /** "2 errors, 1 warning"; "no problems" when empty. */
+    QString summary() const;
     /** "TITLE: TEXT" of every problem. */
     QStringList lines() const;
 };

@@ -98,6 +98,8 @@ void FileCommands::load(const QString &path)
     m_currentFileLoaded = report.loaded;
     m_report.append(report);
     m_doc.setCurrentThemeFile(path);
+    if (report.loaded && m_afterLoadOrSave)
+        m_afterLoadOrSave();
 }
 
 void FileCommands::saveTheme()
@@ -137,8 +139,11 @@ bool FileCommands::guard()
 bool FileCommands::writeTo(const QString &path)
 {
     QString error;
-    if (writeThemeFile(m_doc, path, &error))
+    if (writeThemeFile(m_doc, path, &error)) {
+        if (m_afterLoadOrSave)
+            m_afterLoadOrSave();
         return true;
+    }
     // The author must learn why the theme is still unsaved; the command's state stays "changed".
     m_report.error(error, {}, path);
     return false;

@@ -6,6 +6,8 @@
 #include <QLatin1StringView>
 #include <QString>
 
+#include <functional>
+
 class Dialogs;
 class ThemeDocument;
 
@@ -56,6 +58,8 @@ public:
 
     /** The limits every load unpacks a package within. */
     void setExtractOptions(const ExtractOptions &options) { m_extract = options; }
+    /** Runs \a then each time a theme has loaded or the document has been written. */
+    void setAfterLoadOrSave(std::function<void()> then) { m_afterLoadOrSave = std::move(then); }
     /** The folder whose "data" folder the Load dialog opens in; the program's folder unless set. */
     void setProgramFolder(const QString &folder) { m_programFolder = folder; }
 
@@ -71,4 +75,5 @@ private:
     bool m_currentFileLoaded = true;   // false while the current file is one that failed to load
     Report m_report;
     ExtractOptions m_extract;
+    std::function<void()> m_afterLoadOrSave;
 };

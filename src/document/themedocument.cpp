@@ -71,6 +71,18 @@ void ThemeDocument::markEdited(int index)
     emit fieldChanged(index);
 }
 
+void ThemeDocument::assignFrom(const ThemeDocument &other)
+{
+    m_texts = other.m_texts;
+    m_numbers = other.m_numbers;
+    m_currentThemeFile = other.m_currentThemeFile;
+    m_packageFolder = other.m_packageFolder;
+    m_packageFolderTail = other.m_packageFolderTail;
+    m_musicFolder = other.m_musicFolder;
+    m_dirty = other.m_dirty;
+    m_swatches = other.m_swatches;
+}
+
 void ThemeDocument::resetTheme()
 {
     m_currentThemeFile.clear();

@@ -42,6 +42,12 @@ public:
     /** True when the switch is exactly 1, the only value that counts as on. */
     bool isOn(QAnyStringView key) const { return number(key) == 1; }
 
+    /**
+     * Makes this document a copy of \a other, editor-wide state and swatches included, without
+     * emitting anything: for a private copy that no view follows.
+     */
+    void assignFrom(const ThemeDocument &other);
+
     /** Puts the document and editor state into the New-theme state. */
     void resetTheme();
 

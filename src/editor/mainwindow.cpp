@@ -1,5 +1,6 @@
 #include "editor/mainwindow.h"
 
+#include "check/backgroundcheck.h"
 #include "document/description.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
@@ -9,6 +10,7 @@
 #include "editor/pages.h"
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
+#include "editor/problemspanel.h"
 #include "preview/ticktimer.h"
 
 #include <QAbstractButton>
@@ -24,7 +26,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStatusBar>
+#include <QStyle>
 #include <QTabBar>
+#include <QToolButton>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QtMath>
@@ -32,6 +37,9 @@
 #include <span>
 
 namespace {
+
+// Edits check again this long after typing pauses.
+constexpr int recheckDelayMs = 500;
 
 // Wide enough for the widest page at common fonts; see buildPageArea().
 constexpr qreal pageAreaWidthInCharacters = 124;
@@ -129,6 +137,7 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
 
     buildMenus();
     buildTimers();
+    buildProblems();
     m_controls.fill(nullptr, qsizetype(themeFields().size()));
     for (const SectionFrame &section : sectionFrames)
         m_switchedFrames.append({section.frame, {&section.includeKey, 1}});
@@ -190,6 +199,16 @@ void MainWindow::buildMenus()
         m_pageActions[i] = item;
     }
 
+    QMenu *tools = menuBar()->addMenu(QStringLiteral("&Tools"));
+    tools->setObjectName(QStringLiteral("mnuTools"));
+    QAction *check = addItem(tools, "mnuCheckTheme", QStringLiteral("&Check Theme"));
+    check->setShortcut(QKeySequence(Qt::Key_F7));
+    connect(check, &QAction::triggered, this, [this] {
+        checkTheme();
+        m_problems->show();
+        m_problems->raise();
+    });
+
     QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));
     connect(addItem(help, "mnuAbout", QStringLiteral("About")), &QAction::triggered, this, &MainWindow::showAbout);
@@ -204,6 +223,83 @@ void MainWindow::buildTimers()
         timer->setInterval(1);
         m_timers[i] = timer;
     }
+}
+
+void MainWindow::buildProblems()
+{
+    m_check = new BackgroundCheck(m_doc, this);
+    m_problems = new ProblemsPanel(this);
+    m_problems->hide();
+    addDockWidget(Qt::BottomDockWidgetArea, m_problems);
+    // The panel and the status bar take room of their own: the pages keep theirs.
+    connect(m_problems, &QDockWidget::visibilityChanged, this, [this] { QTimer::singleShot(0, this, &MainWindow::applyWindowHeight); });
+    connect(m_problems, &QDockWidget::topLevelChanged, this, &MainWindow::applyWindowHeight);
+    connect(m_problems, &ProblemsPanel::fieldRequested, this, &MainWindow::revealField);
+    connect(m_check, &BackgroundCheck::finished, this, [this] {
+        m_problems->showReport(m_check->report());
+        if (statusBar()->isHidden()) {
+            statusBar()->addPermanentWidget(m_problems->countButton());
+            statusBar()->show();
+            applyWindowHeight();
+        }
+    });
+    statusBar()->hide();
+
+    m_recheck = new QTimer(this);
+    m_recheck->setSingleShot(true);
+    m_recheck->setInterval(recheckDelayMs);
+    connect(m_recheck, &QTimer::timeout, this, &MainWindow::checkTheme);
+    const auto recheck = [this] {
+        if (m_check->hasResult())
+            m_recheck->start();
+    };
+    connect(&m_doc, &ThemeDocument::fieldChanged, this, recheck);
+    connect(&m_doc, &ThemeDocument::stateChanged, this, recheck);
+}
+
+void MainWindow::checkTheme()
+{
+    m_recheck->stop();
+    m_check->start();
+}
+
+void MainWindow::revealField(const QString &key)
+{
+    const int index = fieldIndex(key);
+    if (index < 0)
+        return;
+    buildAllPages();
+    QWidget *control = m_controls.at(index);
+    if (!control)
+        return;
+    for (int page = 0; page < pageCount; ++page) {
+        if (!m_panels[page]->isAncestorOf(control))
+            continue;
+        showPage(Page(page));
+        const QList<SectionFrame> sets = dataSetsOf(page);
+        for (int i = 0; i < sets.size(); ++i) {
+            auto *frame = findChild<QWidget *>(QLatin1StringView(sets[i].frame));
+            const bool inSet = (frame && frame->isAncestorOf(control)) || fieldIndex(sets[i].includeKey) == index;
+            if (inSet) {
+                if (auto *combo = findChild<QComboBox *>(QLatin1StringView(pageRows[page].selector)))
+                    combo->setCurrentIndex(i);
+                chooseDataSet(page, i);
+            }
+        }
+        break;
+    }
+    // A control switched off cannot take the focus: the switch that turns it on takes it.
+    for (const SwitchedFrame &switched : std::as_const(m_switchedFrames)) {
+        const bool outermostOff = switched.frame && !switched.frame->isEnabled()
+            && switched.frame->parentWidget()->isEnabled() && switched.frame->isAncestorOf(control);
+        if (outermostOff && switched.switches[0]) {
+            control = m_controls.at(fieldIndex(switched.switches[0]));
+            break;
+        }
+    }
+    control->setFocus(Qt::OtherFocusReason);
+    if (auto *edit = qobject_cast<QLineEdit *>(control))
+        edit->selectAll();
 }
 
 QWidget *MainWindow::buildPageArea()
@@ -496,7 +592,22 @@ void MainWindow::applyWindowHeight()
 {
     const int outer = qRound(pageRows[int(m_page)].heightTwips * logicalDpiY() / 1440.0);
     const int frame = frameGeometry().height() - geometry().height();
-    resize(qMax(width(), minimumSizeHint().width()), outer - frame);
+    const bool docked = !m_problems->isHidden() && !m_problems->isFloating();
+    if (statusBar()->isHidden() && !docked) {
+        resize(qMax(width(), minimumSizeHint().width()), outer - frame);
+        return;
+    }
+    // The page keeps the height it has without them; the panel keeps the height it has.
+    const int pageHeight = outer - frame - menuBar()->height();
+    int extra = statusBar()->isHidden() ? 0 : statusBar()->sizeHint().height();
+    if (docked)
+        extra += qMax(m_problems->height(), m_problems->sizeHint().height())
+            + style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent, nullptr, this);
+    const int pageMinimum = centralWidget()->minimumHeight();
+    centralWidget()->setMinimumHeight(pageHeight);
+    resize(qMax(width(), minimumSizeHint().width()), menuBar()->height() + pageHeight + extra);
+    layout()->activate();
+    centralWidget()->setMinimumHeight(pageMinimum);
 }
 
 void MainWindow::startUp()

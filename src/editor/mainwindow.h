@@ -9,11 +9,14 @@
 #include <span>
 
 class AboutWindow;
+class BackgroundCheck;
+class ProblemsPanel;
 class QAction;
 class QCheckBox;
 class QComboBox;
 class QFrame;
 class QTabBar;
+class QTimer;
 class TickTimer;
 class ThemeDocument;
 
@@ -71,6 +74,16 @@ public:
     /** The theme type selector's choice handler: marks the theme changed and enables its groups. */
     void applyThemeTypeChoice();
 
+    /**
+     * Checks the theme off the UI thread and shows what it finds in the Problems panel and the
+     * status bar. Once a check has run, edits check again when typing pauses.
+     */
+    void checkTheme();
+    BackgroundCheck &themeCheck() const { return *m_check; }
+    ProblemsPanel &problemsPanel() const { return *m_problems; }
+    /** Shows the page and data set of field \a key and puts the focus on its control. */
+    void revealField(const QString &key);
+
     /** Opens the About window, or brings the open one forward. */
     void showAbout();
     /** The open About window, or nullptr. */
@@ -88,6 +101,7 @@ protected:
 private:
     void buildMenus();
     void buildTimers();
+    void buildProblems();
     QWidget *buildPageArea();
     void buildPage(int page);
     void bindFields(QWidget *panel);
@@ -127,6 +141,9 @@ private:
     };
     QList<PendingControl> m_pending;
     QPointer<AboutWindow> m_about;
+    BackgroundCheck *m_check = nullptr;
+    ProblemsPanel *m_problems = nullptr;
+    QTimer *m_recheck = nullptr;
     std::function<bool()> m_closeGuard;
     bool m_showingField = false;
 };

@@ -1,5 +1,6 @@
 // The theme checker: one theme per problem code, each a clean theme with one thing broken.
 
+#include "check/backgroundcheck.h"
 #include "check/themechecker.h"
 #include "common/scripteddialogs.h"
 #include "document/themedocument.h"
@@ -10,6 +11,7 @@
 #include <QBuffer>
 #include <QDir>
 #include <QImage>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtEndian>
@@ -236,6 +238,25 @@ private slots:
         const Report report = checkThemeFile(
             doc, qEnvironmentVariable("STAKKO_SOURCE_DIR") + QStringLiteral("/samples/StakkoSample.skt"), dialogs);
         QVERIFY2(report.isEmpty(), qPrintable(report.lines().join(u'\n')));
+    }
+
+    // A check asked for while one runs must not be lost: the last result is the document's now.
+    void backgroundCheckEndsOnTheLatestDocument()
+    {
+        ThemeDocument doc;
+        doc.resetTheme();
+        set(doc, {{"includecolors", "1"}, {"colortitle", "1,2"}}, {});
+        BackgroundCheck check(doc);
+        QSignalSpy finished(&check, &BackgroundCheck::finished);
+        check.start();
+        QVERIFY(check.isRunning());
+        set(doc, {{"colortitle", "1,2,3"}}, {});
+        check.start();
+        QTRY_VERIFY(!check.isRunning());
+        QVERIFY(check.hasResult());
+        QVERIFY(!finished.isEmpty());
+        QVERIFY(!kinds(checkTheme(doc)).contains(QStringLiteral("error colour-invalid colortitle")));
+        QCOMPARE(kinds(check.report()), kinds(checkTheme(doc)));
     }
 
     void encryptedPackageIsListedWithoutItsPassword()

@@ -194,11 +194,14 @@ private slots:
         if (!saveName.isEmpty())
             dialogs.saveNames.enqueue(path(saveName));
         FileCommands commands(doc, dialogs);
+        int afterSaves = 0;
+        commands.setAfterLoadOrSave([&afterSaves] { ++afterSaves; });
 
         saveAs ? commands.saveAs() : commands.saveTheme();
 
         QCOMPARE(dialogs.saveFilters.size(), dialogShown ? 1 : 0);
         QCOMPARE(doc.isDirty(), dirtyAfter);
+        QCOMPARE(afterSaves, dirtyAfter ? 0 : 1);
         QCOMPARE(doc.currentThemeFile(), currentAfter.isEmpty() ? QString() : path(currentAfter));
         if (!dirtyAfter)
             QVERIFY(contents(doc.currentThemeFile()).contains("Ice Age"));
@@ -231,8 +234,11 @@ private slots:
             dialogs.saveNames.enqueue(path(saveName));
         FileCommands commands(doc, dialogs);
         commands.setProgramFolder(m_dir.path());
+        int afterLoadsAndSaves = 0;
+        commands.setAfterLoadOrSave([&afterLoadsAndSaves] { ++afterLoadsAndSaves; });
 
         commands.loadTheme();
+        QCOMPARE(afterLoadsAndSaves, 0);
         commands.saveTheme();
 
         QCOMPARE(contents(notATheme), QByteArray("shopping list\n"));
@@ -266,6 +272,8 @@ private slots:
         dialogs.openNames.enqueue(theme);
         FileCommands commands(doc, dialogs);
         commands.setProgramFolder(m_dir.path());
+        int afterLoads = 0;
+        commands.setAfterLoadOrSave([&afterLoads] { ++afterLoads; });
         const auto load = [&] {
             if (byPath)
                 return commands.loadPath(theme);
@@ -276,8 +284,10 @@ private slots:
         QCOMPARE(load(), !byPath); // "Cancel" stops both; loadPath says so
         QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
         QCOMPARE(doc.currentThemeFile(), QString());
+        QCOMPARE(afterLoads, 0);
 
         QVERIFY(load());
+        QCOMPARE(afterLoads, 1);
         QCOMPARE(doc.currentThemeFile(), theme);
         QCOMPARE(doc.value(u"name"), QStringLiteral("Glacier"));
         QCOMPARE(doc.number(u"themetype"), 0);

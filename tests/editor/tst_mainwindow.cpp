@@ -1,3 +1,4 @@
+#include "check/backgroundcheck.h"
 #include "document/themesections.h"
 #include "document/description.h"
 #include "document/themedocument.h"
@@ -6,6 +7,7 @@
 #include "editor/controlnames.h"
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
+#include "editor/problemspanel.h"
 #include "preview/ticktimer.h"
 
 #include <QAction>
@@ -16,8 +18,11 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
+#include <QToolButton>
+#include <QTreeWidget>
 
 #include <memory>
 
@@ -431,6 +436,73 @@ private slots:
         QVERIFY(window->close());
         QCOMPARE(asked, 2);
         QVERIFY(!window->isVisible());
+    }
+
+    void problemsPanel_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("bad");
+        QTest::addColumn<QString>("good");
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QString>("selector"); // "" for a page without data sets
+        QTest::addColumn<QString>("dataSet");
+        QTest::addColumn<QString>("focused"); // the key whose control takes the focus
+        QTest::newRow("colour")
+            << "colortitle" << "1,2" << "1,2,3" << 4 << "cmbMisc" << "Theme Colors" << "colortitle";
+        QTest::newRow("block delay, animation off")
+            << "blkdelaybetweenframes" << "fast" << "10" << 3 << "cmbBlocks" << "Game Blocks" << "animateblocks";
+        QTest::newRow("bomb frames")
+            << "Bombframecount" << "x" << "1" << 4 << "cmbMisc" << "Block Bomb" << "Bombframecount";
+        QTest::newRow("internet background start, animation off")
+            << "inetbgstartingframe" << "-1" << "1" << 2 << "cmbFields" << "Internet Background" << "inetbganimated";
+        QTest::newRow("sound") << "rotate" << "/abs/rotate.wav" << "" << 5 << "" << "" << "rotate";
+    }
+
+    // Found by Check Theme, shown below the page, reached by a double-click, gone once fixed.
+    void problemsPanel()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, bad);
+        QFETCH(QString, good);
+        QFETCH(int, page);
+        QFETCH(QString, selector);
+        QFETCH(QString, dataSet);
+        QFETCH(QString, focused);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QTest::qWait(20); // the height is applied once the frame is known
+        const int pageHeight = window->centralWidget()->height();
+        includeEverySection();
+        doc->setText(key, bad);
+
+        QAction *check = control<QAction>("mnuCheckTheme");
+        QCOMPARE(check->shortcut(), QKeySequence(Qt::Key_F7));
+        QSignalSpy finished(&window->themeCheck(), &BackgroundCheck::finished);
+        check->trigger();
+        QVERIFY(finished.wait());
+        auto *list = control<QTreeWidget>(ProblemsPanel::listName);
+        QVERIFY(list->isVisible());
+        const Report &report = window->themeCheck().report();
+        QCOMPARE(list->topLevelItemCount(), report.problems.size());
+        QString count = report.summary();
+        count[0] = count[0].toUpper();
+        QCOMPARE(control<QToolButton>(ProblemsPanel::countName)->text(), count);
+        QTRY_COMPARE(window->centralWidget()->height(), pageHeight);
+
+        const QList<QTreeWidgetItem *> rows = list->findItems(key, Qt::MatchExactly, 1);
+        QVERIFY(!rows.isEmpty());
+        list->scrollToItem(rows.first());
+        // A double-click is a click, then the second press that the view reads as one.
+        const QPoint row = list->visualItemRect(rows.first()).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, row);
+        QCOMPARE(int(window->currentPage()), page);
+        if (!selector.isEmpty())
+            QCOMPARE(control<QComboBox>(selector)->currentText(), dataSet);
+        QTRY_COMPARE(QApplication::focusWidget(), control(fieldControl(focused)));
+
+        doc->setText(key, good);
+        QTRY_VERIFY(list->findItems(key, Qt::MatchExactly, 1).isEmpty());
     }
 
     void aboutWindow_data()

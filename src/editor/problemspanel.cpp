@@ -1,0 +1,74 @@
+#include "editor/problemspanel.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QStyle>
+#include <QToolButton>
+#include <QTreeWidget>
+
+namespace {
+
+constexpr int keyRole = Qt::UserRole;
+
+QIcon severityIcon(Problem::Severity severity)
+{
+    const QStyle::StandardPixmap pixmap = severity == Problem::Severity::Error ? QStyle::SP_MessageBoxCritical
+                                          : severity == Problem::Severity::Warning ? QStyle::SP_MessageBoxWarning
+                                                                                   : QStyle::SP_MessageBoxInformation;
+    return QApplication::style()->standardIcon(pixmap);
+}
+
+} // namespace
+
+ProblemsPanel::ProblemsPanel(QWidget *parent)
+    : QDockWidget(QStringLiteral("Problems"), parent)
+    , m_list(new QTreeWidget)
+    , m_count(new QToolButton)
+{
+    setObjectName(QStringLiteral("dockProblems"));
+    m_list->setObjectName(QLatin1StringView(listName));
+    m_list->setColumnCount(2);
+    m_list->setHeaderLabels({QStringLiteral("Problem"), QStringLiteral("Field")});
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_list->setWordWrap(false);
+    m_list->header()->setStretchLastSection(false);
+    m_list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    connect(m_list, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem *item) {
+        const QString key = item->data(0, keyRole).toString();
+        if (!key.isEmpty())
+            emit fieldRequested(key);
+    });
+    setWidget(m_list);
+
+    m_count->setObjectName(QLatin1StringView(countName));
+    m_count->setAutoRaise(true);
+    m_count->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_count->setToolTip(QStringLiteral("Show the problems the check found"));
+    connect(m_count, &QToolButton::clicked, this, [this] {
+        show();
+        raise();
+        m_list->setFocus();
+    });
+}
+
+void ProblemsPanel::showReport(const Report &report)
+{
+    m_list->clear();
+    QList<QTreeWidgetItem *> items;
+    for (const Problem &p : report.problems) {
+        QString text = p.text;
+        text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+        auto *item = new QTreeWidgetItem({text, p.field});
+        item->setIcon(0, severityIcon(p.severity));
+        item->setToolTip(0, p.file.isEmpty() ? text : text + u'\n' + p.file);
+        item->setData(0, keyRole, p.field);
+        items.append(item);
+    }
+    m_list->addTopLevelItems(items);
+    QString count = report.summary();
+    count[0] = count[0].toUpper();
+    m_count->setText(count);
+    m_count->setIcon(report.isEmpty() ? QIcon() : severityIcon(report.problems.first().severity));
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "common/report.h"
+
+#include <QDockWidget>
+
+class QToolButton;
+class QTreeWidget;
+
+/**
+ * The list of what the last check found: severity icon, message and field. A double-click asks
+ * for the problem's field; the count beside it (for the status bar) opens the panel.
+ */
+class ProblemsPanel : public QDockWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr const char *listName = "lstProblems";
+    static constexpr const char *countName = "cmdProblemCount";
+
+    explicit ProblemsPanel(QWidget *parent = nullptr);
+
+    void showReport(const Report &report);
+    /** The button showing the count; it opens the panel. */
+    QToolButton *countButton() const { return m_count; }
+
+signals:
+    void fieldRequested(const QString &key);
+
+private:
+    QTreeWidget *m_list;
+    QToolButton *m_count;
+};
