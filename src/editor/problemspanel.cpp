@@ -67,6 +67,8 @@ void ProblemsPanel::showReport(const Report &report)
         items.append(item);
     }
     m_list->addTopLevelItems(items);
+    // Rows that kept their place but changed their text are not always repainted on their own.
+    m_list->viewport()->update();
     QString count = report.summary();
     count[0] = count[0].toUpper();
     m_count->setText(count);
