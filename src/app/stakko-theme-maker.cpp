@@ -70,6 +70,8 @@ public:
     }
     QString saveFileName(const QString &filter) override { return m_target->saveFileName(filter); }
     std::optional<quint32> chooseColor() override { return m_target->chooseColor(); }
+    Answer askYesNo(const QString &title, const QString &text) override { return m_target->askYesNo(title, text); }
+    QString chooseFolder(const QString &title) override { return m_target->chooseFolder(title); }
 
 private:
     EditorDialogs *m_target;

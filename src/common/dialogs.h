@@ -20,6 +20,12 @@ public:
     /** A warning with Yes, No and Cancel, Yes the default: the save prompt. */
     virtual Answer askYesNoCancel(const QString &title, const QString &text) = 0;
 
+    /** A question with Yes and No only; where a Cancel exists it counts as No. */
+    virtual Answer askYesNo(const QString &title, const QString &text)
+    {
+        return askYesNoCancel(title, text) == Answer::Yes ? Answer::Yes : Answer::No;
+    }
+
     /** A text input box; nullopt when cancelled. */
     virtual std::optional<QString> inputBox(const QString &prompt, const QString &title) = 0;
 
@@ -34,4 +40,11 @@ public:
 
     /** The colour dialog; the chosen colour as red + 256 green + 65536 blue, or nullopt. */
     virtual std::optional<quint32> chooseColor() = 0;
+
+    /** A folder dialog; "" when cancelled, and where nobody can choose. */
+    virtual QString chooseFolder(const QString &title)
+    {
+        Q_UNUSED(title);
+        return {};
+    }
 };

@@ -1,5 +1,10 @@
 #include "document/fieldbrowsing.h"
 
+#include "document/themeloader.h"
+
+#include <QDir>
+#include <QFileInfo>
+
 #include "common/dialogs.h"
 #include "document/animatedelement.h"
 #include "document/themedocument.h"
@@ -112,6 +117,20 @@ bool browseMusic(ThemeDocument &doc, Dialogs &dialogs)
         return false;
     doc.setText(u"midi", result);
     doc.setMusicFolder(result == chosen ? QString() : doc.packageFolder());
+    return true;
+}
+
+bool browseArtFolder(ThemeDocument &doc, Dialogs &dialogs)
+{
+    const QString chosen = dialogs.chooseFolder(QStringLiteral("Choose the folder of the theme's art"));
+    if (chosen.isEmpty())
+        return false;
+    const QDir folder(QDir::fromNativeSeparators(chosen));
+    // The whole path is the tail: a file chosen below it is stored relative to it.
+    const QString path = folder.absolutePath() + u'/';
+    doc.setPackageFolder(path, path);
+    if (!QFileInfo(resourcePackagePath(doc.currentThemeFile(), doc.value(u"resourcefile"))).isFile())
+        doc.setText(u"resourcefile", folder.dirName() + QStringLiteral(".zip"));
     return true;
 }
 

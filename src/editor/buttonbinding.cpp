@@ -10,6 +10,7 @@
 #include "sound/soundsystem.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QWidget>
@@ -54,6 +55,8 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
         m_dialogs.show(report);
     });
     m_window.onClick(QStringLiteral("cmdPlayMusic"), this, [this] { toggleMusic(); });
+    connect(m_window.findChild<QAction *>(QStringLiteral("mnuArtFolder")), &QAction::triggered, this,
+            [this] { browseArtFolder(m_doc, m_dialogs); });
 
     m_window.setAcceptDrops(true);
     m_window.installEventFilter(this);

@@ -208,6 +208,8 @@ void MainWindow::buildMenus()
         m_problems->show();
         m_problems->raise();
     });
+    tools->addSeparator();
+    addItem(tools, "mnuArtFolder", QStringLiteral("Use Art &Folder..."));
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));

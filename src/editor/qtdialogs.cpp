@@ -28,6 +28,24 @@ Dialogs::Answer QtDialogs::askYesNoCancel(const QString &title, const QString &t
     }
 }
 
+Dialogs::Answer QtDialogs::askYesNo(const QString &title, const QString &text)
+{
+    return QMessageBox::question(m_parent, title, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+            == QMessageBox::Yes
+        ? Answer::Yes
+        : Answer::No;
+}
+
+QString QtDialogs::chooseFolder(const QString &title)
+{
+    const QString chosen = QFileDialog::getExistingDirectory(m_parent, title, nextDialogFolder(),
+                                                             QFileDialog::DontUseNativeDialog);
+    if (chosen.isEmpty())
+        return QString();
+    m_lastChosen = chosen;
+    return QDir::toNativeSeparators(chosen);
+}
+
 void QtDialogs::show(const Report &report)
 {
     static constexpr QMessageBox::Icon icons[] = {QMessageBox::Information, QMessageBox::Warning,

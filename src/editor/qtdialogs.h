@@ -22,6 +22,8 @@ public:
     QString openFileName(const QString &filter, const QString &initialFolder) override;
     QString saveFileName(const QString &filter) override;
     std::optional<quint32> chooseColor() override;
+    Answer askYesNo(const QString &title, const QString &text) override;
+    QString chooseFolder(const QString &title) override;
 
     /**
      * Qt's name filters for a "Description|pattern|...|" filter: one "Description (patterns)"

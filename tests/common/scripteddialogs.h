@@ -26,6 +26,7 @@ public:
     QQueue<QString> openNames;               // open-file dialogs ("" = cancel)
     QQueue<QString> saveNames;               // save-file dialogs ("" = cancel)
     QQueue<std::optional<quint32>> colors;   // colour dialogs
+    QQueue<QString> folders;                 // folder dialogs ("" = cancel)
 
     QList<Message> messages;
     QStringList inputPrompts;
@@ -70,6 +71,12 @@ public:
     {
         ++colorRequests;
         return colors.isEmpty() ? std::nullopt : colors.dequeue();
+    }
+
+    QString chooseFolder(const QString &title) override
+    {
+        messages.append({title, QString(), Kind::Question});
+        return folders.isEmpty() ? QString() : folders.dequeue();
     }
 
     /** "TITLE: TEXT" of every message so far, for compact comparisons. */

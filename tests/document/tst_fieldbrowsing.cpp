@@ -57,7 +57,7 @@ QStringList allValues(const ThemeDocument &doc)
 }
 
 enum class Choice {
-    InsidePackage, InsideWithoutDot, OutsideNoPackage, OutsidePackage, CancelClean, CancelChanged
+    InsidePackage, InsideArtFolder, InsideWithoutDot, OutsideNoPackage, OutsidePackage, CancelClean, CancelChanged
 };
 
 } // namespace
@@ -149,6 +149,7 @@ private slots:
         for (int i = 0; i < buttons.size(); ++i) {
             const QByteArray name = buttons[i].key.toLatin1();
             QTest::addRow("%s, inside the package", name.data()) << i << Choice::InsidePackage;
+            QTest::addRow("%s, inside an art folder", name.data()) << i << Choice::InsideArtFolder;
             QTest::addRow("%s, name without a dot", name.data()) << i << Choice::InsideWithoutDot;
             QTest::addRow("%s, no package", name.data()) << i << Choice::OutsideNoPackage;
             QTest::addRow("%s, outside the package", name.data()) << i << Choice::OutsidePackage;
@@ -163,8 +164,14 @@ private slots:
         QFETCH(Choice, choice);
         const BrowseButton b = packageBrowseButtons().at(button);
         ThemeDocument doc;
-        if (choice != Choice::OutsideNoPackage)
+        const QString artFolder = m_temp.path() + QStringLiteral("/My Art/");
+        if (choice == Choice::InsideArtFolder) {
+            ScriptedDialogs folderDialog;
+            folderDialog.folders.enqueue(artFolder);
+            QVERIFY(browseArtFolder(doc, folderDialog));
+        } else if (choice != Choice::OutsideNoPackage) {
             unpackedPackage(doc);
+        }
         doc.setText(b.key, QStringLiteral("kept1.bmp"));
         if (b.element) {
             doc.setText(b.element->rootField, QStringLiteral("kept"));
@@ -174,14 +181,15 @@ private slots:
         doc.setDirty(choice == Choice::CancelChanged);
         const QStringList before = allValues(doc);
         const bool cancelled = choice == Choice::CancelClean || choice == Choice::CancelChanged;
-        const bool inside = choice == Choice::InsidePackage || choice == Choice::InsideWithoutDot;
+        const bool art = choice == Choice::InsideArtFolder;
+        const bool inside = art || choice == Choice::InsidePackage || choice == Choice::InsideWithoutDot;
         const bool dot = choice != Choice::InsideWithoutDot;
         const QString outside = QStringLiteral("/home/me/art/file1.dat");
         const QString insideName = dot ? QStringLiteral("gfx/file1.dat") : QStringLiteral("background");
         const QString stored = inside ? insideName : outside;
         ScriptedDialogs dialogs; // nothing queued: the dialog is cancelled
         if (!cancelled)
-            dialogs.openNames.enqueue(inside ? m_packageFolder + stored : outside);
+            dialogs.openNames.enqueue(inside ? (art ? artFolder : m_packageFolder) + stored : outside);
 
         QCOMPARE(b.run(doc, dialogs), !cancelled);
 
@@ -189,7 +197,7 @@ private slots:
         QCOMPARE(dialogs.openFolders, QStringList{doc.packageFolder()});
         QVERIFY(dialogs.messages.isEmpty());
         // Music plays from the music folder followed by the stored name: the file chosen.
-        const QString musicFolder = inside ? m_packageFolder : QString();
+        const QString musicFolder = inside ? doc.packageFolder() : QString();
         const bool musicChosen = b.key == u"midi" && !cancelled;
         QCOMPARE(doc.musicFolder(), musicChosen ? musicFolder : QStringLiteral("/music/"));
         if (cancelled) {
@@ -233,6 +241,39 @@ private slots:
         QCOMPARE(allValues(doc), before);
         QVERIFY(!doc.isDirty());
         QVERIFY(dialogs.openFilters.isEmpty());
+    }
+
+    void artFolderNamesThePackageUnlessItExists_data()
+    {
+        QTest::addColumn<QString>("chosen");   // "" cancels
+        QTest::addColumn<QString>("resource"); // before
+        QTest::addColumn<QString>("resourceAfter");
+        QTest::newRow("cancelled") << "" << "" << "";
+        QTest::newRow("no package named") << "art" << "" << "art.zip";
+        QTest::newRow("a package not made yet") << "art" << "Ice.zip" << "art.zip";
+        QTest::newRow("an existing package") << "art" << "Old.zip" << "Old.zip";
+    }
+
+    void artFolderNamesThePackageUnlessItExists()
+    {
+        QFETCH(QString, chosen);
+        QFETCH(QString, resource);
+        QFETCH(QString, resourceAfter);
+        QFile old(m_temp.filePath(QStringLiteral("Old.zip")));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        ThemeDocument doc;
+        doc.setCurrentThemeFile(m_temp.filePath(QStringLiteral("Theme.skt")));
+        doc.setText(u"resourcefile", resource);
+        doc.setDirty(false);
+        ScriptedDialogs dialogs;
+        dialogs.folders.enqueue(chosen.isEmpty() ? QString() : m_temp.filePath(chosen));
+
+        QCOMPARE(browseArtFolder(doc, dialogs), !chosen.isEmpty());
+        QCOMPARE(doc.value(u"resourcefile"), resourceAfter);
+        QCOMPARE(doc.isDirty(), resource != resourceAfter);
+        const QString folder = chosen.isEmpty() ? QString() : m_temp.filePath(chosen) + u'/';
+        QCOMPARE(doc.packageFolder(), folder);
+        QCOMPARE(doc.packageFolderTail(), folder);
     }
 
     void resourcePackageIsUnpackedThenStored()

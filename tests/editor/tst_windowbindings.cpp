@@ -11,6 +11,7 @@
 #include "sound/soundsystem.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
@@ -78,6 +79,7 @@ private slots:
         QTest::newRow("shield sound") << "cmdBrowseSound(10)" << "/snd/s.wav" << "holyshield" << "/snd/s.wav";
         QTest::newRow("skin") << "cmdBrowseSkin" << "/art/skin.bmp" << "skinfile" << "/art/skin.bmp";
         QTest::newRow("music") << "cmdBrowseMusic" << "/snd/m.ogg" << "midi" << "/snd/m.ogg";
+        QTest::newRow("art folder, from the menu") << "mnuArtFolder" << "/art" << "resourcefile" << "art.zip";
     }
 
     void browseButtonsFillTheirFields()
@@ -91,8 +93,13 @@ private slots:
             e.doc.setNumber(section.include, 1);
         e.doc.setNumber(u"themetype", 0); // the skin group is enabled for Type 0 only
         e.doc.setDirty(false);
-        e.dialogs.openNames.enqueue(chosen);
-        e.click(button);
+        if (button.startsWith(u"mnu")) {
+            e.dialogs.folders.enqueue(chosen);
+            e.control<QAction>(button)->trigger();
+        } else {
+            e.dialogs.openNames.enqueue(chosen);
+            e.click(button);
+        }
         QCOMPARE(e.doc.value(key), expected);
         QVERIFY(e.doc.isDirty());
     }
