@@ -6,6 +6,7 @@
 #include "common/safefile.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
+#include "document/themehistory.h"
 #include "document/themerecovery.h"
 #include "editor/buttonbinding.h"
 #include "editor/controlnames.h"
@@ -244,7 +245,11 @@ int main(int argc, char *argv[])
     window.startUp();
     // Page screenshots show the window as it opens, before any check.
     if (screenshotFolder.isEmpty())
-        commands.setAfterLoadOrSave([&window] { window.checkTheme(); });
+        commands.setAfterLoadOrSave([&window](FileCommands::Done done) {
+            if (done == FileCommands::Done::Loaded)
+                window.history().restart();
+            window.checkTheme();
+        });
 
     if (!screenshotFolder.isEmpty()) {
         if (!themePath.isEmpty()) {

@@ -99,7 +99,7 @@ void FileCommands::load(const QString &path)
     m_report.append(report);
     m_doc.setCurrentThemeFile(path);
     if (report.loaded && m_afterLoadOrSave)
-        m_afterLoadOrSave();
+        m_afterLoadOrSave(Done::Loaded);
 }
 
 void FileCommands::saveTheme()
@@ -141,7 +141,7 @@ bool FileCommands::writeTo(const QString &path)
     QString error;
     if (writeThemeFile(m_doc, path, &error)) {
         if (m_afterLoadOrSave)
-            m_afterLoadOrSave();
+            m_afterLoadOrSave(Done::Saved);
         return true;
     }
     // The author must learn why the theme is still unsaved; the command's state stays "changed".

@@ -58,8 +58,9 @@ public:
 
     /** The limits every load unpacks a package within. */
     void setExtractOptions(const ExtractOptions &options) { m_extract = options; }
+    enum class Done { Loaded, Saved };
     /** Runs \a then each time a theme has loaded or the document has been written. */
-    void setAfterLoadOrSave(std::function<void()> then) { m_afterLoadOrSave = std::move(then); }
+    void setAfterLoadOrSave(std::function<void(Done)> then) { m_afterLoadOrSave = std::move(then); }
     /** The folder whose "data" folder the Load dialog opens in; the program's folder unless set. */
     void setProgramFolder(const QString &folder) { m_programFolder = folder; }
 
@@ -75,5 +76,5 @@ private:
     bool m_currentFileLoaded = true;   // false while the current file is one that failed to load
     Report m_report;
     ExtractOptions m_extract;
-    std::function<void()> m_afterLoadOrSave;
+    std::function<void(Done)> m_afterLoadOrSave;
 };

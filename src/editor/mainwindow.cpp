@@ -5,6 +5,7 @@
 #include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
+#include "document/themehistory.h"
 #include "editor/aboutwindow.h"
 #include "editor/controlnames.h"
 #include "editor/pages.h"
@@ -17,6 +18,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QComboBox>
 #include <QFontMetricsF>
 #include <QFrame>
@@ -130,6 +132,7 @@ QColor swatchColor(quint32 value)
 MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
     : QMainWindow(parent)
     , m_doc(document)
+    , m_history(new ThemeHistory(document, this))
 {
     Q_INIT_RESOURCE(icons);
     setObjectName(QStringLiteral("frmMain"));
@@ -189,6 +192,16 @@ void MainWindow::buildMenus()
     addItem(file, "mnuSaveAs", QStringLiteral("Theme Save &As"))->setShortcut(QKeySequence(QStringLiteral("Ctrl+A")));
     file->addSeparator()->setObjectName(QStringLiteral("mnuSpacer"));
     connect(addItem(file, "mnuExit", QStringLiteral("E&xit")), &QAction::triggered, this, &QWidget::close);
+
+    QMenu *edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+    edit->setObjectName(QStringLiteral("mnuEdit"));
+    QAction *undo = m_history->stack().createUndoAction(edit, QStringLiteral("&Undo"));
+    undo->setObjectName(QStringLiteral("mnuUndo"));
+    undo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
+    QAction *redo = m_history->stack().createRedoAction(edit, QStringLiteral("&Redo"));
+    redo->setObjectName(QStringLiteral("mnuRedo"));
+    redo->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
+    edit->addActions({undo, redo});
 
     QMenu *data = menuBar()->addMenu(QStringLiteral("&Theme Data"));
     data->setObjectName(QStringLiteral("mnuData"));
@@ -434,14 +447,20 @@ void MainWindow::bindFields(QWidget *panel)
             continue;
         m_controls[i] = control;
         if (auto *edit = qobject_cast<QLineEdit *>(control)) {
+            edit->installEventFilter(this);
             connect(edit, &QLineEdit::textChanged, this, [this, i](const QString &text) {
-                if (!m_showingField)
-                    m_doc.setValue(i, text);
+                if (m_showingField)
+                    return;
+                m_history->markTyped(i);
+                m_doc.setValue(i, text);
             });
         } else if (auto *text = qobject_cast<QPlainTextEdit *>(control)) {
+            text->installEventFilter(this);
             connect(text, &QPlainTextEdit::textChanged, this, [this, i, text] {
-                if (!m_showingField)
-                    m_doc.setValue(i, text->toPlainText());
+                if (m_showingField)
+                    return;
+                m_history->markTyped(i);
+                m_doc.setValue(i, text->toPlainText());
             });
         } else if (auto *box = qobject_cast<QCheckBox *>(control)) {
             connect(box, &QCheckBox::stateChanged, this, [this, i, box](int state) {
@@ -648,6 +667,21 @@ void MainWindow::closeEvent(QCloseEvent *event)
         return;
     }
     event->accept();
+}
+
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    // Text boxes keep an undo of their own; the document's one history wins, so a step undone
+    // in a box is the same step the menu undoes.
+    if (event->type() == QEvent::ShortcutOverride) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)
+            || key->keyCombination() == QKeyCombination(Qt::ControlModifier, Qt::Key_Y)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 AboutWindow *MainWindow::aboutWindow() const

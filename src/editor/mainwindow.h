@@ -11,6 +11,7 @@
 class AboutWindow;
 class BackgroundCheck;
 class ProblemsPanel;
+class ThemeHistory;
 class QAction;
 class QCheckBox;
 class QComboBox;
@@ -80,6 +81,8 @@ public:
      */
     void checkTheme();
     BackgroundCheck &themeCheck() const { return *m_check; }
+    /** The document's undo history, behind the Edit menu. */
+    ThemeHistory &history() const { return *m_history; }
     ProblemsPanel &problemsPanel() const { return *m_problems; }
     /** Shows the page and data set of field \a key and puts the focus on its control. */
     void revealField(const QString &key);
@@ -96,6 +99,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
@@ -142,6 +146,7 @@ private:
     QList<PendingControl> m_pending;
     QPointer<AboutWindow> m_about;
     BackgroundCheck *m_check = nullptr;
+    ThemeHistory *m_history = nullptr;
     ProblemsPanel *m_problems = nullptr;
     QTimer *m_recheck = nullptr;
     std::function<bool()> m_closeGuard;

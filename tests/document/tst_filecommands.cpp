@@ -195,7 +195,7 @@ private slots:
             dialogs.saveNames.enqueue(path(saveName));
         FileCommands commands(doc, dialogs);
         int afterSaves = 0;
-        commands.setAfterLoadOrSave([&afterSaves] { ++afterSaves; });
+        commands.setAfterLoadOrSave([&afterSaves](FileCommands::Done done) { afterSaves += done == FileCommands::Done::Saved; });
 
         saveAs ? commands.saveAs() : commands.saveTheme();
 
@@ -235,7 +235,7 @@ private slots:
         FileCommands commands(doc, dialogs);
         commands.setProgramFolder(m_dir.path());
         int afterLoadsAndSaves = 0;
-        commands.setAfterLoadOrSave([&afterLoadsAndSaves] { ++afterLoadsAndSaves; });
+        commands.setAfterLoadOrSave([&afterLoadsAndSaves](FileCommands::Done) { ++afterLoadsAndSaves; });
 
         commands.loadTheme();
         QCOMPARE(afterLoadsAndSaves, 0);
@@ -273,7 +273,7 @@ private slots:
         FileCommands commands(doc, dialogs);
         commands.setProgramFolder(m_dir.path());
         int afterLoads = 0;
-        commands.setAfterLoadOrSave([&afterLoads] { ++afterLoads; });
+        commands.setAfterLoadOrSave([&afterLoads](FileCommands::Done done) { afterLoads += done == FileCommands::Done::Loaded; });
         const auto load = [&] {
             if (byPath)
                 return commands.loadPath(theme);

@@ -16,6 +16,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -503,6 +505,41 @@ private slots:
 
         doc->setText(key, good);
         QTRY_VERIFY(list->findItems(key, Qt::MatchExactly, 1).isEmpty());
+    }
+
+    // One history behind the Edit menu, reached also while a text box has the focus.
+    void undoAndRedoFromTheKeyboard()
+    {
+        const QStringList menus = [this] {
+            QStringList names;
+            for (QAction *menu : window->menuBar()->actions())
+                names << menu->menu()->objectName();
+            return names;
+        }();
+        QCOMPARE(menus.mid(0, 3), (QStringList{"mnuFile", "mnuEdit", "mnuData"}));
+        window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        auto *name = control<QLineEdit>(fieldControl("name"));
+        name->setFocus();
+        name->selectAll();
+        QTest::keyClicks(name, QStringLiteral("Ice"));
+        QCoreApplication::processEvents();
+        doc->setNumber(u"includebackground", 1); // a command between: its own step
+        QCoreApplication::processEvents();
+        QVERIFY(control(QStringLiteral("fraBackground"))->isEnabled());
+        doc->setDirty(false);
+
+        QTest::keyClick(name, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(!control(QStringLiteral("fraBackground"))->isEnabled());
+        QCOMPARE(doc->value(u"name"), QStringLiteral("Ice"));
+        QVERIFY(doc->isDirty());
+        QTest::keyClick(name, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(name->text(), QStringLiteral("Stakko Theme"));
+        QCOMPARE(control<QAction>("mnuRedo")->text(), QStringLiteral("&Redo Theme Name"));
+        QTest::keyClick(name, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(name->text(), QStringLiteral("Ice"));
+        QTest::keyClick(name, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(control(QStringLiteral("fraBackground"))->isEnabled());
     }
 
     void aboutWindow_data()
