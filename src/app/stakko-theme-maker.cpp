@@ -6,6 +6,7 @@
 #include "common/safefile.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
+#include "document/recentthemes.h"
 #include "document/themehistory.h"
 #include "document/themerecovery.h"
 #include "editor/buttonbinding.h"
@@ -15,6 +16,7 @@
 #include "editor/previewbinding.h"
 #include "editor/problemspanel.h"
 #include "editor/qtdialogs.h"
+#include "editor/recentmenu.h"
 #include "editor/shutdownsignals.h"
 #include "sound/soundsystem.h"
 
@@ -25,7 +27,9 @@
 #include <QComboBox>
 #include <QDir>
 #include <QEventLoop>
+#include <QMenu>
 #include <QProcess>
+#include <QSettings>
 #include <QTextStream>
 #include <QTimer>
 
@@ -243,11 +247,19 @@ int main(int argc, char *argv[])
     new ButtonBinding(window, doc, dialogs, sound, commands);
 
     window.startUp();
+    // Beside the per-user skm.ini; the theme files and skm.ini keep the layout the game reads.
+    QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Stakko Theme Maker"),
+                       QStringLiteral("editor"));
+    RecentThemes recent(settings);
+    new RecentMenu(*window.findChild<QMenu *>(QStringLiteral("mnuRecent")), recent, commands, dialogs);
     // Page screenshots show the window as it opens, before any check.
     if (screenshotFolder.isEmpty())
-        commands.setAfterLoadOrSave([&window](FileCommands::Done done) {
-            if (done == FileCommands::Done::Loaded)
+        commands.setAfterLoadOrSave([&](FileCommands::Done done) {
+            if (done == FileCommands::Done::Loaded) {
                 window.history().restart();
+                window.focusThemeName();
+            }
+            recent.add(doc.currentThemeFile());
             window.checkTheme();
         });
 

@@ -157,6 +157,7 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
         for (TickTimer *timer : m_timers)
             timer->stop();
         refreshThemeType();
+        focusThemeName();
     });
     buildPage(int(Page::General));
 }
@@ -190,6 +191,7 @@ void MainWindow::buildMenus()
     addItem(file, "mnuLoadTheme", QStringLiteral("Theme &Load"))->setShortcut(QKeySequence(QStringLiteral("Ctrl+L")));
     addItem(file, "mnuSaveTheme", QStringLiteral("Theme &Save"))->setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
     addItem(file, "mnuSaveAs", QStringLiteral("Theme Save &As"))->setShortcut(QKeySequence(QStringLiteral("Ctrl+A")));
+    file->addMenu(QStringLiteral("&Recent Themes"))->setObjectName(QStringLiteral("mnuRecent"));
     file->addSeparator()->setObjectName(QStringLiteral("mnuSpacer"));
     connect(addItem(file, "mnuExit", QStringLiteral("E&xit")), &QAction::triggered, this, &QWidget::close);
 
@@ -276,6 +278,16 @@ void MainWindow::checkTheme()
 {
     m_recheck->stop();
     m_check->start();
+}
+
+void MainWindow::focusThemeName()
+{
+    if (m_page != Page::General)
+        return;
+    auto *name = m_controls.at(fieldIndex("name"));
+    name->setFocus(Qt::OtherFocusReason);
+    if (auto *edit = qobject_cast<QLineEdit *>(name))
+        edit->selectAll();
 }
 
 void MainWindow::revealField(const QString &key)

@@ -84,6 +84,8 @@ public:
     /** The document's undo history, behind the Edit menu. */
     ThemeHistory &history() const { return *m_history; }
     ProblemsPanel &problemsPanel() const { return *m_problems; }
+    /** Puts the cursor in the "Theme Name:" box when the General page shows, so typing goes somewhere. */
+    void focusThemeName();
     /** Shows the page and data set of field \a key and puts the focus on its control. */
     void revealField(const QString &key);
 

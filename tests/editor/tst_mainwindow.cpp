@@ -510,6 +510,10 @@ private slots:
     // One history behind the Edit menu, reached also while a text box has the focus.
     void undoAndRedoFromTheKeyboard()
     {
+        // Typing goes to the theme's name from the start.
+        window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QCOMPARE(QApplication::focusWidget(), control(fieldControl("name")));
         const QStringList menus = [this] {
             QStringList names;
             for (QAction *menu : window->menuBar()->actions())
@@ -517,8 +521,6 @@ private slots:
             return names;
         }();
         QCOMPARE(menus.mid(0, 3), (QStringList{"mnuFile", "mnuEdit", "mnuData"}));
-        window->show();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
         auto *name = control<QLineEdit>(fieldControl("name"));
         name->setFocus();
         name->selectAll();
