@@ -4,6 +4,7 @@
 
 #include "check/backgroundcheck.h"
 #include "common/safefile.h"
+#include "document/autorecovery.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/recentthemes.h"
@@ -27,6 +28,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QEventLoop>
+#include <QLocale>
 #include <QMenu>
 #include <QProcess>
 #include <QSettings>
@@ -77,6 +79,10 @@ public:
     std::optional<quint32> chooseColor() override { return m_target->chooseColor(); }
     Answer askYesNo(const QString &title, const QString &text) override { return m_target->askYesNo(title, text); }
     QString chooseFolder(const QString &title) override { return m_target->chooseFolder(title); }
+    int choose(const QString &title, const QString &text, const QStringList &choices) override
+    {
+        return m_target->choose(title, text, choices);
+    }
 
 private:
     EditorDialogs *m_target;
@@ -252,16 +258,6 @@ int main(int argc, char *argv[])
                        QStringLiteral("editor"));
     RecentThemes recent(settings);
     new RecentMenu(*window.findChild<QMenu *>(QStringLiteral("mnuRecent")), recent, commands, dialogs);
-    // Page screenshots show the window as it opens, before any check.
-    if (screenshotFolder.isEmpty())
-        commands.setAfterLoadOrSave([&](FileCommands::Done done) {
-            if (done == FileCommands::Done::Loaded) {
-                window.history().restart();
-                window.focusThemeName();
-            }
-            recent.add(doc.currentThemeFile());
-            window.checkTheme();
-        });
 
     if (!screenshotFolder.isEmpty()) {
         if (!themePath.isEmpty()) {
@@ -279,6 +275,52 @@ int main(int argc, char *argv[])
         window.setCloseGuard({});
         return ok ? 0 : 1;
     }
+
+    // Everything below belongs to a session with an author: screenshots leave none of it.
+    AutoRecovery recovery(doc);
+    recovery.setPageSource([&window] { return int(window.currentPage()); });
+    QObject::connect(&recovery, &AutoRecovery::copyFailed, &window, [&dialogs](const QString &error) {
+        Report report;
+        report.error(QStringLiteral("Unsaved changes could not be kept for recovery: ") + error);
+        dialogs.show(report);
+    }, Qt::SingleShotConnection);
+    commands.setAfterLoadOrSave([&](FileCommands::Done done) {
+        recovery.restart();
+        if (done == FileCommands::Done::Loaded) {
+            window.history().restart();
+            window.focusThemeName();
+        }
+        recent.add(doc.currentThemeFile());
+        window.checkTheme();
+    });
+    const auto offerRecovery = [&] {
+        const std::vector<AutoRecovery::Orphan> orphans = recovery.takeOrphans();
+        if (orphans.empty())
+            return;
+        // One document: the newest copy is offered, older ones wait for the next start.
+        const AutoRecovery::Orphan &newest = orphans.front();
+        const QString theme = newest.themeFile.isEmpty() ? QStringLiteral("a new theme")
+                                                         : QDir::toNativeSeparators(newest.themeFile);
+        const QString text = QStringLiteral("Stakko Theme Maker did not end properly while %1 had unsaved changes "
+                                            "(kept %2).\n\n\"Restore\" brings the theme back as it was; "
+                                            "\"Discard\" deletes the kept changes.")
+                                 .arg(theme, QLocale().toString(newest.written.toLocalTime(), QLocale::ShortFormat));
+        const int choice = dialogs.choose(QStringLiteral("Recover Unsaved Changes"), text,
+                                          {QStringLiteral("Restore"), QStringLiteral("Discard")});
+        if (choice == 1) {
+            recovery.discard(newest);
+        } else if (choice == 0) {
+            QString error;
+            const std::optional<int> page = recovery.restore(newest, &error);
+            Report report;
+            if (!page)
+                report.error(QStringLiteral("The unsaved changes could not be restored: ") + error);
+            dialogs.show(report);
+            window.history().restart();
+            if (page && *page >= 0 && *page < MainWindow::pageCount)
+                window.showPage(MainWindow::Page(*page));
+        }
+    };
 
     // Ended by the system: Exit without questions, the unsaved changes kept for the next start.
     bool endedBySystem = false;
@@ -310,6 +352,8 @@ int main(int argc, char *argv[])
         dialogs.show(sound.initSound(config));
         if (!endedBySystem)
             dialogs.show(ThemeRecovery().announce());
+        if (!endedBySystem)
+            offerRecovery();
         if (!endedBySystem && !themePath.isEmpty()) {
             commands.loadPath(themePath);
             dialogs.show(commands.takeReport());

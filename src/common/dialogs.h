@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -40,6 +41,15 @@ public:
 
     /** The colour dialog; the chosen colour as red + 256 green + 65536 blue, or nullopt. */
     virtual std::optional<quint32> chooseColor() = 0;
+
+    /** A question answered by one of \a choices (button captions); -1 when nobody chose. */
+    virtual int choose(const QString &title, const QString &text, const QStringList &choices)
+    {
+        Q_UNUSED(title);
+        Q_UNUSED(text);
+        Q_UNUSED(choices);
+        return -1;
+    }
 
     /** A folder dialog; "" when cancelled, and where nobody can choose. */
     virtual QString chooseFolder(const QString &title)

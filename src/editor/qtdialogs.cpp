@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 QtDialogs::QtDialogs(QWidget *parent)
     : m_parent(parent)
@@ -34,6 +35,18 @@ Dialogs::Answer QtDialogs::askYesNo(const QString &title, const QString &text)
             == QMessageBox::Yes
         ? Answer::Yes
         : Answer::No;
+}
+
+int QtDialogs::choose(const QString &title, const QString &text, const QStringList &choices)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, m_parent);
+    QList<QAbstractButton *> buttons;
+    for (const QString &choice : choices)
+        buttons.append(box.addButton(choice, QMessageBox::AcceptRole));
+    if (!buttons.isEmpty())
+        box.setDefaultButton(qobject_cast<QPushButton *>(buttons.first()));
+    box.exec();
+    return int(buttons.indexOf(box.clickedButton()));
 }
 
 QString QtDialogs::chooseFolder(const QString &title)

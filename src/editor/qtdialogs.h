@@ -24,6 +24,7 @@ public:
     std::optional<quint32> chooseColor() override;
     Answer askYesNo(const QString &title, const QString &text) override;
     QString chooseFolder(const QString &title) override;
+    int choose(const QString &title, const QString &text, const QStringList &choices) override;
 
     /**
      * Qt's name filters for a "Description|pattern|...|" filter: one "Description (patterns)"

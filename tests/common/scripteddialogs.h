@@ -27,6 +27,7 @@ public:
     QQueue<QString> saveNames;               // save-file dialogs ("" = cancel)
     QQueue<std::optional<quint32>> colors;   // colour dialogs
     QQueue<QString> folders;                 // folder dialogs ("" = cancel)
+    QQueue<int> choices;                     // choose(): the index of the button, -1 for none
 
     QList<Message> messages;
     QStringList inputPrompts;
@@ -71,6 +72,12 @@ public:
     {
         ++colorRequests;
         return colors.isEmpty() ? std::nullopt : colors.dequeue();
+    }
+
+    int choose(const QString &title, const QString &text, const QStringList &) override
+    {
+        messages.append({title, text, Kind::Question});
+        return choices.isEmpty() ? -1 : choices.dequeue();
     }
 
     QString chooseFolder(const QString &title) override
