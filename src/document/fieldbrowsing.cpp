@@ -46,6 +46,21 @@ const char *rowKey(const Table &keys, int row)
 
 } // namespace
 
+QStringList filterExtensions(QLatin1StringView filter)
+{
+    const QStringList parts = QString(filter).split(u'|');
+    QStringList extensions;
+    for (qsizetype i = 1; i < parts.size(); i += 2) {
+        for (QString pattern : parts.at(i).split(u';', Qt::SkipEmptyParts)) {
+            pattern = pattern.trimmed();
+            if (pattern.startsWith(QStringLiteral("*.")) && pattern != u"*.*")
+                extensions.append(pattern.mid(2).toLower());
+        }
+    }
+    extensions.removeDuplicates();
+    return extensions;
+}
+
 QString makeThemeRelative(const QString &path, const QString &packageFolderTail)
 {
     if (packageFolderTail.isEmpty())

@@ -2,6 +2,7 @@
 
 #include <QLatin1StringView>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -20,6 +21,9 @@ inline constexpr QLatin1StringView musicFilter{
     "Windows Media Audio(*.WMA, *.ASF)|*.WMA;*.ASF|Ogg Vorbis(*.OGG)|*.OGG|Wave File(*.WAV)|*.WAV|"
     "All Files(*.*)|*.*|"};
 inline constexpr QLatin1StringView zipFilter{"Zip File (*.zip)|*.ZIP|"};
+
+/** The file name extensions a filter's patterns name, "All Files" left out: {"bmp", "jpg"}. */
+QStringList filterExtensions(QLatin1StringView filter);
 
 /**
  * \a path with everything up to and including the package folder tail cut off, when the tail

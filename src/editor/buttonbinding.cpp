@@ -11,7 +11,10 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QDir>
 #include <QDropEvent>
+#include <QFileInfo>
+#include <QImageReader>
 #include <QMimeData>
 #include <QWidget>
 
@@ -20,13 +23,44 @@ namespace {
 const QString playMusicCaption = QStringLiteral("Play Music");
 const QString stopMusicCaption = QStringLiteral("Stop Music");
 
-QString droppedTheme(const QMimeData *mime)
+// The one local file dragged, or "".
+QString droppedFile(const QMimeData *mime)
 {
     if (!mime || !mime->hasUrls() || mime->urls().size() != 1)
         return {};
     const QString path = mime->urls().first().toLocalFile();
+    return QFileInfo(path).isFile() ? path : QString();
+}
+
+QString droppedTheme(const QMimeData *mime)
+{
+    const QString path = droppedFile(mime);
     return path.endsWith(QStringLiteral(".skt"), Qt::CaseInsensitive) ? path : QString();
 }
+
+/** A row's Browse as a drop runs it: the open dialog answers with the dropped file at once. */
+class DroppedFileDialogs : public Dialogs
+{
+public:
+    DroppedFileDialogs(Dialogs &questions, const QString &file) : m_questions(questions), m_file(file) {}
+
+    QString openFileName(const QString &, const QString &) override { return std::exchange(m_file, {}); }
+    // A dropped package may still ask for its password.
+    Answer askYesNoCancel(const QString &title, const QString &text) override
+    {
+        return m_questions.askYesNoCancel(title, text);
+    }
+    std::optional<QString> inputBox(const QString &prompt, const QString &title) override
+    {
+        return m_questions.inputBox(prompt, title);
+    }
+    QString saveFileName(const QString &) override { return {}; }
+    std::optional<quint32> chooseColor() override { return std::nullopt; }
+
+private:
+    Dialogs &m_questions;
+    QString m_file;
+};
 
 } // namespace
 
@@ -34,25 +68,36 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
                              FileCommands &commands)
     : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_sound(sound), m_commands(commands)
 {
+    // Every row with a Browse button, once: the button browses, the row's text box takes drops.
     for (int element = 0; element < AnimatedElementCount; ++element) {
-        m_window.onClick(QLatin1StringView(elementControls[element].browse), this,
-                         [this, element] { browseAnimatedImage(m_doc, m_dialogs, element); });
+        addBrowseRow(QLatin1StringView(elementControls[element].browse),
+                     fieldControl(animatedElements[element].imageField), imageFilter,
+                     [this, element](Dialogs &d) { browseAnimatedImage(m_doc, d, element); });
     }
-    m_window.onRowClick(interfaceRows.browse, interfaceRows.keys, this,
-                        [this](int row) { browseInterfaceImage(m_doc, m_dialogs, row); });
-    m_window.onRowClick(miscImageRows.browse, miscImageRows.keys, this,
-                        [this](int row) { browseMiscImage(m_doc, m_dialogs, row); });
-    m_window.onRowClick(soundRows.browse, soundRows.keys, this,
-                        [this](int row) { browseSound(m_doc, m_dialogs, row); });
+    for (int row = 0; row < int(std::size(interfaceRowKeys)); ++row) {
+        addBrowseRow(rowControl(interfaceRows.browse, row), fieldControl(interfaceRowKeys[row]), imageFilter,
+                     [this, row](Dialogs &d) { browseInterfaceImage(m_doc, d, row); });
+    }
+    for (int row = 0; row < int(std::size(miscImageKeys)); ++row) {
+        addBrowseRow(rowControl(miscImageRows.browse, row), rowControl(miscImageRows.edit, row), imageFilter,
+                     [this, row](Dialogs &d) { browseMiscImage(m_doc, d, row); });
+    }
+    for (int row = 0; row < int(std::size(soundRowKeys)); ++row) {
+        addBrowseRow(rowControl(soundRows.browse, row), fieldControl(soundRowKeys[row]), soundFilter,
+                     [this, row](Dialogs &d) { browseSound(m_doc, d, row); });
+    }
+    addBrowseRow(QStringLiteral("cmdBrowseSkin"), fieldControl("skinfile"), imageFilter,
+                 [this](Dialogs &d) { browseSkinFile(m_doc, d); });
+    addBrowseRow(QStringLiteral("cmdBrowseMusic"), fieldControl("midi"), musicFilter,
+                 [this](Dialogs &d) { browseMusic(m_doc, d); });
+    addBrowseRow(QStringLiteral("cmdBrowseResource"), fieldControl("resourcefile"), zipFilter, [this](Dialogs &d) {
+        Report report;
+        browseResourcePackage(m_doc, d, report);
+        m_dialogs.show(report);
+    });
+
     m_window.onRowClick(soundRows.show, soundRows.keys, this, [this](int row) {
         m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRows.keys[row])));
-    });
-    m_window.onClick(QStringLiteral("cmdBrowseSkin"), this, [this] { browseSkinFile(m_doc, m_dialogs); });
-    m_window.onClick(QStringLiteral("cmdBrowseMusic"), this, [this] { browseMusic(m_doc, m_dialogs); });
-    m_window.onClick(QStringLiteral("cmdBrowseResource"), this, [this] {
-        Report report;
-        browseResourcePackage(m_doc, m_dialogs, report);
-        m_dialogs.show(report);
     });
     m_window.onClick(QStringLiteral("cmdPlayMusic"), this, [this] { toggleMusic(); });
     connect(m_window.findChild<QAction *>(QStringLiteral("mnuArtFolder")), &QAction::triggered, this,
@@ -60,6 +105,17 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
 
     m_window.setAcceptDrops(true);
     m_window.installEventFilter(this);
+}
+
+void ButtonBinding::addBrowseRow(const QString &button, const QString &edit, QLatin1StringView filter,
+                                 std::function<void(Dialogs &)> browse)
+{
+    m_window.onClick(button, this, [this, browse] { browse(m_dialogs); });
+    m_window.withControl(edit, this, [this, filter, browse](QWidget *control) {
+        control->setAcceptDrops(true);
+        control->installEventFilter(this);
+        m_dropRows.insert(control, {filter, browse});
+    });
 }
 
 void ButtonBinding::toggleMusic()
@@ -78,8 +134,41 @@ void ButtonBinding::toggleMusic()
     }
 }
 
+bool ButtonBinding::fits(const QString &path, QLatin1StringView filter)
+{
+    // Authors rename pictures freely: an image row takes whatever decodes as one.
+    if (filter == imageFilter)
+        return !QImageReader::imageFormat(path).isEmpty();
+    const QString suffix = QFileInfo(path).suffix();
+    return filterExtensions(filter).contains(suffix, Qt::CaseInsensitive);
+}
+
 bool ButtonBinding::eventFilter(QObject *watched, QEvent *event)
 {
+    const auto row = m_dropRows.constFind(watched);
+    const bool onRow = row != m_dropRows.cend();
+    if (onRow && (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove)) {
+        auto *drag = static_cast<QDragMoveEvent *>(event);
+        const QString file = droppedFile(drag->mimeData());
+        // The text box's own drop would paste the file's address as text: never let it.
+        if (!droppedTheme(drag->mimeData()).isEmpty() || (!file.isEmpty() && fits(file, row->filter)))
+            drag->acceptProposedAction();
+        else
+            drag->ignore();
+        return true;
+    }
+    if (onRow && event->type() == QEvent::Drop) {
+        auto *drop = static_cast<QDropEvent *>(event);
+        const QString file = droppedFile(drop->mimeData());
+        if (!droppedTheme(drop->mimeData()).isEmpty()) {
+            loadDroppedTheme(drop);
+        } else if (!file.isEmpty() && fits(file, row->filter)) {
+            drop->acceptProposedAction();
+            DroppedFileDialogs answer(m_dialogs, QDir::toNativeSeparators(file));
+            row->browse(answer);
+        }
+        return true;
+    }
     if (watched == &m_window && event->type() == QEvent::DragEnter) {
         auto *drag = static_cast<QDragEnterEvent *>(event);
         if (!droppedTheme(drag->mimeData()).isEmpty())
@@ -87,14 +176,18 @@ bool ButtonBinding::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     if (watched == &m_window && event->type() == QEvent::Drop) {
-        auto *drop = static_cast<QDropEvent *>(event);
-        const QString path = droppedTheme(drop->mimeData());
-        if (!path.isEmpty()) {
-            drop->acceptProposedAction();
-            m_commands.loadPath(path);
-            m_dialogs.show(m_commands.takeReport());
-        }
+        loadDroppedTheme(static_cast<QDropEvent *>(event));
         return true;
     }
     return QObject::eventFilter(watched, event);
+}
+
+void ButtonBinding::loadDroppedTheme(QDropEvent *drop)
+{
+    const QString path = droppedTheme(drop->mimeData());
+    if (path.isEmpty())
+        return;
+    drop->acceptProposedAction();
+    m_commands.loadPath(path);
+    m_dialogs.show(m_commands.takeReport());
 }

@@ -1,16 +1,23 @@
 #pragma once
 
+#include <QHash>
+#include <QLatin1StringView>
 #include <QObject>
 
+#include <functional>
+
+class Dialogs;
 class EditorDialogs;
+class QDropEvent;
 class FileCommands;
 class MainWindow;
 class SoundSystem;
 class ThemeDocument;
 
 /**
- * Connects the window's Browse, play and music buttons to the field-editing and sound code,
- * and loads a .skt file dropped on the window through the Load command's save guard.
+ * Connects the window's Browse, play and music buttons to the field-editing and sound code.
+ * A file dropped on a row's text box is taken as its Browse would take it, when it is of the
+ * row's kind; a .skt file dropped anywhere loads through the Load command's save guard.
  * Controls are found by their object names, also on pages built later, so the window needs
  * no knowledge of this.
  */
@@ -26,6 +33,15 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    struct DropRow {
+        QLatin1StringView filter;
+        std::function<void(Dialogs &)> browse;
+    };
+
+    void addBrowseRow(const QString &button, const QString &edit, QLatin1StringView filter,
+                      std::function<void(Dialogs &)> browse);
+    static bool fits(const QString &path, QLatin1StringView filter);
+    void loadDroppedTheme(QDropEvent *drop);
     void toggleMusic();
 
     MainWindow &m_window;
@@ -33,4 +49,5 @@ private:
     EditorDialogs &m_dialogs;
     SoundSystem &m_sound;
     FileCommands &m_commands;
+    QHash<QObject *, DropRow> m_dropRows;
 };

@@ -1,8 +1,10 @@
 #include "common/scripteddialogs.h"
+#include "common/testfiles.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/themesections.h"
 #include "editor/buttonbinding.h"
+#include "editor/controlnames.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/previewsurface.h"
@@ -13,6 +15,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -102,6 +105,62 @@ private slots:
         }
         QCOMPARE(e.doc.value(key), expected);
         QVERIFY(e.doc.isDirty());
+    }
+
+    void filesDroppedOnRows_data()
+    {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("file");   // written into the test folder; "*.skt" is a theme
+        QTest::addColumn<QString>("key");    // "" when the drop is refused
+        QTest::addColumn<QString>("stored"); // relative to the test folder
+        QTest::newRow("frame image, root split") << fieldControl("bgimage") << "bg1.bmp" << "bgfilename" << "bg";
+        QTest::newRow("picture renamed .png") << rowControl(miscImageRows.edit, 2) << "door.png" << "internetdoor"
+                                              << "door.png";
+        QTest::newRow("sound") << fieldControl("rotate") << "turn.wav" << "rotate" << "turn.wav";
+        QTest::newRow("music") << fieldControl("midi") << "tune.ogg" << "midi" << "tune.ogg";
+        QTest::newRow("text named .bmp refused") << fieldControl("skinfile") << "notes.bmp" << "" << "";
+        QTest::newRow("mp3 on a sound row refused") << fieldControl("drop") << "drop.mp3" << "" << "";
+        QTest::newRow("theme on a row loads") << fieldControl("rotate") << "other.skt" << "name" << "Other";
+    }
+
+    void filesDroppedOnRows()
+    {
+        QFETCH(QString, control);
+        QFETCH(QString, file);
+        QFETCH(QString, key);
+        QFETCH(QString, stored);
+        Editor e;
+        for (const ThemeSection &section : themeSections())
+            e.doc.setNumber(section.include, 1);
+        e.doc.setNumber(u"themetype", 0); // the skin group is enabled for Type 0 only
+        e.doc.setPackageFolder(m_dir.path() + u'/', m_dir.path() + u'/');
+        const QString path = m_dir.filePath(file);
+        if (file.endsWith(u".bmp") && key.isEmpty())
+            QVERIFY(writeFile(path, "shopping list"));
+        else if (file.endsWith(u".bmp") || file.endsWith(u".png"))
+            writeFrame(path, frameColor(1), {8, 8});
+        else if (file.endsWith(u".skt"))
+            QVERIFY(writeFile(path, "[Theme Info]\r\nname=Other\r\nthemetype=0\r\n"));
+        else
+            QVERIFY(writeFile(path, "sound"));
+        e.doc.setDirty(false);
+        const QString before = e.doc.value(fieldControls().indexOf(control));
+        QWidget *target = e.control(control);
+        QVERIFY(target);
+
+        QMimeData mime;
+        mime.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(QPoint(2, 2), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &enter);
+        QCOMPARE(enter.isAccepted(), !key.isEmpty());
+        QDropEvent drop(QPointF(2, 2), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &drop);
+        if (key.isEmpty()) {
+            QCOMPARE(e.doc.value(fieldControls().indexOf(control)), before);
+            QVERIFY(!e.doc.isDirty());
+        } else {
+            QCOMPARE(e.doc.value(key), stored);
+        }
     }
 
     void musicButtonTogglesOnItsCaption()
