@@ -56,6 +56,13 @@ class WindowBindingsTest : public QObject
 
     QTemporaryDir m_dir;
 
+    static void everyRowEnabled(Editor &e)
+    {
+        for (const ThemeSection &section : themeSections())
+            e.doc.setNumber(section.include, 1);
+        e.doc.setNumber(u"themetype", 0); // the skin group is enabled for Type 0 only
+    }
+
     void prepareBackground(Editor &e)
     {
         for (int n = 1; n <= 3; ++n)
@@ -92,9 +99,7 @@ private slots:
         QFETCH(QString, key);
         QFETCH(QString, expected);
         Editor e;
-        for (const ThemeSection &section : themeSections())
-            e.doc.setNumber(section.include, 1);
-        e.doc.setNumber(u"themetype", 0); // the skin group is enabled for Type 0 only
+        everyRowEnabled(e);
         e.doc.setDirty(false);
         if (button.startsWith(u"mnu")) {
             e.dialogs.folders.enqueue(chosen);
@@ -130,9 +135,7 @@ private slots:
         QFETCH(QString, key);
         QFETCH(QString, stored);
         Editor e;
-        for (const ThemeSection &section : themeSections())
-            e.doc.setNumber(section.include, 1);
-        e.doc.setNumber(u"themetype", 0); // the skin group is enabled for Type 0 only
+        everyRowEnabled(e);
         e.doc.setPackageFolder(m_dir.path() + u'/', m_dir.path() + u'/');
         const QString path = m_dir.filePath(file);
         if (file.endsWith(u".bmp") && key.isEmpty())
