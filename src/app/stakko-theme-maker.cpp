@@ -10,6 +10,7 @@
 #include "document/recentthemes.h"
 #include "document/themehistory.h"
 #include "document/themerecovery.h"
+#include "editor/buildcommand.h"
 #include "editor/buttonbinding.h"
 #include "editor/controlnames.h"
 #include "editor/editordialogs.h"
@@ -251,6 +252,7 @@ int main(int argc, char *argv[])
     window.setCloseGuard(endEditor);
     new PreviewBinding(window, doc, dialogs);
     new ButtonBinding(window, doc, dialogs, sound, commands);
+    new BuildCommand(window, doc, dialogs, commands);
 
     window.startUp();
     // Beside the per-user skm.ini; the theme files and skm.ini keep the layout the game reads.

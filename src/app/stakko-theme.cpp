@@ -2,6 +2,7 @@
 
 #include "consoledialogs.h"
 
+#include "check/packagebuilder.h"
 #include "check/themechecker.h"
 #include "common/ansitext.h"
 #include "document/description.h"
@@ -44,12 +45,20 @@ const char *const usageText =
     "  check THEME [--json]\n"
     "        Load THEME as the editor does and list every problem the game would meet, errors\n"
     "        first, as lines or (--json) one JSON array; exit status 1 when any is an error.\n"
+    "  build THEME [--from DIR] [-o PACKAGE] [--relink]\n"
+    "        Write the resource package of a Type 1 theme from the files it names, looked up\n"
+    "        in DIR (default: its unpacked package, else its folder), to its resource file\n"
+    "        (or PACKAGE). --relink stores files named by absolute paths under their own\n"
+    "        names and saves the theme with the new names. Nothing is written when a file\n"
+    "        is missing; exit status 1 then.\n"
     "\n"
     "Options:\n"
     "  -s KEY=VALUE          set a field (KEY as in the theme file: name, bgimage, Bombfilename,\n"
     "                        includebackground, themetype, ...); fields are set in order\n"
     "  --set-file KEY=FILE   set a field to the text of FILE (UTF-8), e.g. the description\n"
     "  -o FILE               where to write\n"
+    "  --from DIR            where build looks up the theme's files\n"
+    "  --relink              let build store absolutely named files under their own names\n"
     "  --password PW         answer a package's password question with PW\n"
     "  --max-unpacked-bytes N\n"
     "                        stop unpacking a package that would write more than N bytes\n"
@@ -72,6 +81,8 @@ struct Options {
     QString root;
     ExtractOptions extract;
     bool json = false;
+    QString from;
+    bool relink = false;
 };
 
 QString takeValue(const QStringList &args, qsizetype &i)
@@ -122,6 +133,10 @@ Options parse(const QStringList &args, ConsoleDialogs &dialogs)
             o.extract.maxBytes = bytes;
         } else if (a == u"--json") {
             o.json = true;
+        } else if (a == u"--from") {
+            o.from = takeValue(args, i);
+        } else if (a == u"--relink") {
+            o.relink = true;
         } else if (a == u"--password") {
             dialogs.password = takeValue(args, i);
         } else if (a.startsWith(u'-') && a.size() > 1) {
@@ -221,8 +236,8 @@ QByteArray problemsJson(const Report &report)
     return out + (report.isEmpty() ? "]\n" : "\n]\n");
 }
 
-/** One line per problem, then the count of each severity. */
-QByteArray problemsText(const Report &report)
+/** One line per problem. */
+QByteArray problemLines(const Report &report)
 {
     QByteArray out;
     for (const Problem &p : report.problems) {
@@ -232,7 +247,41 @@ QByteArray problemsText(const Report &report)
         out += (error ? "error " : "warning ") + p.code.toUtf8() + (p.field.isEmpty() ? "" : " " + p.field.toUtf8())
             + ": " + text.toUtf8() + '\n';
     }
-    return out + report.summary().toUtf8() + '\n';
+    return out;
+}
+
+/** One line per problem, then the count of each severity. */
+QByteArray problemsText(const Report &report)
+{
+    return problemLines(report) + report.summary().toUtf8() + '\n';
+}
+
+int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
+{
+    requireArguments(o, 1, 1);
+    const QString theme = o.positional.at(0);
+    commands.loadPath(theme);
+    Report loaded = commands.takeReport();
+    if (!commands.currentFileLoaded()) {
+        ConsoleDialogs::print(loaded);
+        return ExitError;
+    }
+    // The package is what is being made: that it is missing is no news.
+    loaded.problems.removeIf([](const Problem &p) { return p.code == u"package-missing"; });
+    ConsoleDialogs::print(loaded);
+
+    const BuildReport built = buildResourcePackage(doc, {o.from, o.output, o.relink});
+    const QByteArray problems = problemLines(built);
+    std::fwrite(problems.constData(), 1, size_t(problems.size()), stderr);
+    if (!built.written)
+        return ExitError;
+    std::printf("%s: %lld files\n", qUtf8Printable(QDir::toNativeSeparators(built.package)),
+                static_cast<long long>(built.entries));
+    if (built.relinked.isEmpty())
+        return ExitOk;
+    for (const QString &key : built.relinked)
+        std::printf("relinked %s: %s\n", qUtf8Printable(key), qUtf8Printable(doc.value(key)));
+    return save(commands, false) ? ExitOk : ExitError;
 }
 
 int run(const Options &o, ConsoleDialogs &dialogs)
@@ -303,6 +352,8 @@ int run(const Options &o, ConsoleDialogs &dialogs)
         std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
         return report.hasErrors() ? ExitError : ExitOk;
     }
+    if (o.command == u"build")
+        return build(o, doc, commands);
     if (o.command == u"pack") {
         if (o.output.isEmpty() || o.positional.isEmpty())
             throw UsageError{QStringLiteral("pack needs -o PACKAGE.zip and at least one file")};

@@ -39,15 +39,6 @@ QString captionOf(QAnyStringView key)
     return caption;
 }
 
-const AnimatedElement *elementWithRoot(const QString &rootField)
-{
-    for (const AnimatedElement &e : animatedElements) {
-        if (rootField == QLatin1StringView(e.rootField))
-            return &e;
-    }
-    return nullptr;
-}
-
 bool isComponent(const QString &part)
 {
     const auto digit = [](QChar c) { return c >= u'0' && c <= u'9'; };

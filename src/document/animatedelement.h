@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QAnyStringView>
+#include <QLatin1StringView>
 #include <QSize>
 
 /** The editor's pages, in tab order. */
@@ -77,3 +79,13 @@ inline constexpr AnimatedElement animatedElements[AnimatedElementCount] = {
      FrameStripId::Blocks, ElementBomb, QSize(64, 64), QSize(192, 64), 193, 65,
      EditorPage::Misc, "Block Bomb", EditorPage::Misc},
 };
+
+/** The element whose frame root is the field \a rootField ("bgfilename"), or nullptr. */
+inline const AnimatedElement *elementWithRoot(QAnyStringView rootField)
+{
+    for (const AnimatedElement &e : animatedElements) {
+        if (QAnyStringView::equal(rootField, QLatin1StringView(e.rootField)))
+            return &e;
+    }
+    return nullptr;
+}

@@ -225,6 +225,7 @@ void MainWindow::buildMenus()
     });
     tools->addSeparator();
     addItem(tools, "mnuArtFolder", QStringLiteral("Use Art &Folder..."));
+    addItem(tools, "mnuBuildPackage", QStringLiteral("&Build Resource Package"));
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));

@@ -41,12 +41,7 @@ bool fail(QString *error, const QString &text)
     return false;
 }
 
-struct PackedFile {
-    QString path;
-    QString name;   // stored name, relative to the root
-};
-
-bool collectFiles(const QStringList &files, const QString &root, QList<PackedFile> *out,
+bool collectFiles(const QStringList &files, const QString &root, QList<PackageEntry> *out,
                   QString *error)
 {
     const QDir rootDir(QFileInfo(root).absoluteFilePath());
@@ -59,7 +54,7 @@ bool collectFiles(const QStringList &files, const QString &root, QList<PackedFil
                                    .arg(file, QDir::toNativeSeparators(rootDir.path())));
         if (!info.isFile())
             return fail(error, QStringLiteral("%1 is not a file that can be packed.").arg(file));
-        out->append({info.absoluteFilePath(), name});
+        out->append({name, info.absoluteFilePath()});
     }
     return true;
 }
@@ -83,11 +78,11 @@ bool setEncryption(archive *a, const PackageWriteOptions &options, QString *erro
     return true;
 }
 
-bool addFile(archive *a, const PackedFile &file, time_t mtime, QString *error)
+bool addFile(archive *a, const PackageEntry &file, time_t mtime, QString *error)
 {
-    QFile in(file.path);
+    QFile in(file.source);
     if (!in.open(QIODevice::ReadOnly))
-        return fail(error, QStringLiteral("Could not read %1: %2").arg(file.path, in.errorString()));
+        return fail(error, QStringLiteral("Could not read %1: %2").arg(file.source, in.errorString()));
 
     std::unique_ptr<archive_entry, EntryDeleter> entry(archive_entry_new());
     archive_entry_set_pathname_utf8(entry.get(), file.name.toUtf8().constData());
@@ -104,7 +99,7 @@ bool addFile(archive *a, const PackedFile &file, time_t mtime, QString *error)
     for (;;) {
         const qint64 got = in.read(buffer.data(), buffer.size());
         if (got < 0)
-            return fail(error, QStringLiteral("Could not read %1: %2").arg(file.path, in.errorString()));
+            return fail(error, QStringLiteral("Could not read %1: %2").arg(file.source, in.errorString()));
         if (got == 0)
             break;
         if (archive_write_data(a, buffer.constData(), size_t(got)) != got)
@@ -113,7 +108,7 @@ bool addFile(archive *a, const PackedFile &file, time_t mtime, QString *error)
         total += got;
     }
     if (total != archive_entry_size(entry.get()))
-        return fail(error, QStringLiteral("%1 changed while it was packed.").arg(file.path));
+        return fail(error, QStringLiteral("%1 changed while it was packed.").arg(file.source));
     return true;
 }
 
@@ -122,10 +117,13 @@ bool addFile(archive *a, const PackedFile &file, time_t mtime, QString *error)
 bool writeResourcePackage(const QString &zipPath, const QStringList &files, const QString &root,
                           QString *error, const PackageWriteOptions &options)
 {
-    QList<PackedFile> packed;
-    if (!collectFiles(files, root, &packed, error))
-        return false;
+    QList<PackageEntry> packed;
+    return collectFiles(files, root, &packed, error) && writePackageEntries(zipPath, packed, error, {}, options);
+}
 
+bool writePackageEntries(const QString &zipPath, const QList<PackageEntry> &packed, QString *error,
+                         const PackageProgress &progress, const PackageWriteOptions &options)
+{
     SafeFile out(zipPath);
     if (!out.open())
         return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
@@ -150,9 +148,11 @@ bool writeResourcePackage(const QString &zipPath, const QStringList &files, cons
         return writeFailure(a);
 
     const time_t mtime = fixedEntryTime();
-    for (const PackedFile &file : packed) {
-        if (!addFile(a, file, mtime, error))
+    for (qsizetype i = 0; i < packed.size(); ++i) {
+        if (!addFile(a, packed.at(i), mtime, error))
             return out.errorString().isEmpty() ? false : writeFailure(a);
+        if (progress && !progress(i + 1, packed.size()))
+            return fail(error, QStringLiteral("Writing %1 was cancelled.").arg(zipPath));
     }
     if (archive_write_close(a) != ARCHIVE_OK)
         return writeFailure(a);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
+
+#include <functional>
 
 enum class PackageEncryption {
     None,
@@ -25,3 +28,22 @@ struct PackageWriteOptions {
  */
 bool writeResourcePackage(const QString &zipPath, const QStringList &files, const QString &root,
                           QString *error = nullptr, const PackageWriteOptions &options = {});
+
+struct PackageEntry {
+    QString name;   // as stored, "/" separators
+    QString source; // the file it is read from
+};
+
+/**
+ * Told after each entry how many of how many are written; false stops the writing, and the
+ * archive at the target then stays as it was.
+ */
+using PackageProgress = std::function<bool(qsizetype done, qsizetype total)>;
+
+/**
+ * writeResourcePackage() with each entry's stored name given: entries in the given order, the
+ * same fixed date, the same bytes for the same input. False and \a error filled when a file
+ * cannot be read, the archive cannot be written or \a progress stopped it.
+ */
+bool writePackageEntries(const QString &zipPath, const QList<PackageEntry> &entries, QString *error = nullptr,
+                         const PackageProgress &progress = {}, const PackageWriteOptions &options = {});

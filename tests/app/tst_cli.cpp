@@ -171,7 +171,7 @@ private slots:
         QVERIFY(missing.err.startsWith("Error: Could not load resource file Nope.zip\n"));
     }
 
-    void checkListsProblemsAndTellsByStatus_data()
+    void checkAndBuildTellByStatus_data()
     {
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("status");
@@ -188,9 +188,13 @@ private slots:
                                             "\"field\": \"rotate\", \"file\": \"r.wav\", \"message\": "
                                             "\"Rotate Block \\\"r.wav\\\" is missing (r.wav)\"}\n]\n");
         QTest::newRow("no theme") << QStringList{"check"} << 2 << QByteArray();
+        QTest::newRow("build") << QStringList{"build", "unused.skt", "-o", "Y.zip"} << 0 << QByteArray("Y.zip: 0 files\n");
+        QTest::newRow("build, a file missing") << QStringList{"build", "broken1.skt"} << 1 << QByteArray();
+        QTest::newRow("build, Type 0") << QStringList{"build", "clean.skt"} << 1 << QByteArray();
+        QTest::newRow("build, no theme") << QStringList{"build", "--relink"} << 2 << QByteArray();
     }
 
-    void checkListsProblemsAndTellsByStatus()
+    void checkAndBuildTellByStatus()
     {
         QFETCH(QStringList, args);
         QFETCH(int, status);
@@ -203,6 +207,7 @@ private slots:
             {"new", "-s", "resourcefile=X.zip", "-o", "unused.skt"},
             {"new", "-s", "themetype=0", "-o", "clean.skt"},
             {"new", "-s", "themetype=0", "-s", "includesounds=1", "-s", "rotate=r.wav", "-o", "broken.skt"},
+            {"new", "-s", "resourcefile=B.zip", "-s", "includesounds=1", "-s", "rotate=r.wav", "-o", "broken1.skt"},
         };
         for (const QStringList &made : makeThemes)
             QCOMPARE(cli(made).status, 0);
@@ -210,6 +215,11 @@ private slots:
         const Run r = cli(args);
         QCOMPARE(r.status, status);
         QCOMPARE(r.out, out);
+        if (args.first() == u"build" && status == 1)
+            QVERIFY2(r.err.contains(args.contains(u"clean.skt") ? "Theme Type 0" : "error file-missing rotate"),
+                     r.err.constData());
+        if (args.first() == u"build")
+            QCOMPARE(QFile::exists(m_dir.filePath(QStringLiteral("B.zip"))), false);
         if (args.contains(QStringLiteral("--json")))
             QVERIFY(QJsonDocument::fromJson(r.out).isArray());
     }

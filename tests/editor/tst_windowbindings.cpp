@@ -3,6 +3,7 @@
 #include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/themesections.h"
+#include "editor/buildcommand.h"
 #include "editor/buttonbinding.h"
 #include "editor/controlnames.h"
 #include "editor/mainwindow.h"
@@ -10,6 +11,7 @@
 #include "editor/previewsurface.h"
 #include "preview/previewtesthelpers.h"
 #include "preview/ticktimer.h"
+#include "package/resourcepackage.h"
 #include "sound/soundsystem.h"
 
 #include <QAbstractButton>
@@ -32,6 +34,7 @@ class WindowBindingsTest : public QObject
         FileCommands commands{doc, dialogs};
         ButtonBinding buttons{window, doc, dialogs, sound, commands};
         PreviewBinding previews{window, doc, dialogs};
+        BuildCommand build{window, doc, dialogs, commands};
 
         Editor() { window.startUp(); }
         // The bindings came first, so this also checks that pages built later get connected.
@@ -164,6 +167,49 @@ private slots:
         } else {
             QCOMPARE(e.doc.value(key), stored);
         }
+    }
+
+    void buildFromTheMenu_data()
+    {
+        QTest::addColumn<QString>("rotate");   // %ART% for the art folder
+        QTest::addColumn<int>("relinkAnswer"); // -1: no question is asked
+        QTest::addColumn<QString>("stored");   // rotate once built; "" when nothing was built
+        QTest::newRow("art folder") << "r.wav" << -1 << "r.wav";
+        QTest::newRow("absolute, relinked") << "%ART%r.wav" << int(Dialogs::Answer::Yes) << "r.wav";
+        QTest::newRow("absolute, kept") << "%ART%r.wav" << int(Dialogs::Answer::No) << "";
+    }
+
+    // A new theme from a folder of art: saved through Save As, then packed beside it.
+    void buildFromTheMenu()
+    {
+        QFETCH(QString, rotate);
+        QFETCH(int, relinkAnswer);
+        QFETCH(QString, stored);
+        QTemporaryDir dir;
+        const QString art = dir.filePath(QStringLiteral("art/"));
+        QVERIFY(writeFile(art + QStringLiteral("r.wav"), "RIFF"));
+        Editor e;
+        e.dialogs.folders.enqueue(art);
+        e.control<QAction>(QStringLiteral("mnuArtFolder"))->trigger();
+        e.doc.setNumber(u"includesounds", 1);
+        e.doc.setText(u"rotate", rotate.replace(QStringLiteral("%ART%"), art));
+        const QString theme = dir.filePath(QStringLiteral("Rock.skt"));
+        e.dialogs.saveNames.enqueue(theme);
+        if (relinkAnswer >= 0)
+            e.dialogs.answers.enqueue(Dialogs::Answer(relinkAnswer));
+
+        e.control<QAction>(QStringLiteral("mnuBuildPackage"))->trigger();
+        QCOMPARE(e.doc.currentThemeFile(), theme);
+        const QString zip = dir.filePath(QStringLiteral("art.zip"));
+        QCOMPARE(QFile::exists(zip), !stored.isEmpty());
+        QCOMPARE(e.doc.value(u"rotate"), stored.isEmpty() ? rotate : stored);
+        if (stored.isEmpty()) {
+            QVERIFY(e.dialogs.messageLines().last().contains(QStringLiteral("absolute path")));
+            return;
+        }
+        QCOMPARE(packageEntryNames(zip).value_or(QStringList()), QStringList{stored});
+        QCOMPARE(e.doc.packageFolder(), QDir::cleanPath(art) + u'/'); // previews keep following the art
+        QVERIFY(readFile(theme).contains("rotate=" + stored.toLatin1()));
     }
 
     void musicButtonTogglesOnItsCaption()

@@ -1,0 +1,96 @@
+#include "editor/buildcommand.h"
+
+#include "check/packagebuilder.h"
+#include "common/pathlookup.h"
+#include "document/filecommands.h"
+#include "document/referencedfiles.h"
+#include "document/themedocument.h"
+#include "editor/editordialogs.h"
+#include "editor/mainwindow.h"
+#include "editor/problemspanel.h"
+#include "package/resourcepackage.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QProgressDialog>
+#include <QStatusBar>
+
+namespace {
+
+const QString caption = QStringLiteral("Build Resource Package");
+// Listing more than this in one box helps nobody; the Problems panel holds them all.
+constexpr int listedProblems = 12;
+
+} // namespace
+
+BuildCommand::BuildCommand(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs, FileCommands &commands)
+    : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_commands(commands)
+{
+    connect(window.findChild<QAction *>(QStringLiteral("mnuBuildPackage")), &QAction::triggered, this,
+            &BuildCommand::build);
+}
+
+bool BuildCommand::build()
+{
+    if (m_doc.number(u"themetype") == 1 && m_doc.currentThemeFile().isEmpty() && !m_commands.saveThemeAs()) {
+        m_dialogs.show(m_commands.takeReport());
+        return false;
+    }
+    QStringList absolute;
+    for (const FileReference &r : referencedFiles(m_doc)) {
+        if (r.kind != FileKind::ResourcePackage && isAbsoluteThemePath(r.name))
+            absolute << QStringLiteral("%1: %2").arg(r.key, QDir::toNativeSeparators(r.name));
+    }
+    const bool relink =
+        !absolute.isEmpty()
+        && m_dialogs.askYesNo(caption, QStringLiteral("These files are named by absolute paths, which will not exist on "
+                                                      "the player's machine:\n\n%1\n\nStore them in the package under "
+                                                      "their own names and change the fields to those names?")
+                                           .arg(absolute.join(u'\n')))
+               == Dialogs::Answer::Yes;
+
+    QProgressDialog progress(QStringLiteral("Writing the resource package..."), QStringLiteral("Cancel"), 0, 1,
+                             &m_window);
+    progress.setWindowTitle(caption);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(500); // small packages are done before it would show
+    const BuildReport built = buildResourcePackage(m_doc, {QString(), QString(), relink}, [&](qsizetype done, qsizetype total) {
+        progress.setMaximum(int(total));
+        progress.setValue(int(done));
+        QApplication::processEvents();
+        return !progress.wasCanceled();
+    });
+    progress.reset();
+
+    if (!built.written) {
+        Report shown;
+        QStringList lines;
+        for (const Problem &p : built.problems.mid(0, listedProblems))
+            lines << p.text;
+        if (built.problems.size() > listedProblems)
+            lines << QStringLiteral("... and %1 more in the Problems panel.").arg(built.problems.size() - listedProblems);
+        shown.error(QStringLiteral("The resource package was not written:\n\n") + lines.join(u'\n'), {}, built.package);
+        m_dialogs.show(shown);
+        if (built.problems.size() > 1) {
+            m_window.problemsPanel().showReport(built);
+            m_window.problemsPanel().show();
+        }
+        return false;
+    }
+    if (!built.relinked.isEmpty()) {
+        m_commands.saveTheme();
+        m_dialogs.show(m_commands.takeReport());
+    }
+    // What the game gets is what the previews show from now on, unless an art folder is the source.
+    const bool artFolder = !m_doc.packageFolder().isEmpty() && m_doc.packageFolder() == m_doc.packageFolderTail();
+    if (!artFolder) {
+        const UnpackReport unpacked = extractResourcePackage(built.package, m_dialogs);
+        m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
+        m_dialogs.show(unpacked);
+    }
+    m_window.statusBar()->showMessage(
+        QStringLiteral("Wrote %1 (%2 files)").arg(QDir::toNativeSeparators(built.package)).arg(built.entries), 10000);
+    m_window.checkTheme();
+    return true;
+}

@@ -1,0 +1,196 @@
+#include "check/packagebuilder.h"
+#include "check/themechecker.h"
+#include "common/scripteddialogs.h"
+#include "common/testfiles.h"
+#include "document/themedocument.h"
+#include "document/themefilewriter.h"
+#include "document/themeloader.h"
+#include "package/resourcepackage.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+using Fields = QList<QPair<QString, QString>>;
+
+QByteArray png(QRgb color)
+{
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(color);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray wave()
+{
+    QByteArray format;
+    putLittleEndian(format, {{1, 2}, {1, 2}, {22050, 4}, {22050, 4}, {1, 2}, {8, 2}});
+    const QByteArray chunks = "WAVEfmt " + QByteArray(1, char(format.size())) + QByteArray(3, '\0') + format
+                              + "data" + QByteArray("\x04\0\0\0", 4) + QByteArray(4, '\x80');
+    QByteArray riff("RIFF");
+    putLittleEndian(riff, {{quint32(chunks.size()), 4}});
+    return riff + chunks;
+}
+
+// The art as the theme names it, but in other letter case where Windows would not mind.
+const QList<QPair<QString, QByteArray>> art{
+    {"gfx/bg1.png", png(0xff0000)}, {"gfx/bg2.png", png(0x00ff00)}, {"Main.PNG", png(0x0000ff)},
+    {"rotate.wav", wave()},         {"song.mid", QByteArray("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\4\0\xFF\x2F\0", 26)},
+};
+
+const Fields baseFields{
+    {"themetype", "1"},        {"resourcefile", "Art.zip"}, {"includebackground", "1"}, {"bganimated", "1"},
+    {"bgfilename", "gfx\\bg"}, {"bgextension", "png"},      {"bgframecount", "2"},      {"includeinterface", "1"},
+    {"ifacemain", "main.png"}, {"includesounds", "1"},      {"rotate", "rotate.wav"},   {"includemusic", "1"},
+    {"midi", "song.mid"},
+};
+
+void set(ThemeDocument &doc, const Fields &fields, const QString &folder)
+{
+    for (auto [key, value] : fields)
+        doc.setValue(ThemeDocument::requireIndex(key), value.replace(QStringLiteral("%DIR%"), folder));
+}
+
+QStringList codes(const Report &report)
+{
+    QStringList found;
+    for (const Problem &p : report.problems)
+        found << (p.code + u' ' + p.field).trimmed();
+    return found;
+}
+
+} // namespace
+
+class PackageBuilderTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    int m_rows = 0;
+
+    // A theme saved beside its art folder, loaded as the editor loads it (no package yet).
+    QString prepare(ThemeDocument &doc, const Fields &edits = {})
+    {
+        const QString root = m_dir.filePath(QStringLiteral("row%1").arg(++m_rows));
+        qputenv("TMPDIR", QFile::encodeName(root + QStringLiteral("/tmp")));
+        for (const auto &[name, bytes] : art)
+            writeFile(root + QStringLiteral("/art/") + name, bytes);
+        ThemeDocument saved;
+        saved.resetTheme();
+        set(saved, baseFields + edits, root);
+        const QString theme = root + QStringLiteral("/Theme.skt");
+        writeThemeFile(saved, theme);
+        ScriptedDialogs dialogs;
+        loadThemeFile(doc, theme, dialogs);
+        doc.setCurrentThemeFile(theme);
+        return root;
+    }
+
+private slots:
+    void buildsExactlyTheReferencedFiles()
+    {
+        ThemeDocument doc;
+        const QString root = prepare(doc);
+        const BuildReport built = buildResourcePackage(doc, {root + QStringLiteral("/art"), {}, false});
+        QVERIFY2(built.written, qPrintable(built.lines().join(u'\n')));
+        const QString zip = root + QStringLiteral("/Art.zip");
+        QCOMPARE(built.package, zip);
+        QCOMPARE(packageEntryNames(zip).value_or(QStringList()),
+                 (QStringList{"main.png", "gfx/bg1.png", "gfx/bg2.png", "song.mid", "rotate.wav"}));
+        const QByteArray first = readFile(zip);
+        QVERIFY(buildResourcePackage(doc, {root + QStringLiteral("/art"), {}, false}).written);
+        QCOMPARE(readFile(zip), first); // the same inputs, the same bytes
+
+        // The art goes; the package alone carries the theme, as our extraction and unzip agree.
+        QVERIFY(QDir(root + QStringLiteral("/art")).removeRecursively());
+        ThemeDocument loaded;
+        ScriptedDialogs dialogs;
+        const Report report = checkThemeFile(loaded, root + QStringLiteral("/Theme.skt"), dialogs);
+        QVERIFY2(!report.hasErrors(), qPrintable(report.lines().join(u'\n')));
+        QStringList expected;
+        for (const auto &[name, bytes] : art)
+            expected << (name == u"Main.PNG" ? QStringLiteral("main.png") : name) + u'=' + QString::fromUtf8(bytes);
+        expected.sort();
+        QCOMPARE(contentsBelow(loaded.packageFolder()), expected);
+        if (QStandardPaths::findExecutable(QStringLiteral("unzip")).isEmpty())
+            QSKIP("Info-ZIP unzip is not installed: the comparison with it was skipped");
+        QProcess unzip;
+        unzip.start(QStringLiteral("unzip"), {QStringLiteral("-q"), zip, QStringLiteral("-d"), root + QStringLiteral("/unzipped")});
+        QVERIFY(unzip.waitForFinished() && unzip.exitCode() == 0);
+        QCOMPARE(contentsBelow(root + QStringLiteral("/unzipped")), expected);
+    }
+
+    void refusedOrRelinked_data()
+    {
+        QTest::addColumn<Fields>("edits");
+        QTest::addColumn<bool>("relink");
+        QTest::addColumn<QStringList>("problems");
+        QTest::addColumn<Fields>("after"); // fields once written; empty when nothing is
+        QTest::newRow("frames missing, all listed") << Fields{{"bgframecount", "4"}} << false
+                                                  << QStringList{"frame-missing bgfilename", "frame-missing bgfilename"}
+                                                  << Fields{};
+        QTest::newRow("sound missing") << Fields{{"rotate", "gone.wav"}} << false << QStringList{"file-missing rotate"}
+                                       << Fields{};
+        QTest::newRow("absolute path") << Fields{{"midi", "%DIR%/art/song.mid"}} << false
+                                       << QStringList{"path-absolute midi"} << Fields{};
+        QTest::newRow("absolute path relinked beside a name in use")
+            << Fields{{"drop", "rotate.wav"}, {"rotate", "%DIR%/art/rotate.wav"}} << true << QStringList{}
+            << Fields{{"rotate", "rotate-2.wav"}, {"drop", "rotate.wav"}};
+        QTest::newRow("absolute frames relinked")
+            << Fields{{"bgfilename", "%DIR%/art/gfx/bg"}} << true << QStringList{}
+            << Fields{{"bgfilename", "bg"}, {"bgimage", "bg1.png"}};
+        QTest::newRow("absolute and missing, relinked") << Fields{{"rotate", "%DIR%/nowhere/x.wav"}} << true
+                                                        << QStringList{"file-missing rotate"} << Fields{};
+        QTest::newRow("Type 0") << Fields{{"themetype", "0"}} << false << QStringList{"themetype"} << Fields{};
+    }
+
+    void refusedOrRelinked()
+    {
+        QFETCH(Fields, edits);
+        QFETCH(bool, relink);
+        QFETCH(QStringList, problems);
+        QFETCH(Fields, after);
+        ThemeDocument doc;
+        const QString root = prepare(doc, edits);
+        const BuildReport built = buildResourcePackage(doc, {root + QStringLiteral("/art"), {}, relink});
+        QCOMPARE(codes(built), problems);
+        QCOMPARE(built.written, !after.isEmpty());
+        QCOMPARE(QFile::exists(root + QStringLiteral("/Art.zip")), built.written);
+        for (const auto &[key, value] : after)
+            QCOMPARE(doc.value(key), value);
+        if (built.written) {
+            const QStringList entries = packageEntryNames(built.package).value_or(QStringList());
+            for (const auto &[key, value] : after)
+                QVERIFY2(key == u"bgfilename" || entries.contains(value), qPrintable(value));
+        }
+    }
+
+    void cancelKeepsTheOldPackage()
+    {
+        ThemeDocument doc;
+        const QString root = prepare(doc);
+        const QString zip = root + QStringLiteral("/Art.zip");
+        QVERIFY(writeFile(zip, "the old package"));
+        qsizetype calls = 0;
+        const BuildReport built = buildResourcePackage(doc, {root + QStringLiteral("/art"), {}, false},
+                                                       [&calls](qsizetype done, qsizetype total) {
+                                                           ++calls;
+                                                           return done < total / 2;
+                                                       });
+        QVERIFY(!built.written);
+        QCOMPARE(calls, 2); // 5 entries: stopped after the second
+        QCOMPARE(readFile(zip), QByteArray("the old package"));
+        QCOMPARE(QDir(root).entryList(QDir::Files | QDir::Hidden), (QStringList{"Art.zip", "Theme.skt"}));
+    }
+};
+
+QTEST_GUILESS_MAIN(PackageBuilderTest)
+#include "tst_packagebuilder.moc"
