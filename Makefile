@@ -6,7 +6,7 @@ SAMPLE  ?= samples/StakkoSample.skt
 # Build tools and libraries; the soundfont plays MIDI; sox, vorbis-tools and lame make the
 # sound tests' files; unzip is the yardstick of the unpacking benchmarks.
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev libarchive-dev \
-	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip
+	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
 FUZZ_BUILD    ?= build-fuzz

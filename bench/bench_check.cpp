@@ -10,11 +10,8 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QImage>
 #include <QProcess>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -25,36 +22,10 @@ namespace {
 constexpr int frameCount = 400;
 constexpr int runs = 7;
 
-/** Frames that compress like drawn art: one colour each, with a band of noise that moves down. */
-QStringList drawFrames(const QString &folder)
-{
-    QRandomGenerator random(7);
-    QStringList files;
-    for (int n = 1; n <= frameCount; ++n) {
-        QImage frame(192, 352, QImage::Format_RGB888);
-        frame.fill(QColor::fromHsv(n * 7 % 360, 150, 210));
-        const int top = n * 3 % (frame.height() - 40);
-        for (int y = top; y < top + 40; ++y)
-            random.fillRange(reinterpret_cast<quint32 *>(frame.scanLine(y)), frame.width() * 3 / 4);
-        files.append(folder + QStringLiteral("/bg%1.bmp").arg(n));
-        frame.save(files.last(), "BMP");
-    }
-    return files;
-}
-
 /** Milliseconds one run of the command line took; negative when it failed. */
 double timed(const QStringList &args, const QProcessEnvironment &env, QByteArray *out)
 {
-    QProcess cli;
-    cli.setProcessEnvironment(env);
-    QElapsedTimer timer;
-    timer.start();
-    cli.start(QStringLiteral(STAKKO_CLI_PATH), args);
-    if (!cli.waitForFinished(-1) || cli.exitStatus() != QProcess::NormalExit || cli.exitCode() != 0)
-        return -1;
-    const double ms = double(timer.nsecsElapsed()) / 1e6;
-    *out = cli.readAllStandardOutput();
-    return ms;
+    return timedRun(QStringLiteral(STAKKO_CLI_PATH), args, env, out);
 }
 
 } // namespace
@@ -68,19 +39,13 @@ int main(int argc, char *argv[])
 
     const QString package = work.filePath(QStringLiteral("Frames.zip"));
     QString error;
-    if (!writeResourcePackage(package, drawFrames(work.filePath(QStringLiteral("frames"))),
+    if (!writeResourcePackage(package, drawFrames(work.filePath(QStringLiteral("frames")), frameCount),
                               work.filePath(QStringLiteral("frames")), &error)) {
         std::fprintf(stderr, "packing failed: %s\n", qUtf8Printable(error));
         return 1;
     }
-    ThemeDocument doc;
-    doc.resetTheme();
-    for (const auto &[key, value] : {std::pair{"resourcefile", "Frames.zip"}, {"includebackground", "1"},
-                                     {"bganimated", "1"}, {"bgfilename", "bg"}, {"bgextension", "bmp"},
-                                     {"bgframecount", "400"}})
-        doc.setValue(ThemeDocument::requireIndex(QLatin1StringView(key)), QLatin1StringView(value));
-    const QString theme = work.filePath(QStringLiteral("Frames.skt"));
-    if (!writeThemeFile(doc, theme, &error)) {
+    const QString theme = writeFramesTheme(work.path(), frameCount, &error);
+    if (theme.isEmpty()) {
         std::fprintf(stderr, "writing the theme failed: %s\n", qUtf8Printable(error));
         return 1;
     }

@@ -3,6 +3,7 @@
 // at the screen's resolution and again at 144 DPI, and exits.
 
 #include "check/backgroundcheck.h"
+#include "common/allocator.h"
 #include "common/safefile.h"
 #include "document/autorecovery.h"
 #include "document/filecommands.h"
@@ -189,6 +190,7 @@ int runScaledPass(const QStringList &arguments)
 
 int main(int argc, char *argv[])
 {
+    keepFreedMemory();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Stakko Theme Maker"));
     QApplication::setApplicationVersion(QStringLiteral(STAKKO_VERSION_STRING));

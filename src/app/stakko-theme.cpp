@@ -4,6 +4,7 @@
 
 #include "check/packagebuilder.h"
 #include "check/themechecker.h"
+#include "common/allocator.h"
 #include "common/ansitext.h"
 #include "document/description.h"
 #include "document/filecommands.h"
@@ -260,6 +261,12 @@ int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
 {
     requireArguments(o, 1, 1);
     const QString theme = o.positional.at(0);
+    // Files looked up elsewhere do not need the old package unpacked.
+    if (!o.from.isEmpty()) {
+        ExtractOptions nameOnly = o.extract;
+        nameOnly.unpack = false;
+        commands.setExtractOptions(nameOnly);
+    }
     commands.loadPath(theme);
     Report loaded = commands.takeReport();
     if (!commands.currentFileLoaded()) {
@@ -373,6 +380,7 @@ int run(const Options &o, ConsoleDialogs &dialogs)
 
 int main(int argc, char *argv[])
 {
+    keepFreedMemory();
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("stakko-theme"));
     QCoreApplication::setApplicationVersion(QStringLiteral(STAKKO_VERSION_STRING));

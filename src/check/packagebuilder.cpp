@@ -88,10 +88,10 @@ private:
         copy.assignFrom(m_doc);
         copy.setPackageFolder(from, from);
         copy.setMusicFolder(from);
-        const Report found = checkTheme(copy);
+        const Report found = checkThemeFilesExist(copy);
         copy.setPackageFolder(QString(), QString());
         copy.setMusicFolder(QString());
-        const Report atTheirOwnPaths = m_options.relink ? checkTheme(copy) : Report();
+        const Report atTheirOwnPaths = m_options.relink ? checkThemeFilesExist(copy) : Report();
         for (const Problem &p : found.problems) {
             const bool absolute = isAbsoluteField(p.field);
             if ((p.code == u"path-absolute" && !m_options.relink) || (isMissingFile(p) && !absolute))

@@ -92,8 +92,8 @@ QString windowsName(QString name)
 class Checker
 {
 public:
-    explicit Checker(const ThemeDocument &doc)
-        : m_doc(doc), m_typeOne(doc.number(u"themetype") == 1), m_references(referencedFiles(doc))
+    Checker(const ThemeDocument &doc, bool contents)
+        : m_doc(doc), m_typeOne(doc.number(u"themetype") == 1), m_contents(contents), m_references(referencedFiles(doc))
     {
     }
 
@@ -133,7 +133,7 @@ public:
                 file(r, r.name, QStringLiteral("%1 \"%2\"").arg(captionOf(r.key), r.name), nullptr);
             }
         }
-        if (m_typeOne && !m_doc.currentThemeFile().isEmpty())
+        if (m_contents && m_typeOne && !m_doc.currentThemeFile().isEmpty())
             packageEntries();
     }
 
@@ -263,6 +263,8 @@ private:
             problem(Severity::Error, element ? "frame-missing" : "file-missing", QStringLiteral("is missing"));
             return;
         }
+        if (!m_contents)
+            return;
         switch (r.kind) {
         case FileKind::FrameSequence:
         case FileKind::StillImage:
@@ -322,6 +324,7 @@ private:
 
     const ThemeDocument &m_doc;
     const bool m_typeOne;
+    const bool m_contents; // false: files are only looked for, not read
     const QList<FileReference> m_references;
     Report m_found;
 };
@@ -330,7 +333,7 @@ private:
 
 Report checkTheme(const ThemeDocument &doc)
 {
-    Checker checker(doc);
+    Checker checker(doc, true);
     checker.fields();
     checker.files();
     return checker.report();
@@ -338,8 +341,16 @@ Report checkTheme(const ThemeDocument &doc)
 
 Report checkThemeFields(const ThemeDocument &doc)
 {
-    Checker checker(doc);
+    Checker checker(doc, false);
     checker.fields();
+    return checker.report();
+}
+
+Report checkThemeFilesExist(const ThemeDocument &doc)
+{
+    Checker checker(doc, false);
+    checker.fields();
+    checker.files();
     return checker.report();
 }
 

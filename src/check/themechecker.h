@@ -17,6 +17,9 @@ class ThemeDocument;
  */
 Report checkTheme(const ThemeDocument &doc);
 
+/** checkTheme() that only asks whether each file exists: what a build needs before packing. */
+Report checkThemeFilesExist(const ThemeDocument &doc);
+
 /** checkTheme() without looking at any file: what the fields alone show. */
 Report checkThemeFields(const ThemeDocument &doc);
 

@@ -100,7 +100,11 @@ public:
         if (resource) {
             m_doc.setText(u"resourcefile", *resource);
             const QString package = resourcePackagePath(m_path, *resource);
-            UnpackReport unpacked = extractResourcePackage(package, m_dialogs, m_extract);
+            UnpackReport unpacked;
+            if (m_extract.unpack)
+                unpacked = extractResourcePackage(package, m_dialogs, m_extract);
+            else
+                unpacked.location = packageLocationFor(package);
             for (Problem &p : unpacked.problems)
                 p.field = QStringLiteral("resourcefile");
             m_report.append(unpacked);

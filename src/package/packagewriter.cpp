@@ -78,7 +78,7 @@ bool setEncryption(archive *a, const PackageWriteOptions &options, QString *erro
     return true;
 }
 
-bool addFile(archive *a, const PackageEntry &file, time_t mtime, QString *error)
+bool addFile(archive *a, const PackageEntry &file, time_t mtime, QByteArray &buffer, QString *error)
 {
     QFile in(file.source);
     if (!in.open(QIODevice::ReadOnly))
@@ -94,7 +94,6 @@ bool addFile(archive *a, const PackageEntry &file, time_t mtime, QString *error)
         return fail(error, QStringLiteral("Could not add %1: %2")
                                .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
 
-    QByteArray buffer(256 * 1024, Qt::Uninitialized);
     qint64 total = 0;
     for (;;) {
         const qint64 got = in.read(buffer.data(), buffer.size());
@@ -148,8 +147,10 @@ bool writePackageEntries(const QString &zipPath, const QList<PackageEntry> &pack
         return writeFailure(a);
 
     const time_t mtime = fixedEntryTime();
+    // One buffer for every file: fresh pages for each would cost more than the reading.
+    QByteArray buffer(256 * 1024, Qt::Uninitialized);
     for (qsizetype i = 0; i < packed.size(); ++i) {
-        if (!addFile(a, packed.at(i), mtime, error))
+        if (!addFile(a, packed.at(i), mtime, buffer, error))
             return out.errorString().isEmpty() ? false : writeFailure(a);
         if (progress && !progress(i + 1, packed.size()))
             return fail(error, QStringLiteral("Writing %1 was cancelled.").arg(zipPath));

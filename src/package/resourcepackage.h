@@ -28,6 +28,7 @@ PackageLocation packageLocationFor(const QString &packagePath, const QString &ba
 
 struct ExtractOptions {
     qint64 maxBytes = 2LL << 30;   // all entries together; stops zip bombs
+    bool unpack = true;            // false: a load only names the package folder
 };
 
 /**

@@ -1,0 +1,79 @@
+// `stakko-theme build` of a theme naming 400 background frames, against Info-ZIP's `zip -q -r`
+// over the same files, the two alternating. Prints the median times and their ratio; the
+// target is at most 1.2.
+
+#include "benchstats.h"
+
+#include "document/themedocument.h"
+#include "document/themefilewriter.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+constexpr int frameCount = 400;
+constexpr int runs = 7;
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    const QString zip = QStandardPaths::findExecutable(QStringLiteral("zip"));
+    if (zip.isEmpty()) {
+        std::fprintf(stderr, "Info-ZIP zip is not installed: nothing to compare with\n");
+        return 1;
+    }
+    QTemporaryDir work;
+    const QString art = work.filePath(QStringLiteral("art"));
+    if (!work.isValid() || !QDir().mkpath(art))
+        return 1;
+    drawFrames(art, frameCount);
+
+    QString error;
+    const QString theme = writeFramesTheme(work.path(), frameCount, &error);
+    if (theme.isEmpty()) {
+        std::fprintf(stderr, "writing the theme failed: %s\n", qUtf8Printable(error));
+        return 1;
+    }
+
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("TMPDIR"), work.filePath(QStringLiteral("tmp")));
+    QDir().mkpath(work.filePath(QStringLiteral("tmp")));
+    const QString built = work.filePath(QStringLiteral("Frames.zip"));
+    const QString zipped = work.filePath(QStringLiteral("Zipped.zip"));
+    QList<double> builds;
+    QList<double> zips;
+    QByteArray out;
+    for (int run = 0; run <= runs; ++run) { // run 0 warms the caches
+        // zip would add to an archive already there; both start from nothing.
+        QFile::remove(zipped);
+        const double ours = timedRun(QStringLiteral(STAKKO_CLI_PATH),
+                                     {QStringLiteral("build"), theme, QStringLiteral("--from"), art}, env, &out);
+        const double theirs = timedRun(zip, {QStringLiteral("-q"), QStringLiteral("-r"), zipped, QStringLiteral(".")},
+                                       env, &out, art);
+        if (ours < 0 || theirs < 0) {
+            std::fprintf(stderr, "a run failed:\n%s", out.constData());
+            return 1;
+        }
+        if (run > 0) {
+            builds.append(ours);
+            zips.append(theirs);
+        }
+    }
+    const double ratio = median(builds) / median(zips);
+    std::printf("%d frames 192x352: build %.1f MB, zip %.1f MB\n", frameCount, double(QFileInfo(built).size()) / 1e6,
+                double(QFileInfo(zipped).size()) / 1e6);
+    std::printf("stakko-theme build: %.1f ms (median of %d)\n", median(builds), runs);
+    std::printf("zip -q -r:          %.1f ms (median of %d)\n", median(zips), runs);
+    std::printf("ratio: %.2f (target <= 1.2) %s\n", ratio, ratio <= 1.2 ? "ok" : "SLOWER THAN TARGET");
+    return 0;
+}
