@@ -21,6 +21,7 @@
 #include "editor/qtdialogs.h"
 #include "editor/recentmenu.h"
 #include "editor/shutdownsignals.h"
+#include "editor/themefilewatch.h"
 #include "sound/soundsystem.h"
 
 #include <QAbstractButton>
@@ -288,8 +289,10 @@ int main(int argc, char *argv[])
         report.error(QStringLiteral("Unsaved changes could not be kept for recovery: ") + error);
         dialogs.show(report);
     }, Qt::SingleShotConnection);
+    ThemeFileWatch themeWatch(doc, commands, dialogs);
     commands.setAfterLoadOrSave([&](FileCommands::Done done) {
         recovery.restart();
+        themeWatch.follow();
         if (done == FileCommands::Done::Loaded) {
             window.history().restart();
             window.focusThemeName();

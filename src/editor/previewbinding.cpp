@@ -1,5 +1,7 @@
 #include "editor/previewbinding.h"
 
+#include "common/pathlookup.h"
+#include "document/themedocument.h"
 #include "editor/controlnames.h"
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
@@ -56,6 +58,7 @@ private:
 PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs)
     : QObject(&window)
     , m_window(window)
+    , m_doc(doc)
     , m_dialogs(dialogs)
     , m_frames(doc, m_loading)
     , m_stills(doc, dialogs, m_loading)
@@ -64,6 +67,42 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     m_frames.setProgress(m_progress.get());
     bindAnimations();
     bindStills();
+    connect(&m_watch, &FileWatch::changed, this, &PreviewBinding::reloadChanged);
+}
+
+QString PreviewBinding::stillFile(const char *key) const
+{
+    return resolveThemePath(m_doc.packageFolder() + m_doc.value(QLatin1StringView(key)));
+}
+
+void PreviewBinding::watchShownFiles()
+{
+    QStringList files;
+    for (int element = 0; element < AnimatedElementCount; ++element) {
+        if (m_frames.timer(element)->isActive())
+            files += m_frames.stripFiles(element);
+    }
+    if (m_interfaceRow >= 0)
+        files << stillFile(interfaceRowKeys[m_interfaceRow]);
+    if (m_miscRow >= 0)
+        files << stillFile(miscImageKeys[m_miscRow]);
+    m_watch.setFiles(files);
+}
+
+void PreviewBinding::reloadChanged(const QStringList &files)
+{
+    const auto touched = [&files](const QStringList &shown) {
+        return std::any_of(files.cbegin(), files.cend(), [&shown](const QString &f) { return shown.contains(f); });
+    };
+    for (int element = 0; element < AnimatedElementCount; ++element) {
+        if (touched(m_frames.stripFiles(element)))
+            m_dialogs.show(m_frames.reloadStrip(element));
+    }
+    if (m_interfaceRow >= 0 && touched({stillFile(interfaceRowKeys[m_interfaceRow])}))
+        m_stills.showInterfaceScreenPreview(m_interfaceRow); // a file still being replaced keeps the picture
+    if (m_miscRow >= 0 && touched({stillFile(miscImageKeys[m_miscRow])}))
+        m_stills.showMiscImagePreview(m_miscRow);
+    watchShownFiles();
 }
 
 PreviewBinding::~PreviewBinding()
@@ -77,8 +116,10 @@ void PreviewBinding::bindAnimations()
         const ElementControls &names = elementControls[element];
         if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(names.timer)))
             m_frames.attachTimer(element, timer);
-        m_window.onClick(QLatin1StringView(names.preview), this,
-                         [this, element] { m_dialogs.show(m_frames.startFramePreview(element)); });
+        m_window.onClick(QLatin1StringView(names.preview), this, [this, element] {
+            m_dialogs.show(m_frames.startFramePreview(element));
+            watchShownFiles();
+        });
         m_window.withControl(QLatin1StringView(names.surface), this, [this, element](QWidget *control) {
             m_surfaces[size_t(element)] = qobject_cast<PreviewSurface *>(control);
         });
@@ -92,10 +133,16 @@ void PreviewBinding::bindAnimations()
 
 void PreviewBinding::bindStills()
 {
-    m_window.onRowClick(interfaceRows.show, interfaceRows.keys, this,
-                        [this](int row) { m_dialogs.show(m_stills.showInterfaceScreenPreview(row)); });
-    m_window.onRowClick(miscImageRows.show, miscImageRows.keys, this,
-                        [this](int row) { m_stills.showMiscImagePreview(row); });
+    m_window.onRowClick(interfaceRows.show, interfaceRows.keys, this, [this](int row) {
+        m_dialogs.show(m_stills.showInterfaceScreenPreview(row));
+        m_interfaceRow = row;
+        watchShownFiles();
+    });
+    m_window.onRowClick(miscImageRows.show, miscImageRows.keys, this, [this](int row) {
+        m_stills.showMiscImagePreview(row);
+        m_miscRow = row;
+        watchShownFiles();
+    });
     m_window.onRowClick(colorRows.browse, colorRows.keys, this, [this](int row) { m_stills.chooseThemeColor(row); });
 
     // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "preview/filewatch.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
 #include "preview/stillpreviews.h"
@@ -32,17 +33,26 @@ public:
 
     FramePreviews &frames() { return m_frames; }
     StillPreviews &stills() { return m_stills; }
+    /** The files the previews show, followed on disk: changed art shows within a moment. */
+    FileWatch &watch() { return m_watch; }
 
 private:
     void bindAnimations();
     void bindStills();
+    void watchShownFiles();
+    void reloadChanged(const QStringList &files);
+    QString stillFile(const char *key) const;
 
     MainWindow &m_window;
+    ThemeDocument &m_doc;
     EditorDialogs &m_dialogs;
     LoadingSurface m_loading;
     FramePreviews m_frames;
     StillPreviews m_stills;
     std::unique_ptr<LoadProgress> m_progress;
+    FileWatch m_watch;
+    int m_interfaceRow = -1; // the still previews' rows shown last
+    int m_miscRow = -1;
     // Looked up once, when their page is built: a frame change must not search the whole window.
     std::array<QPointer<PreviewSurface>, AnimatedElementCount> m_surfaces;
 };

@@ -1,5 +1,7 @@
 #include "preview/framepreviews.h"
 
+#include "common/pathlookup.h"
+
 #include "document/themedocument.h"
 #include "preview/framesequence.h"
 #include "preview/framesettings.h"
@@ -114,17 +116,32 @@ Report FramePreviews::startFramePreview(int element)
     QImage built;
     if (!buildStrip(element, settings.frameCount, &built, report))
         return report;
+    replaceStrip(element, built);
+    m_states[size_t(element)] = {settings.startingFrame, 0, settings.frameCount, settings.delay,
+                                 settings.startingFrame};
+    m_timers[size_t(element)]->start();
+    return report;
+}
 
+Report FramePreviews::reloadStrip(int element)
+{
+    Report report;
+    if (!m_timers[size_t(element)]->isActive())
+        return report;
+    QImage built;
+    if (buildStrip(element, m_states[size_t(element)].frameCount, &built, report))
+        replaceStrip(element, built);
+    return report;
+}
+
+void FramePreviews::replaceStrip(int element, QImage &built)
+{
     Strip &strip = stripOf(element);
     const quint64 replaced = strip.generation;
     strip.image.swap(built);
     strip.generation = m_nextGeneration++;
     strip.views.clear();
     releaseViews(replaced);
-    m_states[size_t(element)] = {settings.startingFrame, 0, settings.frameCount, settings.delay,
-                                 settings.startingFrame};
-    m_timers[size_t(element)]->start();
-    return report;
 }
 
 bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Report &report)
@@ -153,7 +170,9 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Re
     const QString folder = m_doc.packageFolder();
     const quint32 started = m_clock();
     bool showing = false;
+    QStringList files;
     for (qint64 n = 1; n <= count; ++n) {
+        files << resolveThemePath(sequence->frameName(folder, n));
         // A frame that does not load repeats whatever the loading surface still holds.
         m_loading.load(sequence->frameName(folder, n));
         FrameStrip::placeFrame(*built, e.frame, n - 1, m_loading.picture());
@@ -171,6 +190,7 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Re
     if (showing)
         m_progress->end();
     FrameStrip::clearFrom(*built, count * e.frame.height());
+    m_stripFiles[size_t(element)] = files;
     return true;
 }
 

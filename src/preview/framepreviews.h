@@ -52,6 +52,14 @@ public:
      */
     Report startFramePreview(int element);
 
+    /** The frame files the element's strip was last built from, as the loader found them. */
+    QStringList stripFiles(int element) const { return m_stripFiles.at(size_t(element)); }
+    /**
+     * Builds a playing element's strip again from its files as they are now (the art changed
+     * on disk); the animation goes on where it was. A stopped element is left alone.
+     */
+    Report reloadStrip(int element);
+
     /** One timer tick: draws the current frame and moves on once the delay has passed. */
     void animationTick(int element);
 
@@ -118,6 +126,7 @@ private:
     };
 
     bool buildStrip(int element, double frameCount, QImage *strip, Report &report);
+    void replaceStrip(int element, QImage &built);
     static std::optional<double> readNumber(ParsedNumber &parsed, const QString &text);
     void readSettings(int element);
     void draw(int element, qint64 slot);
@@ -138,4 +147,5 @@ private:
     std::array<Surface, AnimatedElementCount> m_surfaces; // by the element whose surface it is
     std::array<Strip, 2> m_strips;
     quint64 m_nextGeneration = 1;
+    std::array<QStringList, AnimatedElementCount> m_stripFiles;
 };

@@ -9,6 +9,7 @@
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/previewsurface.h"
+#include "editor/themefilewatch.h"
 #include "preview/previewtesthelpers.h"
 #include "preview/ticktimer.h"
 #include "package/resourcepackage.h"
@@ -18,6 +19,7 @@
 #include <QAction>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -35,6 +37,7 @@ class WindowBindingsTest : public QObject
         ButtonBinding buttons{window, doc, dialogs, sound, commands};
         PreviewBinding previews{window, doc, dialogs};
         BuildCommand build{window, doc, dialogs, commands};
+        ThemeFileWatch themeWatch{doc, commands, dialogs};
 
         Editor() { window.startUp(); }
         // The bindings came first, so this also checks that pages built later get connected.
@@ -210,6 +213,80 @@ private slots:
         QCOMPARE(packageEntryNames(zip).value_or(QStringList()), QStringList{stored});
         QCOMPARE(e.doc.packageFolder(), QDir::cleanPath(art) + u'/'); // previews keep following the art
         QVERIFY(readFile(theme).contains("rotate=" + stored.toLatin1()));
+    }
+
+    // Art replaced the way painting programs save (a new file renamed over the old one).
+    static void repaint(const QString &path, int frame, QSize size)
+    {
+        writeFrame(path + QStringLiteral(".new.bmp"), frameColor(frame), size);
+        QFile::remove(path);
+        QVERIFY(QFile::rename(path + QStringLiteral(".new.bmp"), path));
+    }
+
+    void changedArtShowsInRunningPreviews()
+    {
+        Editor e;
+        prepareBackground(e);
+        e.click("cmdPreviewBG");
+        writeFrame(m_dir.filePath("chat.bmp"), frameColor(7), {640, 480});
+        e.doc.setNumber(u"includeinterface", 1);
+        e.doc.setText(u"ifacechat", m_dir.filePath("chat.bmp"));
+        e.window.showPage(MainWindow::Page::Interface);
+        e.click("cmdPreviewIface(4)");
+        e.window.showPage(MainWindow::Page::Background);
+        e.click("cmdPreviewBG");
+        QSignalSpy reloads(&e.previews.watch(), &FileWatch::changed);
+
+        repaint(m_dir.filePath("bg2.bmp"), 9, {192, 352});
+        repaint(m_dir.filePath("chat.bmp"), 8, {640, 480});
+        const auto slot = [&e](int n) { return frameOfPixel(e.previews.frames().strip(0).pixel(0, 352 * n)); };
+        QTRY_COMPARE(slot(1), 9);
+        QCOMPARE(slot(0), 1);
+        QVERIFY(e.control<TickTimer>(QStringLiteral("tmrBGPreview"))->isActive());
+        QCOMPARE(e.shownFrame("imgIPreview"), 8);
+        QCOMPARE(reloads.size(), 1); // both writes settled into one reading
+        // A stopped preview is left alone.
+        e.control<TickTimer>(QStringLiteral("tmrBGPreview"))->stop();
+        repaint(m_dir.filePath("bg3.bmp"), 5, {192, 352});
+        QTRY_COMPARE(reloads.size(), 2);
+        QCOMPARE(slot(2), 3);
+    }
+
+    void themeFileChangedElsewhere_data()
+    {
+        QTest::addColumn<bool>("edited");
+        QTest::addColumn<int>("answer"); // to the discard question; -1: none is asked
+        QTest::addColumn<QString>("name");
+        QTest::newRow("no changes: loaded again") << false << -1 << "Outside";
+        QTest::newRow("changes kept") << true << int(Dialogs::Answer::No) << "Mine";
+        QTest::newRow("changes discarded") << true << int(Dialogs::Answer::Yes) << "Outside";
+    }
+
+    void themeFileChangedElsewhere()
+    {
+        QFETCH(bool, edited);
+        QFETCH(int, answer);
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        const QString theme = dir.filePath(QStringLiteral("T.skt"));
+        QVERIFY(writeFile(theme, "[Theme Info]\r\nname=Before\r\nthemetype=0\r\n"));
+        Editor e;
+        e.commands.setAfterLoadOrSave([&e](FileCommands::Done) { e.themeWatch.follow(); });
+        QVERIFY(e.commands.loadPath(theme));
+        // The editor's own save is no change from outside.
+        e.commands.saveTheme();
+        QTest::qWait(FileWatch::settleMs * 2);
+        QVERIFY(e.dialogs.messages.isEmpty());
+        if (edited)
+            e.doc.setText(u"name", QStringLiteral("Mine"));
+        if (answer >= 0)
+            e.dialogs.answers.enqueue(Dialogs::Answer(answer));
+
+        QVERIFY(writeFile(theme, "[Theme Info]\r\nname=Outside\r\nthemetype=0\r\n"));
+        QTRY_COMPARE(e.doc.value(u"name"), name);
+        QTest::qWait(FileWatch::settleMs * 2);
+        QCOMPARE(e.doc.value(u"name"), name);
+        QCOMPARE(e.dialogs.messages.size(), answer >= 0 ? 1 : 0);
     }
 
     void musicButtonTogglesOnItsCaption()

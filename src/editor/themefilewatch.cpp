@@ -1,0 +1,41 @@
+#include "editor/themefilewatch.h"
+
+#include "common/dialogs.h"
+#include "document/filecommands.h"
+#include "document/themedocument.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+ThemeFileWatch::ThemeFileWatch(ThemeDocument &doc, FileCommands &commands, Dialogs &dialogs, QObject *parent)
+    : QObject(parent), m_doc(doc), m_commands(commands), m_dialogs(dialogs)
+{
+    connect(&doc, &ThemeDocument::fieldChanged, this, [this] { m_edited = true; });
+    connect(&doc, &ThemeDocument::themeReset, this, [this] { m_watch.setFiles({}); });
+    connect(&m_watch, &FileWatch::changed, this, &ThemeFileWatch::changedOnDisk);
+}
+
+void ThemeFileWatch::follow()
+{
+    m_edited = false;
+    const QString file = m_doc.currentThemeFile();
+    m_watch.setFiles(file.isEmpty() ? QStringList() : QStringList{QFileInfo(file).absoluteFilePath()});
+}
+
+void ThemeFileWatch::changedOnDisk()
+{
+    const QString file = m_doc.currentThemeFile();
+    if (!QFileInfo(file).isFile())
+        return; // deleted or moved away: the document is all there is now
+    if (m_edited
+        && m_dialogs.askYesNo(QStringLiteral("Theme Changed"),
+                              QStringLiteral("%1 has been changed by another program.\n\nDiscard your changes and "
+                                             "load it again?")
+                                  .arg(QDir::toNativeSeparators(file)))
+               != Dialogs::Answer::Yes) {
+        m_watch.setFiles({QFileInfo(file).absoluteFilePath()}); // told once per change
+        return;
+    }
+    m_doc.setDirty(false); // the question has been answered: Load must not ask again
+    m_commands.loadPath(file);
+}
