@@ -6,6 +6,8 @@
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"
 #include "package/resourcepackage.h"
+#include "preview/framepreviews.h"
+#include "preview/loadingsurface.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -115,6 +117,11 @@ private slots:
         ScriptedDialogs dialogs;
         const Report report = checkThemeFile(loaded, root + QStringLiteral("/Theme.skt"), dialogs);
         QVERIFY2(!report.hasErrors(), qPrintable(report.lines().join(u'\n')));
+        LoadingSurface loading;
+        FramePreviews previews(loaded, loading);
+        QVERIFY(previews.startFramePreview(ElementBackground).isEmpty());
+        QCOMPARE(previews.strip(ElementBackground).pixel(0, 0) & 0xFFFFFF, 0xff0000u);
+        QCOMPARE(previews.strip(ElementBackground).pixel(0, 352) & 0xFFFFFF, 0x00ff00u);
         QStringList expected;
         for (const auto &[name, bytes] : art)
             expected << (name == u"Main.PNG" ? QStringLiteral("main.png") : name) + u'=' + QString::fromUtf8(bytes);
