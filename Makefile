@@ -4,9 +4,10 @@ JOBS    ?= $(shell nproc)
 SAMPLE  ?= samples/StakkoSample.skt
 
 # Build tools and libraries; the soundfont plays MIDI; sox, vorbis-tools and lame make the
-# sound tests' files; unzip is the yardstick of the unpacking benchmarks.
+# sound tests' files; unzip and zip are the yardsticks of the package benchmarks; xvfb runs the
+# window tests on an X server too.
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev libarchive-dev \
-	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip
+	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip xvfb xauth
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
 FUZZ_BUILD    ?= build-fuzz

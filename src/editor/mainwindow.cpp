@@ -624,6 +624,12 @@ void MainWindow::showPage(Page page)
 
 void MainWindow::applyWindowHeight()
 {
+    // The page shown before still holds the window's minimum up until the layouts are redone
+    // from the inside out; resize() would stop there.
+    m_area->layout()->invalidate();
+    m_area->layout()->activate();
+    centralWidget()->layout()->activate();
+    layout()->activate();
     const int outer = qRound(pageRows[int(m_page)].heightTwips * logicalDpiY() / 1440.0);
     const int frame = frameGeometry().height() - geometry().height();
     const bool docked = !m_problems->isHidden() && !m_problems->isFloating();

@@ -82,6 +82,15 @@ private:
             doc->setNumber(QLatin1StringView(section.include), 1);
     }
 
+    // A bare X server has no window manager to activate the window: it asks for the focus itself.
+    void showActive()
+    {
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    }
+
     int pixelsOf(int twips) { return qRound(twips * window->logicalDpiY() / 1440.0); }
 
 private slots:
@@ -185,8 +194,8 @@ private slots:
         QFETCH(int, heightTwips);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        // Start from another page so the switch has something to change.
-        window->showPage(page == 3 ? MainWindow::Page::Misc : MainWindow::Page::Blocks);
+        // The tallest page first: the page shown before must not hold the window up.
+        window->showPage(page == 2 ? MainWindow::Page::Blocks : MainWindow::Page::Background);
 
         if (byMenu)
             control<QAction>(menuItems[page])->trigger();
@@ -470,8 +479,7 @@ private slots:
         QFETCH(QString, selector);
         QFETCH(QString, dataSet);
         QFETCH(QString, focused);
-        window->show();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        showActive();
         QTest::qWait(20); // the height is applied once the frame is known
         const int pageHeight = window->centralWidget()->height();
         includeEverySection();
@@ -511,8 +519,7 @@ private slots:
     void undoAndRedoFromTheKeyboard()
     {
         // Typing goes to the theme's name from the start.
-        window->show();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        showActive();
         QCOMPARE(QApplication::focusWidget(), control(fieldControl("name")));
         const QStringList menus = [this] {
             QStringList names;
