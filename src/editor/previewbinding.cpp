@@ -6,13 +6,18 @@
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
+#include "editor/previewwindow.h"
 #include "preview/loadprogress.h"
 
+#include <QEvent>
 #include <QProgressDialog>
 #include <QTimer>
 #include <QWidget>
 
 namespace {
+
+constexpr int interfaceWindow = -1;
+constexpr int miscWindow = -2;
 
 /** Long frame loads show a window-modal progress dialog with a Cancel button. */
 class ProgressDialogReporter : public LoadProgress
@@ -70,6 +75,41 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     connect(&m_watch, &FileWatch::changed, this, &PreviewBinding::reloadChanged);
 }
 
+PreviewWindow *PreviewBinding::openPreviewWindow(int element)
+{
+    QPointer<PreviewWindow> &window = m_windows[size_t(element >= 0 ? element : AnimatedElementCount - 1 - element)];
+    if (!window) {
+        if (element >= 0) {
+            window = new PreviewWindow(m_frames, element, &m_window);
+        } else {
+            const bool interface = element == interfaceWindow;
+            window = new PreviewWindow(interface ? QStringLiteral("Interface Screen") : QStringLiteral("Misc. Image"),
+                                       interface ? m_stills.interfacePicture() : m_stills.miscPicture(), &m_window);
+            connect(&m_stills, interface ? &StillPreviews::interfacePictureChanged : &StillPreviews::miscPictureChanged,
+                    window, &PreviewWindow::setImage);
+        }
+    }
+    window->show();
+    window->raise();
+    window->activateWindow();
+    return window;
+}
+
+bool PreviewBinding::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::MouseButtonDblClick && m_zoomable.contains(watched)) {
+        int which = m_zoomable.value(watched);
+        // A surface several elements share opens the one whose data set shows.
+        for (int element = 0; which >= 0 && element < AnimatedElementCount; ++element) {
+            if (m_surfaces[size_t(element)] == watched && m_frames.timer(element)->isActive())
+                which = element;
+        }
+        openPreviewWindow(which);
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
 QString PreviewBinding::stillFile(const char *key) const
 {
     return resolveThemePath(m_doc.packageFolder() + m_doc.value(QLatin1StringView(key)));
@@ -122,6 +162,11 @@ void PreviewBinding::bindAnimations()
         });
         m_window.withControl(QLatin1StringView(names.surface), this, [this, element](QWidget *control) {
             m_surfaces[size_t(element)] = qobject_cast<PreviewSurface *>(control);
+            // One surface serves several elements: it opens the one its page shows now.
+            if (!m_zoomable.contains(control)) {
+                m_zoomable.insert(control, element);
+                control->installEventFilter(this);
+            }
         });
     }
     connect(&m_frames, &FramePreviews::surfaceChanged, this,
@@ -154,4 +199,12 @@ void PreviewBinding::bindStills()
     };
     connect(&m_stills, &StillPreviews::interfacePictureChanged, this, show("imgIPreview"));
     connect(&m_stills, &StillPreviews::miscPictureChanged, this, show("imgPreviewMisc"));
+    const auto zoomable = [this](const char *display, int which) {
+        m_window.withControl(QLatin1StringView(display), this, [this, which](QWidget *control) {
+            m_zoomable.insert(control, which);
+            control->installEventFilter(this);
+        });
+    };
+    zoomable("imgIPreview", interfaceWindow);
+    zoomable("imgPreviewMisc", miscWindow);
 }

@@ -5,6 +5,7 @@
 #include "preview/loadingsurface.h"
 #include "preview/stillpreviews.h"
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 
@@ -15,6 +16,7 @@ class EditorDialogs;
 class LoadProgress;
 class MainWindow;
 class PreviewSurface;
+class PreviewWindow;
 class ThemeDocument;
 
 /**
@@ -36,6 +38,16 @@ public:
     /** The files the previews show, followed on disk: changed art shows within a moment. */
     FileWatch &watch() { return m_watch; }
 
+    /**
+     * Opens (or brings forward) the closer look at a preview: animated element \a element, or
+     * with -1 and -2 the interface and miscellaneous image displays. A double-click on a
+     * preview does the same.
+     */
+    PreviewWindow *openPreviewWindow(int element);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void bindAnimations();
     void bindStills();
@@ -53,6 +65,8 @@ private:
     FileWatch m_watch;
     int m_interfaceRow = -1; // the still previews' rows shown last
     int m_miscRow = -1;
+    std::array<QPointer<PreviewWindow>, AnimatedElementCount + 2> m_windows; // the stills last
+    QHash<QObject *, int> m_zoomable; // preview displays, with what they open
     // Looked up once, when their page is built: a frame change must not search the whole window.
     std::array<QPointer<PreviewSurface>, AnimatedElementCount> m_surfaces;
 };

@@ -239,6 +239,30 @@ void FramePreviews::animationTick(int element)
     }
 }
 
+qint64 FramePreviews::shownFrame(int element) const
+{
+    const Surface &surface = m_surfaces[size_t(animatedElements[element].surface)];
+    return surface.drawnAny && surface.drawn.element == element ? surface.drawn.slot + 1 : 0;
+}
+
+qint64 FramePreviews::frameCount(int element) const
+{
+    return std::max<qint64>(1, frameNumber(m_states.at(size_t(element)).frameCount));
+}
+
+void FramePreviews::stepFrame(int element, int steps)
+{
+    readSettings(element);
+    const qint64 count = frameCount(element);
+    const qint64 slot = ((std::max<qint64>(shownFrame(element), 1) - 1 + steps) % count + count) % count;
+    draw(element, slot);
+    // The next tick draws this frame again, whichever way the animation runs.
+    const FieldIndexes &f = m_fields[size_t(element)];
+    const bool reverse = f.reverse >= 0 && m_doc.number(f.reverse) == 1;
+    m_states[size_t(element)].currentFrame = reverse ? count - slot : slot + 1;
+    m_states[size_t(element)].lastAdvanceTime = m_clock();
+}
+
 void FramePreviews::draw(int element, qint64 slot)
 {
     Strip &strip = stripOf(element);

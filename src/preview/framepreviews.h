@@ -60,6 +60,17 @@ public:
      */
     Report reloadStrip(int element);
 
+    /** The frame number (from 1) the element's surface shows; 0 before it showed one. */
+    qint64 shownFrame(int element) const;
+    /** The element's frame count, as playback rounds it, and its delay in milliseconds. */
+    qint64 frameCount(int element) const;
+    double delay(int element) const { return m_states.at(size_t(element)).delay; }
+    /**
+     * Shows the frame \a steps away from the one shown (wrapping within the frame count), for
+     * a paused animation; playing on continues from there.
+     */
+    void stepFrame(int element, int steps);
+
     /** One timer tick: draws the current frame and moves on once the delay has passed. */
     void animationTick(int element);
 

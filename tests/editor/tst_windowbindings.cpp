@@ -9,6 +9,7 @@
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/previewsurface.h"
+#include "editor/previewwindow.h"
 #include "editor/themefilewatch.h"
 #include "preview/previewtesthelpers.h"
 #include "preview/ticktimer.h"
@@ -18,7 +19,9 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QLineEdit>
+#include <QLabel>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -250,6 +253,41 @@ private slots:
         repaint(m_dir.filePath("bg3.bmp"), 5, {192, 352});
         QTRY_COMPARE(reloads.size(), 2);
         QCOMPARE(slot(2), 3);
+    }
+
+    // The closer look is the page's own animation: its pause and steps move the page's preview.
+    void previewWindowZoomsPausesAndSteps()
+    {
+        Editor e;
+        prepareBackground(e);
+        e.click("cmdPreviewBG");
+        QTest::mouseDClick(e.control(QStringLiteral("picPreviewBG")), Qt::LeftButton);
+        auto *window = e.window.findChild<PreviewWindow *>();
+        QVERIFY(window && window->isVisible());
+        QCOMPARE(window->zoom(), 2);
+        QTRY_VERIFY(e.previews.frames().shownFrame(0) > 0);
+
+        window->setZoom(4);
+        const QImage zoomed = window->rendered();
+        QCOMPARE(zoomed.size(), QSize(192 * 4, 352 * 4));
+        const QImage shown = e.control<PreviewSurface>(QStringLiteral("picPreviewBG"))->image();
+        QCOMPARE(zoomed.pixel(4 * 10, 4 * 10), shown.pixel(10, 10));
+        QCOMPARE(zoomed.pixel(4 * 10 + 3, 4 * 10 + 3), shown.pixel(10, 10)); // squares, not smoothed
+
+        auto *timer = e.control<TickTimer>(QStringLiteral("tmrBGPreview"));
+        window->findChild<QPushButton *>(QStringLiteral("cmdPause"))->click();
+        QVERIFY(!timer->isActive());
+        const int paused = int(e.previews.frames().shownFrame(0));
+        const auto step = [window](const char *button) { window->findChild<QPushButton *>(QLatin1StringView(button))->click(); };
+        step("cmdStepForward");
+        QCOMPARE(e.shownFrame("picPreviewBG"), paused % 3 + 1);
+        step("cmdStepBack");
+        step("cmdStepBack");
+        QCOMPARE(e.shownFrame("picPreviewBG"), (paused + 1) % 3 + 1);
+        QVERIFY(window->findChild<QLabel *>(QStringLiteral("lblFrameState"))->text().startsWith(
+            QStringLiteral("Frame %1 of 3").arg((paused + 1) % 3 + 1)));
+        window->findChild<QPushButton *>(QStringLiteral("cmdPause"))->click();
+        QVERIFY(timer->isActive());
     }
 
     void themeFileChangedElsewhere_data()

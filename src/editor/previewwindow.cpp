@@ -1,0 +1,187 @@
+#include "editor/previewwindow.h"
+
+#include "document/animatedelement.h"
+#include "preview/framepreviews.h"
+#include "preview/ticktimer.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int largestZoom = 8;
+constexpr int checkerSquare = 8;
+
+/** Paints the picture at a whole-number zoom over a checkerboard. */
+class Canvas : public QWidget
+{
+public:
+    Canvas(const QImage &image, const int &zoom, QWidget *parent) : QWidget(parent), m_image(image), m_zoom(zoom) {}
+
+    int factor() const
+    {
+        if (m_zoom > 0 || m_image.isNull())
+            return std::max(m_zoom, 1);
+        // Fit: the largest whole step that fits, never below 1x.
+        const QSize room = parentWidget() ? parentWidget()->size() : size();
+        return std::clamp(std::min(room.width() / m_image.width(), room.height() / m_image.height()), 1, largestZoom);
+    }
+
+    QSize sizeHint() const override { return m_image.size() * factor(); }
+
+    void render(QPainter &painter) const
+    {
+        const QSize shown = m_image.size() * factor();
+        for (int y = 0; y < shown.height(); y += checkerSquare) {
+            for (int x = 0; x < shown.width(); x += checkerSquare) {
+                const bool dark = (x / checkerSquare + y / checkerSquare) % 2;
+                painter.fillRect(x, y, checkerSquare, checkerSquare, dark ? QColor(0x99, 0x99, 0x99) : QColor(0xcc, 0xcc, 0xcc));
+            }
+        }
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+        painter.drawImage(QRect(QPoint(0, 0), shown), m_image);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        render(painter);
+    }
+
+private:
+    const QImage &m_image;
+    const int &m_zoom;
+};
+
+} // namespace
+
+PreviewWindow::PreviewWindow(FramePreviews &frames, int element, QWidget *parent)
+    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element)
+{
+    build(QString::fromLatin1(animatedElements[element].caption));
+    m_image = frames.surfaceImage(element);
+    connect(&frames, &FramePreviews::surfaceChanged, this, [this](int changed, const QImage &image) {
+        if (changed == m_element)
+            setImage(image);
+    });
+    connect(m_pause, &QPushButton::clicked, this, &PreviewWindow::togglePause);
+    connect(m_back, &QPushButton::clicked, this, [this] { m_frames->stepFrame(m_element, -1); showFrameState(); });
+    connect(m_forward, &QPushButton::clicked, this, [this] { m_frames->stepFrame(m_element, 1); showFrameState(); });
+    showFrameState();
+}
+
+PreviewWindow::PreviewWindow(const QString &caption, const QImage &image, QWidget *parent)
+    : QWidget(parent, Qt::Window), m_image(image)
+{
+    build(caption);
+    for (QWidget *frameControl : {static_cast<QWidget *>(m_state), static_cast<QWidget *>(m_pause),
+                                  static_cast<QWidget *>(m_back), static_cast<QWidget *>(m_forward)})
+        frameControl->hide();
+}
+
+void PreviewWindow::build(const QString &caption)
+{
+    setObjectName(QStringLiteral("frmPreviewWindow"));
+    setWindowTitle(QStringLiteral("Preview - %1").arg(caption));
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    m_zoom = new QComboBox;
+    m_zoom->setObjectName(QStringLiteral("cmbZoom"));
+    for (int factor = 1; factor <= largestZoom; ++factor)
+        m_zoom->addItem(QStringLiteral("%1x").arg(factor), factor);
+    m_zoom->addItem(QStringLiteral("Fit"), 0);
+    m_zoom->setCurrentIndex(1);
+    m_pause = new QPushButton(QStringLiteral("Pause"));
+    m_pause->setObjectName(QStringLiteral("cmdPause"));
+    m_back = new QPushButton(QStringLiteral("< Step"));
+    m_back->setObjectName(QStringLiteral("cmdStepBack"));
+    m_forward = new QPushButton(QStringLiteral("Step >"));
+    m_forward->setObjectName(QStringLiteral("cmdStepForward"));
+    m_state = new QLabel;
+    m_state->setObjectName(QStringLiteral("lblFrameState"));
+
+    auto *bar = new QHBoxLayout;
+    bar->addWidget(new QLabel(QStringLiteral("Zoom:")));
+    bar->addWidget(m_zoom);
+    bar->addSpacing(12);
+    bar->addWidget(m_pause);
+    bar->addWidget(m_back);
+    bar->addWidget(m_forward);
+    bar->addSpacing(12);
+    bar->addWidget(m_state, 1);
+
+    auto *scroll = new QScrollArea;
+    scroll->setAlignment(Qt::AlignCenter);
+    m_canvas = new Canvas(m_image, m_zoomFactor, scroll);
+    m_canvas->setObjectName(QStringLiteral("picZoomed"));
+    scroll->setWidget(m_canvas);
+    scroll->setWidgetResizable(false);
+    connect(m_zoom, &QComboBox::currentIndexChanged, this, [this] {
+        m_zoomFactor = m_zoom->currentData().toInt();
+        m_canvas->resize(m_canvas->sizeHint());
+        m_canvas->update();
+    });
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(bar);
+    layout->addWidget(scroll, 1);
+    m_canvas->resize(m_canvas->sizeHint());
+    resize(std::max(480, m_canvas->width() + 40), std::max(360, m_canvas->height() + 80));
+}
+
+void PreviewWindow::setImage(const QImage &image)
+{
+    const bool resized = image.size() != m_image.size();
+    m_image = image;
+    if (resized)
+        m_canvas->resize(m_canvas->sizeHint());
+    m_canvas->update();
+    if (m_frames)
+        showFrameState();
+}
+
+void PreviewWindow::setZoom(int zoom)
+{
+    m_zoom->setCurrentIndex(zoom == 0 ? largestZoom : std::clamp(zoom, 1, largestZoom) - 1);
+}
+
+int PreviewWindow::zoom() const
+{
+    return m_zoom->currentData().toInt();
+}
+
+QImage PreviewWindow::rendered() const
+{
+    QImage out(m_canvas->sizeHint(), QImage::Format_RGB32);
+    QPainter painter(&out);
+    static_cast<const Canvas *>(m_canvas)->render(painter);
+    return out;
+}
+
+void PreviewWindow::showFrameState()
+{
+    const bool playing = m_frames->timer(m_element)->isActive();
+    m_pause->setText(playing ? QStringLiteral("Pause") : QStringLiteral("Play"));
+    m_back->setEnabled(!playing);
+    m_forward->setEnabled(!playing);
+    m_state->setText(QStringLiteral("Frame %1 of %2, delay %3 ms")
+                         .arg(m_frames->shownFrame(m_element))
+                         .arg(m_frames->frameCount(m_element))
+                         .arg(m_frames->delay(m_element)));
+}
+
+void PreviewWindow::togglePause()
+{
+    TickTimer *timer = m_frames->timer(m_element);
+    if (timer->isActive())
+        timer->stop();
+    else
+        timer->start();
+    showFrameState();
+}
