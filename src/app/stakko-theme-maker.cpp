@@ -17,6 +17,7 @@
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
+#include "editor/previewwindow.h"
 #include "editor/problemspanel.h"
 #include "editor/qtdialogs.h"
 #include "editor/recentmenu.h"
@@ -105,6 +106,14 @@ QString fileSlug(const QString &caption)
     return slug;
 }
 
+/** Lets a moment of playing and painting pass. */
+void settle()
+{
+    QEventLoop loop;
+    QTimer::singleShot(400, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 /** Starts every preview the page shows and lets the animations play a moment. */
 void playVisiblePreviews(MainWindow &window)
 {
@@ -117,24 +126,49 @@ void playVisiblePreviews(MainWindow &window)
         if (button && button->isVisibleTo(&window) && button->isEnabled())
             button->click();
     }
-    QEventLoop loop;
-    QTimer::singleShot(400, &loop, &QEventLoop::quit);
-    loop.exec();
+    settle();
+}
+
+bool savePicture(QWidget &widget, const QString &path)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    QString reason = QStringLiteral("the picture could not be encoded");
+    if (!buffer.open(QIODevice::WriteOnly) || !widget.grab().save(&buffer, "PNG")
+        || !writeWholeFile(path, png, &reason)) {
+        std::fprintf(stderr, "Could not write %s: %s\n", qPrintable(path), qPrintable(reason));
+        return false;
+    }
+    return true;
 }
 
 bool saveShot(MainWindow &window, const QString &path)
 {
     QApplication::processEvents();
     playVisiblePreviews(window);
-    QByteArray png;
-    QBuffer buffer(&png);
-    QString reason = QStringLiteral("the picture could not be encoded");
-    if (!buffer.open(QIODevice::WriteOnly) || !window.grab().save(&buffer, "PNG")
-        || !writeWholeFile(path, png, &reason)) {
-        std::fprintf(stderr, "Could not write %s: %s\n", qPrintable(path), qPrintable(reason));
-        return false;
+    return savePicture(window, path);
+}
+
+/** The File and Edit menus open, and the blocks' closer look at 4x. */
+bool writeToolShots(MainWindow &window, PreviewBinding &previews, const QString &folder, const QString &suffix)
+{
+    bool ok = true;
+    for (const char *name : {"mnuFile", "mnuEdit"}) {
+        auto *menu = window.findChild<QMenu *>(QLatin1StringView(name));
+        menu->popup(window.mapToGlobal(QPoint(0, 0)));
+        settle();
+        ok = savePicture(*menu, QStringLiteral("%1/menu-%2%3.png").arg(folder, QLatin1StringView(name + 3).toString().toLower(), suffix)) && ok;
+        menu->hide();
     }
-    return true;
+    window.showPage(MainWindow::Page::Blocks);
+    window.findChild<QAbstractButton *>(QLatin1StringView(elementControls[ElementBlocks].preview))->click();
+    PreviewWindow *closer = previews.openPreviewWindow(ElementBlocks);
+    closer->setZoom(4);
+    settle();
+    ok = savePicture(*closer, folder + QStringLiteral("/preview-window-4x") + suffix + QStringLiteral(".png")) && ok;
+    closer->close();
+    window.showPage(MainWindow::Page::General);
+    return ok;
 }
 
 bool writeScreenshots(MainWindow &window, const QString &folder, const QString &suffix)
@@ -253,7 +287,7 @@ int main(int argc, char *argv[])
         return ending;
     };
     window.setCloseGuard(endEditor);
-    new PreviewBinding(window, doc, dialogs);
+    auto *previews = new PreviewBinding(window, doc, dialogs);
     new ButtonBinding(window, doc, dialogs, sound, commands);
     new BuildCommand(window, doc, dialogs, commands);
 
@@ -268,8 +302,10 @@ int main(int argc, char *argv[])
         if (!themePath.isEmpty()) {
             commands.loadPath(themePath);
             dialogs.show(commands.takeReport());
+            window.history().restart();
         }
         bool ok = writeScreenshots(window, screenshotFolder, screenshotSuffix);
+        ok = ok && writeToolShots(window, *previews, screenshotFolder, screenshotSuffix);
         if (!scaledPass) {
             QStringList childArgs{QStringLiteral("--screenshot"), screenshotFolder, QStringLiteral("--scaled-pass")};
             if (!themePath.isEmpty())

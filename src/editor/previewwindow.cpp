@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -126,13 +127,24 @@ void PreviewWindow::build(const QString &caption)
         m_zoomFactor = m_zoom->currentData().toInt();
         m_canvas->resize(m_canvas->sizeHint());
         m_canvas->update();
+        fitToPicture();
     });
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(bar);
     layout->addWidget(scroll, 1);
     m_canvas->resize(m_canvas->sizeHint());
-    resize(std::max(480, m_canvas->width() + 40), std::max(360, m_canvas->height() + 80));
+    fitToPicture();
+}
+
+void PreviewWindow::fitToPicture()
+{
+    if (m_zoomFactor == 0)
+        return; // fitting goes the other way: the picture follows the window
+    // Room for the picture and the bar above it, within the screen.
+    const QSize wanted(std::max(480, m_canvas->width() + 40), m_canvas->height() + 80);
+    const QSize room = screen() ? screen()->availableSize() * 9 / 10 : wanted;
+    resize(wanted.boundedTo(room));
 }
 
 void PreviewWindow::setImage(const QImage &image)

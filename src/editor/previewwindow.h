@@ -34,6 +34,7 @@ public:
 
 private:
     void build(const QString &caption);
+    void fitToPicture();
     void showFrameState();
     void togglePause();
 
