@@ -13,6 +13,7 @@
 #include "editor/themefilewatch.h"
 #include "preview/previewtesthelpers.h"
 #include "preview/ticktimer.h"
+#include "package/packagewriter.h"
 #include "package/resourcepackage.h"
 #include "sound/soundsystem.h"
 
@@ -132,6 +133,8 @@ private slots:
                                               << "door.png";
         QTest::newRow("sound") << fieldControl("rotate") << "turn.wav" << "rotate" << "turn.wav";
         QTest::newRow("music") << fieldControl("midi") << "tune.ogg" << "midi" << "tune.ogg";
+        QTest::newRow("skin") << fieldControl("skinfile") << "skin.bmp" << "skinfile" << "skin.bmp";
+        QTest::newRow("package, unpacked") << fieldControl("resourcefile") << "pack.zip" << "resourcefile" << "*";
         QTest::newRow("text named .bmp refused") << fieldControl("skinfile") << "notes.bmp" << "" << "";
         QTest::newRow("mp3 on a sound row refused") << fieldControl("drop") << "drop.mp3" << "" << "";
         QTest::newRow("theme on a row loads") << fieldControl("rotate") << "other.skt" << "name" << "Other";
@@ -143,6 +146,8 @@ private slots:
         QFETCH(QString, file);
         QFETCH(QString, key);
         QFETCH(QString, stored);
+        qputenv("TMPDIR", QFile::encodeName(m_dir.filePath(QStringLiteral("tmp")))); // where packages unpack
+        QDir().mkpath(m_dir.filePath(QStringLiteral("tmp")));
         Editor e;
         everyRowEnabled(e);
         e.doc.setPackageFolder(m_dir.path() + u'/', m_dir.path() + u'/');
@@ -151,6 +156,10 @@ private slots:
             QVERIFY(writeFile(path, "shopping list"));
         else if (file.endsWith(u".bmp") || file.endsWith(u".png"))
             writeFrame(path, frameColor(1), {8, 8});
+        else if (file.endsWith(u".zip"))
+            QVERIFY(writeFile(m_dir.filePath("inside.txt"), "x")
+                    && writeResourcePackage(path, {m_dir.filePath("inside.txt")}, m_dir.path())
+                    && e.doc.setNumber(u"themetype", 1)); // the resource row takes input in Type 1 only
         else if (file.endsWith(u".skt"))
             QVERIFY(writeFile(path, "[Theme Info]\r\nname=Other\r\nthemetype=0\r\n"));
         else
@@ -170,6 +179,9 @@ private slots:
         if (key.isEmpty()) {
             QCOMPARE(e.doc.value(fieldControls().indexOf(control)), before);
             QVERIFY(!e.doc.isDirty());
+        } else if (stored == u"*") { // a package is named by its full path and unpacked
+            QCOMPARE(e.doc.value(key), QDir::toNativeSeparators(path));
+            QVERIFY(QFile::exists(e.doc.packageFolder() + QStringLiteral("inside.txt")));
         } else {
             QCOMPARE(e.doc.value(key), stored);
         }
