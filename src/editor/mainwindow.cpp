@@ -633,16 +633,16 @@ void MainWindow::applyWindowHeight()
     const int outer = qRound(pageRows[int(m_page)].heightTwips * logicalDpiY() / 1440.0);
     const int frame = frameGeometry().height() - geometry().height();
     const bool docked = !m_problems->isHidden() && !m_problems->isFloating();
-    if (statusBar()->isHidden() && !docked) {
+    if (!docked) {
+        // The status bar fits in what every page leaves spare: the window keeps its height.
         resize(qMax(width(), minimumSizeHint().width()), outer - frame);
         return;
     }
-    // The page keeps the height it has without them; the panel keeps the height it has.
-    const int pageHeight = outer - frame - menuBar()->height();
-    int extra = statusBar()->isHidden() ? 0 : statusBar()->sizeHint().height();
-    if (docked)
-        extra += qMax(m_problems->height(), m_problems->sizeHint().height())
-            + style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent, nullptr, this);
+    // The Problems panel takes room of its own: the page keeps its height, the panel its own.
+    const int status = statusBar()->isHidden() ? 0 : statusBar()->sizeHint().height();
+    const int pageHeight = outer - frame - menuBar()->height() - status;
+    const int extra = status + qMax(m_problems->height(), m_problems->sizeHint().height())
+                      + style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent, nullptr, this);
     const int pageMinimum = centralWidget()->minimumHeight();
     centralWidget()->setMinimumHeight(pageHeight);
     resize(qMax(width(), minimumSizeHint().width()), menuBar()->height() + pageHeight + extra);

@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -497,7 +498,12 @@ private slots:
         QString count = report.summary();
         count[0] = count[0].toUpper();
         QCOMPARE(control<QToolButton>(ProblemsPanel::countName)->text(), count);
-        QTRY_COMPARE(window->centralWidget()->height(), pageHeight);
+        // The count fits in the page's spare room; the panel brings room of its own.
+        QTRY_COMPARE(window->centralWidget()->height(), pageHeight - window->statusBar()->height());
+        window->problemsPanel().hide();
+        QTRY_COMPARE(window->frameGeometry().height(), pixelsOf(6475));
+        QCOMPARE(window->centralWidget()->height(), pageHeight - window->statusBar()->height());
+        window->problemsPanel().show();
 
         const QList<QTreeWidgetItem *> rows = list->findItems(key, Qt::MatchExactly, 1);
         QVERIFY(!rows.isEmpty());
