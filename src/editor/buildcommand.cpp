@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QProgressDialog>
+#include <QScopeGuard>
 #include <QStatusBar>
 
 namespace {
@@ -50,6 +51,10 @@ bool BuildCommand::build()
                                            .arg(absolute.join(u'\n')))
                == Dialogs::Answer::Yes;
 
+    // The progress dialog lets events through while it writes: no second build may start then.
+    QAction *command = m_window.findChild<QAction *>(QStringLiteral("mnuBuildPackage"));
+    command->setEnabled(false);
+    const auto enableAgain = qScopeGuard([command] { command->setEnabled(true); });
     QProgressDialog progress(QStringLiteral("Writing the resource package..."), QStringLiteral("Cancel"), 0, 1,
                              &m_window);
     progress.setWindowTitle(caption);
