@@ -378,6 +378,11 @@ def framestrip_seeds():
         seeds[name + "-cut"] = selector(extension, (element + 3) % 7, fraction=True, cut=True) + data
     # The content decides the format, whatever the name says.
     seeds["png-named-bmp"] = selector("bmp", 2) + png_bytes(8, 8, 2)
+    # A GIF whose header Qt cannot size but whose first frame decodes: the preview shows it,
+    # so everything that asks for a frame's size must answer from the decode.
+    seeds["gif-unsized"] = bytes((0x63,)) + bytes.fromhex(
+        "47494638396108000808810000000000ff000000ff000000ff21f904050a0003002c0000000081000000"
+        "0000ff000000ff000000ff21f904050a0003002c003b")
     return seeds
 
 

@@ -91,9 +91,17 @@ std::optional<QSize> LoadingSurface::headerSize(const QString &path)
     // Qt gives a top-down bitmap a negative height.
     const QSize header = reader.size();
     const QSize size(header.width(), qAbs(header.height()));
-    if (size.isEmpty())
+    if (!size.isEmpty())
+        return size;
+    // Some files Qt cannot size from their header still decode, and the preview shows them;
+    // the decode settles it, so the checker and the preview agree.
+    if (!in.seek(0))
         return std::nullopt;
-    return size;
+    QImageReader decoder(&in, format);
+    QImage picture;
+    if (!decoder.read(&picture) || picture.isNull())
+        return std::nullopt;
+    return picture.size();
 }
 
 bool LoadingSurface::keepScratch(const QByteArray &format)
