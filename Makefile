@@ -85,10 +85,7 @@ run: build
 
 bench: build
 	cmake --build $(BUILD) --target benchmarks
-	@status=0; for b in $(BUILD)/bench/bench_*; do \
-		[ -f "$$b" ] && [ -x "$$b" ] || continue; \
-		QT_QPA_PLATFORM=offscreen "$$b" || { echo "$$b did not run to the end"; status=1; }; \
-	done; exit $$status
+	bench/run-benchmarks.sh $(BUILD)
 
 sample: build
 	cmake --build $(BUILD) --target make-sample

@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
 
 /** The middle of \a values; of an even count, the upper of the two middle ones. */
@@ -19,6 +20,18 @@ inline double median(QList<double> values)
 {
     std::sort(values.begin(), values.end());
     return values.at(values.size() / 2);
+}
+
+/**
+ * One row of the table make bench prints at the end: \a figure against its ceiling \a target.
+ * Returns whether the target is met; a missed one is slow, not a failure to run.
+ */
+inline bool benchRow(const char *measure, double figure, double target, const char *unit = "")
+{
+    const bool met = figure <= target;
+    std::printf("@row\t%s\t%.3g%s\t<= %.3g%s\t%s\n", measure, figure, unit, target, unit, met ? "OK" : "SLOW");
+    std::fflush(stdout);
+    return met;
 }
 
 /** Frames 192x352 that compress like drawn art: one colour each, with a band of noise that moves down. */

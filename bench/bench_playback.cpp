@@ -1,0 +1,84 @@
+// A playing animation preview, measured with the real system tick counter and event loop: how
+// long each frame stays beyond its delay (median, p99) and the process CPU time over wall time.
+
+#include "benchstats.h"
+#include "previewframes.h"
+#include "preview/framepreviews.h"
+#include "preview/loadingsurface.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <cstdio>
+#include <ctime>
+
+namespace {
+
+double processCpuSeconds()
+{
+    timespec t{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    return double(t.tv_sec) + double(t.tv_nsec) / 1e9;
+}
+
+void frameTiming(const QString &folder)
+{
+    std::printf("Frame timing (3 s per delay; time on screen minus the delay)\n");
+    for (int delay : {0, 10, 40, 100}) {
+        ThemeDocument doc;
+        LoadingSurface loading;
+        FramePreviews previews(doc, loading);
+        configureBackground(doc, folder + QStringLiteral("/bg1.bmp"), 10, delay);
+
+        QElapsedTimer clock;
+        QList<qint64> changes;
+        changes.reserve(4000);
+        QObject::connect(&previews, &FramePreviews::surfaceChanged, [&] {
+            changes.append(clock.nsecsElapsed());
+        });
+        clock.start();
+        previews.startFramePreview(ElementBackground);
+        const double cpuBefore = processCpuSeconds();
+        clock.restart();
+        changes.clear();
+        QEventLoop loop;
+        QTimer::singleShot(3000, &loop, &QEventLoop::quit);
+        loop.exec();
+        const double wall = double(clock.nsecsElapsed()) / 1e9;
+        const double cpu = processCpuSeconds() - cpuBefore;
+        previews.stopAll();
+
+        QList<double> late;
+        for (qsizetype i = 2; i < changes.size(); ++i) // the first frame stays a single tick
+            late.append(double(changes.at(i) - changes.at(i - 1)) / 1e6 - delay);
+        if (late.isEmpty()) {
+            std::printf("  delay %3d ms: no frames shown\n", delay);
+            benchRow(qPrintable(QStringLiteral("playback %1 ms: frames shown").arg(delay)), 0, -1);
+            continue;
+        }
+        const double share = cpu / wall;
+        std::printf("  delay %3d ms: %5lld frames, beyond delay median %.2f ms, p99 %.2f ms, CPU/wall %.2f%%\n",
+                    delay, static_cast<long long>(late.size()), percentile(late, 0.5), percentile(late, 0.99),
+                    share * 100);
+        const QString name = QStringLiteral("playback %1 ms: ").arg(delay);
+        benchRow(qPrintable(name + QStringLiteral("beyond delay, median")), percentile(late, 0.5), 1.0, " ms");
+        benchRow(qPrintable(name + QStringLiteral("beyond delay, p99")), percentile(late, 0.99), 2.0, " ms");
+        benchRow(qPrintable(name + QStringLiteral("CPU of one core")), share * 100, delay >= 10 ? 0.5 : 3.0, "%");
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QGuiApplication app(argc, argv);
+    QTemporaryDir dir;
+    if (!dir.isValid())
+        return 1;
+    writeFrames(dir.path(), "bmp", 10);
+    frameTiming(dir.path());
+    return 0;
+}
