@@ -26,7 +26,7 @@ double processCpuSeconds()
 
 void frameTiming(const QString &folder)
 {
-    std::printf("Frame timing (3 s per delay; time on screen minus the delay)\n");
+    std::printf("Frame timing (10 s per delay; time on screen minus the delay)\n");
     for (int delay : {0, 10, 40, 100}) {
         ThemeDocument doc;
         LoadingSurface loading;
@@ -35,7 +35,7 @@ void frameTiming(const QString &folder)
 
         QElapsedTimer clock;
         QList<qint64> changes;
-        changes.reserve(4000);
+        changes.reserve(12000);
         QObject::connect(&previews, &FramePreviews::surfaceChanged, [&] {
             changes.append(clock.nsecsElapsed());
         });
@@ -45,7 +45,7 @@ void frameTiming(const QString &folder)
         clock.restart();
         changes.clear();
         QEventLoop loop;
-        QTimer::singleShot(3000, &loop, &QEventLoop::quit);
+        QTimer::singleShot(10000, &loop, &QEventLoop::quit);
         loop.exec();
         const double wall = double(clock.nsecsElapsed()) / 1e9;
         const double cpu = processCpuSeconds() - cpuBefore;

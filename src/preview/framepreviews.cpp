@@ -12,6 +12,10 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 // A load shorter than this finishes before a progress window would be readable.
 static constexpr quint32 progressDelayMs = 500;
 
@@ -44,6 +48,7 @@ FramePreviews::FramePreviews(ThemeDocument &doc, LoadingSurface &loading,
         attachTimer(i, new TickTimer(this));
     }
     connect(&m_doc, &ThemeDocument::themeReset, this, &FramePreviews::stopAll);
+    connect(&m_doc, &ThemeDocument::fieldChanged, this, &FramePreviews::fieldChanged);
 }
 
 FramePreviews::~FramePreviews()
@@ -67,7 +72,11 @@ void FramePreviews::attachTimer(int element, TickTimer *timer)
     slot = timer;
     timer->setInterval(1);
     m_timerConnections[size_t(element)] =
-        connect(timer, &TickTimer::timeout, this, [this, element] { animationTick(element); });
+        connect(timer, &TickTimer::timeout, this, [this, element] {
+            const qint64 next = sleepingTick(element);
+            if (TickTimer *timer = m_timers[size_t(element)]; timer && timer->isActive())
+                timer->postpone(int(next));
+        });
     if (running)
         timer->start();
 }
@@ -118,7 +127,7 @@ Report FramePreviews::startFramePreview(int element)
         return report;
     replaceStrip(element, built);
     m_states[size_t(element)] = {settings.startingFrame, 0, settings.frameCount, settings.delay,
-                                 settings.startingFrame};
+                                 settings.startingFrame, {}};
     m_timers[size_t(element)]->start();
     return report;
 }
@@ -142,6 +151,11 @@ void FramePreviews::replaceStrip(int element, QImage &built)
     strip.generation = m_nextGeneration++;
     strip.views.clear();
     releaseViews(replaced);
+    // Their next tick draws from the new strip.
+    for (int other = 0; other < AnimatedElementCount; ++other) {
+        if (&stripOf(other) == &strip)
+            wake(other);
+    }
 }
 
 bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Report &report)
@@ -218,24 +232,114 @@ void FramePreviews::readSettings(int element)
     }
 }
 
-void FramePreviews::animationTick(int element)
+bool FramePreviews::isPaused(int element) const
 {
     const FieldIndexes &f = m_fields[size_t(element)];
+    return f.animated >= 0 && m_doc.number(f.animated) != 1;
+}
+
+qint64 FramePreviews::slotToDraw(int element) const
+{
+    if (isPaused(element))
+        return 0;
+    const FieldIndexes &f = m_fields[size_t(element)];
+    const AnimationState &state = m_states[size_t(element)];
+    const bool reverse = f.reverse >= 0 && m_doc.number(f.reverse) == 1;
+    return reverse ? frameNumber(state.frameCount - double(state.currentFrame)) : state.currentFrame - 1;
+}
+
+void FramePreviews::animationTick(int element)
+{
     AnimationState &state = m_states[size_t(element)];
-    if (f.animated >= 0 && m_doc.number(f.animated) != 1) {
+    if (isPaused(element)) {
         draw(element, 0);
         return;
     }
     readSettings(element);
-    const bool reverse = f.reverse >= 0 && m_doc.number(f.reverse) == 1;
-    draw(element, reverse ? frameNumber(state.frameCount - double(state.currentFrame))
-                          : state.currentFrame - 1);
+    draw(element, slotToDraw(element));
     const quint32 elapsed = m_clock() - state.lastAdvanceTime;
-    if (state.delay < double(elapsed)) {
-        ++state.currentFrame;
-        if (state.frameCount < double(state.currentFrame))
-            state.currentFrame = state.startingFrame;
-        state.lastAdvanceTime = m_clock();
+    if (state.delay < double(elapsed))
+        advance(element, m_clock());
+}
+
+void FramePreviews::advance(int element, quint32 now)
+{
+    AnimationState &state = m_states[size_t(element)];
+    ++state.currentFrame;
+    if (state.frameCount < double(state.currentFrame))
+        state.currentFrame = state.startingFrame;
+    state.lastAdvanceTime = now;
+}
+
+bool FramePreviews::surfaceShows(int element, qint64 slot) const
+{
+    const Surface &surface = m_surfaces[size_t(animatedElements[element].surface)];
+    return surface.drawnAny && surface.drawn == DrawnFrame{element, stripOf(element).generation, slot};
+}
+
+FramePreviews::NextChange FramePreviews::nextChange(int element) const
+{
+    // A tick first draws: while the surface already shows that slot, drawing is free.
+    if (!surfaceShows(element, slotToDraw(element)))
+        return {};
+    if (isPaused(element))
+        return {-1};
+    const AnimationState &state = m_states[size_t(element)];
+    // The advancing tick is the first on which more than the delay has passed: a whole
+    // number of milliseconds, so the delay's fraction never counts.
+    if (!(state.delay >= 0))
+        return {};
+    // A sleep that long wakes once more and finds the rest.
+    constexpr double longestSleep = 60000;
+    const double due = std::floor(state.delay) + 1 - double(quint32(m_clock() - state.lastAdvanceTime));
+    if (due > longestSleep)
+        return {qint64(longestSleep)};
+    return {qint64(std::max(due, 1.0)), true};
+}
+
+qint64 FramePreviews::sleepingTick(int element)
+{
+    AnimationState &state = m_states[size_t(element)];
+    const quint32 now = m_clock();
+    // Woken on the tick after the skipped one, that tick's advance is made up as it would
+    // have been; woken earlier or later, the tick below decides as any tick does.
+    if (state.skippedAdvance && quint32(now - *state.skippedAdvance) == 1)
+        advance(element, *state.skippedAdvance);
+    state.skippedAdvance.reset();
+    animationTick(element);
+    const NextChange next = nextChange(element);
+    if (!next.advances)
+        return next.ms;
+    // Sleeping through the advancing tick too leaves one wake-up for each frame.
+    state.skippedAdvance = now + quint32(next.ms);
+    return next.ms + 1;
+}
+
+void FramePreviews::wake(int element)
+{
+    if (TickTimer *timer = m_timers[size_t(element)]; timer && timer->isActive())
+        timer->postpone(1);
+}
+
+void FramePreviews::wakeOthersOnSurface(int element)
+{
+    // Another element showing on the same surface draws its own frame over this one on its
+    // next tick, as it would if it ticked every millisecond.
+    const AnimatedElementId surface = animatedElements[element].surface;
+    for (int other = 0; other < AnimatedElementCount; ++other) {
+        if (other != element && animatedElements[other].surface == surface)
+            wake(other);
+    }
+}
+
+void FramePreviews::fieldChanged(int index)
+{
+    for (int element = 0; element < AnimatedElementCount; ++element) {
+        const FieldIndexes &f = m_fields[size_t(element)];
+        for (const int read : {f.animated, f.frameCount, f.startingFrame, f.delay, f.reverse}) {
+            if (read == index)
+                wake(element);
+        }
     }
 }
 
@@ -261,6 +365,7 @@ void FramePreviews::stepFrame(int element, int steps)
     const bool reverse = f.reverse >= 0 && m_doc.number(f.reverse) == 1;
     m_states[size_t(element)].currentFrame = reverse ? count - slot : slot + 1;
     m_states[size_t(element)].lastAdvanceTime = m_clock();
+    wake(element);
 }
 
 void FramePreviews::draw(int element, qint64 slot)
@@ -293,6 +398,7 @@ void FramePreviews::draw(int element, qint64 slot)
     }
     surface.drawnAny = true;
     surface.drawn = frame;
+    wakeOthersOnSurface(element);
     emit surfaceChanged(element, surface.image);
 }
 

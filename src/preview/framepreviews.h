@@ -73,6 +73,13 @@ public:
 
     /** One timer tick: draws the current frame and moves on once the delay has passed. */
     void animationTick(int element);
+    /**
+     * One tick of the element's timer, which sleeps through ticks that would change nothing:
+     * returns the milliseconds to the next tick it runs, -1 for none until a setting, the
+     * strip or the surface changes (those wake the timer for the next tick). Frames come
+     * and go on the same ticks as with animationTick() every millisecond.
+     */
+    qint64 sleepingTick(int element);
 
     /** Stops every element's timer; the surfaces keep their last frame. */
     void stopAll();
@@ -108,6 +115,8 @@ private:
         double frameCount = 1;
         double delay = 0;
         qint64 startingFrame = 1;
+        // The tick a sleeping timer skipped that would only have advanced the frame.
+        std::optional<quint32> skippedAdvance;
     };
     struct SettingTexts {
         ParsedNumber frameCount, delay, startingFrame;
@@ -137,9 +146,21 @@ private:
     };
 
     bool buildStrip(int element, double frameCount, QImage *strip, Report &report);
+    struct NextChange {
+        qint64 ms = 1;         // from the last tick; -1: none until woken
+        bool advances = false; // only the frame counter moves then, not the picture
+    };
+    NextChange nextChange(int element) const;
+    void wake(int element);
+    void wakeOthersOnSurface(int element);
+    void fieldChanged(int index);
+    bool isPaused(int element) const;
+    qint64 slotToDraw(int element) const;
+    bool surfaceShows(int element, qint64 slot) const;
     void replaceStrip(int element, QImage &built);
     static std::optional<double> readNumber(ParsedNumber &parsed, const QString &text);
     void readSettings(int element);
+    void advance(int element, quint32 now);
     void draw(int element, qint64 slot);
     const QImage *viewOf(Strip &strip, const AnimatedElement &element, qint64 slot);
     void releaseViews(quint64 stripGeneration);

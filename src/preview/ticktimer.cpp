@@ -22,7 +22,11 @@ TickTimer::TickTimer(QObject *parent)
 #endif
     // No kernel timer (another system, or out of descriptors): Qt's own still ticks.
     m_fallback.setTimerType(Qt::PreciseTimer);
-    connect(&m_fallback, &QTimer::timeout, this, &TickTimer::timeout);
+    connect(&m_fallback, &QTimer::timeout, this, [this] {
+        if (m_fallback.interval() != m_interval) // a postponed timeout: periods resume
+            m_fallback.start(m_interval);
+        emit timeout();
+    });
 }
 
 TickTimer::~TickTimer()
@@ -43,24 +47,49 @@ void TickTimer::setInterval(int milliseconds)
 void TickTimer::start()
 {
     m_active = true;
+    arm(m_interval);
+}
+
+void TickTimer::postpone(int milliseconds)
+{
+    if (m_active)
+        arm(milliseconds < 0 ? -1 : qMax(1, milliseconds));
+}
+
+void TickTimer::arm(int firstInMilliseconds)
+{
 #ifdef Q_OS_LINUX
     if (m_fd >= 0) {
+        if (firstInMilliseconds < 0) {
+            const itimerspec disarmed{};
+            timerfd_settime(m_fd, 0, &disarmed, nullptr);
+            m_due = -1;
+            return;
+        }
         // Expiries land half way through a millisecond of the monotonic clock, which is also
         // the previews' tick counter: wake-up jitter then never moves a tick across a change
         // of the count, which would hold a frame one tick longer.
         constexpr qint64 millisecond = 1000000;
         timespec now{};
         clock_gettime(CLOCK_MONOTONIC, &now);
-        const qint64 due = (qint64(now.tv_sec) * 1000 + now.tv_nsec / millisecond + m_interval) * millisecond
+        const qint64 due =
+            (qint64(now.tv_sec) * 1000 + now.tv_nsec / millisecond + firstInMilliseconds) * millisecond
             + millisecond / 2;
+        // Asking for the tick the period brings anyway costs no call into the kernel: a
+        // playing animation asks that on most ticks.
+        if (due == m_due && m_notifier->isEnabled())
+            return;
         const timespec period{m_interval / 1000, long(m_interval % 1000) * millisecond};
         const itimerspec schedule{period, {time_t(due / 1000000000), long(due % 1000000000)}};
-        timerfd_settime(m_fd, TFD_TIMER_ABSTIME, &schedule, nullptr);
+        m_due = timerfd_settime(m_fd, TFD_TIMER_ABSTIME, &schedule, nullptr) == 0 ? due : -1;
         m_notifier->setEnabled(true);
         return;
     }
 #endif
-    m_fallback.start(m_interval);
+    if (firstInMilliseconds < 0)
+        m_fallback.stop();
+    else
+        m_fallback.start(firstInMilliseconds);
 }
 
 void TickTimer::stop()
@@ -70,6 +99,7 @@ void TickTimer::stop()
     if (m_fd >= 0) {
         const itimerspec disarmed{};
         timerfd_settime(m_fd, 0, &disarmed, nullptr);
+        m_due = -1;
         m_notifier->setEnabled(false);
         return;
     }
@@ -84,6 +114,8 @@ void TickTimer::expired()
     // Reading clears the expiry count; a stop() between expiry and here leaves nothing to read.
     if (read(m_fd, &expirations, sizeof expirations) != qint64(sizeof expirations) || !m_active)
         return;
+    if (m_due >= 0)
+        m_due += qint64(expirations) * m_interval * 1000000;
 #endif
     emit timeout();
 }

@@ -30,16 +30,24 @@ public slots:
     /** Starts, or restarts, ticking: the first timeout() comes about one period from now. */
     void start();
     void stop();
+    /**
+     * For an active timer, the next timeout() comes on the millisecond tick \a milliseconds
+     * from the current one (at least 1), and periods go on from there; a negative value
+     * holds timeouts back until the next postpone() or start(). The timer stays active.
+     */
+    void postpone(int milliseconds);
 
 signals:
     void timeout();
 
 private:
     void expired();
+    void arm(int firstInMilliseconds);
 
     int m_interval = 1;
     bool m_active = false;
     int m_fd = -1;
+    qint64 m_due = -1; // the kernel timer's next expiry, in nanoseconds; -1 when disarmed
     QSocketNotifier *m_notifier = nullptr;
     QTimer m_fallback;
 };

@@ -4,6 +4,7 @@
 #include "preview/loadprogress.h"
 #include "previewtesthelpers.h"
 
+#include <QDateTime>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -26,6 +27,13 @@ struct Run {
     Fields edits;
     quint32 step;
     QList<int> frames;
+};
+
+// Fields set just before the tick at \a at.
+struct TimedEdit {
+    quint32 at;
+    QString key;
+    QString value;
 };
 
 class RecordingProgress : public LoadProgress
@@ -115,7 +123,73 @@ class FramePreviewsTest : public QObject
         return frames;
     }
 
+    // (tick, frame) for each picture the next block window shows over 400 ms: ticking every
+    // millisecond, or only on the ticks a sleeping timer asks for, an edit waking it.
+    QList<QPair<quint32, int>> frameChanges(const Settings &settings, const QList<TimedEdit> &edits, bool sleeping)
+    {
+        const int element = ElementNextBlock;
+        preview(element, "nb", settings.frames.toInt(), settings);
+        QList<QPair<quint32, int>> changes;
+        connect(m_engine.get(), &FramePreviews::surfaceChanged, this,
+                [&] { changes.append({m_now - 1000, shown(element)}); });
+        m_now = 1000;
+        qsizetype nextEdit = 0;
+        quint32 due = m_now;
+        for (; m_now < 1400; ++m_now) {
+            bool edited = false;
+            for (; nextEdit < edits.size() && edits.at(nextEdit).at + 1000 == m_now; ++nextEdit, edited = true)
+                m_doc->setValue(ThemeDocument::requireIndex(edits.at(nextEdit).key), edits.at(nextEdit).value);
+            if (!sleeping) {
+                m_engine->animationTick(element);
+            } else if (edited || m_now == due) {
+                const qint64 wait = m_engine->sleepingTick(element);
+                due = wait < 0 ? 0 : m_now + quint32(wait);
+            }
+        }
+        disconnect(m_engine.get(), &FramePreviews::surfaceChanged, this, nullptr);
+        return changes;
+    }
+
 private slots:
+    void sleepingTimerShowsTheSameFrames_data()
+    {
+        QTest::addColumn<Settings>("settings");
+        QTest::addColumn<QList<TimedEdit>>("edits");
+        QTest::newRow("delay 10") << Settings{"5", "1", "10"} << QList<TimedEdit>{};
+        QTest::newRow("delay 0") << Settings{"3", "1", "0"} << QList<TimedEdit>{};
+        QTest::newRow("fractional delay, reverse from 2") << Settings{"4", "2", "2.5", true} << QList<TimedEdit>{};
+        QTest::newRow("one frame") << Settings{"1", "1", "7"} << QList<TimedEdit>{};
+        QTest::newRow("edits while playing")
+            << Settings{"5", "1", "50"}
+            << QList<TimedEdit>{{23, "nextblkdelaybetweenframes", "5"},     {40, "nextblkframecount", "2"},
+                                {41, "nextblkframecount", "five"},           {60, "nextblkreverseanimation", "1"},
+                                {80, "nextblkanimated", "0"},                {150, "nextblkanimated", "1"},
+                                {151, "nextblkstartingframe", "2"},          {152, "nextblkframecount", "4"},
+                                {200, "nextblkdelaybetweenframes", "-3"},    {230, "nextblkdelaybetweenframes", "30"},
+                                {300, "nextblkdelaybetweenframes", "100000"}};
+    }
+
+    void sleepingTimerShowsTheSameFrames()
+    {
+        QFETCH(Settings, settings);
+        QFETCH(QList<TimedEdit>, edits);
+        const auto everyTick = frameChanges(settings, edits, false);
+        cleanup();
+        init();
+        const auto sleeping = frameChanges(settings, edits, true);
+        QVERIFY(!everyTick.isEmpty());
+        QCOMPARE(sleeping, everyTick);
+    }
+
+    void editWakesASleepingTimer()
+    {
+        preview(ElementNextBlock, "nb", 2, {"2", "1", "100000"});
+        m_engine->setClock([] { return quint32(QDateTime::currentMSecsSinceEpoch()); });
+        QTRY_COMPARE(shown(ElementNextBlock), 2);
+        m_doc->setText(QStringLiteral("nextblkdelaybetweenframes"), QStringLiteral("0"));
+        QTRY_COMPARE(shown(ElementNextBlock), 1);
+    }
+
     void init()
     {
         m_dir = std::make_unique<QTemporaryDir>();

@@ -61,6 +61,28 @@ private slots:
         QTRY_VERIFY(ticks.size() > stoppedAt);
     }
 
+    void postponeHoldsTicksBackWhileActive()
+    {
+        TickTimer timer;
+        QSignalSpy ticks(&timer, &TickTimer::timeout);
+        timer.postpone(1); // a stopped timer stays stopped
+        runEventLoop(20);
+        QCOMPARE(ticks.size(), 0);
+
+        timer.start();
+        timer.postpone(-1);
+        runEventLoop(50);
+        QCOMPARE(ticks.size(), 0);
+        QVERIFY(timer.isActive());
+
+        timer.postpone(200);
+        runEventLoop(50);
+        QCOMPARE(ticks.size(), 0);
+        timer.postpone(1);
+        QTRY_VERIFY(ticks.size() >= 1);
+        QTRY_VERIFY(ticks.size() >= 5); // periods go on after the postponed tick
+    }
+
     void stopBeforeTheLoopRunsDropsTheExpiry()
     {
         TickTimer timer;
