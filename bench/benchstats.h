@@ -23,6 +23,15 @@ inline double median(QList<double> values)
     return values.at(values.size() / 2);
 }
 
+/** The median of the round-by-round ratios \a numerators[i] / \a denominators[i]. */
+inline double medianRatio(const QList<double> &numerators, const QList<double> &denominators)
+{
+    QList<double> ratios;
+    for (qsizetype i = 0; i < std::min(numerators.size(), denominators.size()); ++i)
+        ratios.append(numerators.at(i) / denominators.at(i));
+    return ratios.isEmpty() ? 0 : median(ratios);
+}
+
 /**
  * One row of the table make bench prints at the end: \a figure against its ceiling \a target,
  * both to two decimals, and judged as printed: a median a microsecond beyond 1.00 ms is 1.00 ms.

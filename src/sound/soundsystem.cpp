@@ -54,8 +54,9 @@ constexpr qint32 lowestFrequency = 4000;
 constexpr qint32 highestFrequency = 192000;
 constexpr qint32 mostChannels = 1024;
 
-// One buffer of 1024 frames is 23 ms at 44100 Hz: short enough that a click feels immediate.
-constexpr int chunkFrames = 1024;
+// About 10 ms a buffer: sound servers wake their clients about that often, so a shorter
+// buffer would only add wake-ups, and mixing a soundfont song's buffer takes a fraction of it.
+constexpr int bufferMs = 10;
 
 // Wave sounds own channel 0; nothing else in the editor plays sound effects.
 constexpr int waveChannel = 0;
@@ -204,7 +205,8 @@ bool SoundSystem::openMixer(const EditorConfig &config)
         return false;
     if (!startAudio(driverForOutput(config.output)))
         return false;
-    if (Mix_OpenAudioDevice(config.frequency, MIX_DEFAULT_FORMAT, 2, chunkFrames, nullptr, 0) != 0) {
+    if (Mix_OpenAudioDevice(config.frequency, MIX_DEFAULT_FORMAT, 2, bufferFrames(config.frequency), nullptr, 0)
+        != 0) {
         stopAudio();
         return false;
     }
@@ -222,7 +224,8 @@ bool SoundSystem::openWaveDevice()
 {
     if (!startAudio(nullptr))
         return false;
-    if (Mix_OpenAudioDevice(MIX_DEFAULT_FREQUENCY, MIX_DEFAULT_FORMAT, 2, chunkFrames, nullptr, 0)
+    if (Mix_OpenAudioDevice(MIX_DEFAULT_FREQUENCY, MIX_DEFAULT_FORMAT, 2, bufferFrames(MIX_DEFAULT_FREQUENCY),
+                            nullptr, 0)
         != 0) {
         stopAudio();
         return false;
@@ -328,6 +331,15 @@ void SoundSystem::playWaveFile(const QString &path)
         Mix_FreeChunk(m_wave);
     m_wave = chunk;
     Mix_PlayChannel(waveChannel, m_wave, 0);
+}
+
+int SoundSystem::bufferFrames(int frequency)
+{
+    // Devices take powers of two best.
+    int frames = 64;
+    while (frames < qint64(frequency) * bufferMs / 1000)
+        frames *= 2;
+    return frames;
 }
 
 QString SoundSystem::soundErrorText(int code)

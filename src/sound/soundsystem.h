@@ -64,6 +64,12 @@ public:
      */
     static int checkMusicFile(const QString &path);
 
+    /**
+     * Frames in one mixer buffer at \a frequency: a sound starts on the next buffer, so this
+     * is the wait between a click and its sound.
+     */
+    static int bufferFrames(int frequency);
+
     /** The text for the error \a code, as the music errors are reported. */
     static QString soundErrorText(int code);
 
