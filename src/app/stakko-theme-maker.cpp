@@ -271,6 +271,8 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Stakko Theme Maker"));
     QApplication::setApplicationVersion(QStringLiteral(STAKKO_VERSION_STRING));
+    // Ties the windows to the desktop entry, for its icon and name in docks and task bars.
+    QGuiApplication::setDesktopFileName(QStringLiteral(STAKKO_APP_ID));
 
     QStringList args = QApplication::arguments().mid(1);
     QString screenshotFolder;
