@@ -22,7 +22,7 @@ FUZZ_PACKAGES  = clang libclang-rt-dev python3
 FUZZ_TOOLCHAIN = printf 'extern "C" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }\n' | \
 	clang++ -x c++ -fsanitize=fuzzer,address,undefined -o /dev/null - >/dev/null 2>&1
 
-.PHONY: all deps configure build test run bench sample clean fuzz fuzz-deps fuzz-build fuzz-run fuzz-smoke
+.PHONY: all deps configure build test package run bench sample clean fuzz fuzz-deps fuzz-build fuzz-run fuzz-smoke
 
 all: build
 
@@ -51,6 +51,10 @@ test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy \
 		ctest --output-on-failure -j $(JOBS)
 	@$(MAKE) --no-print-directory fuzz-smoke
+
+# The Debian package: $(BUILD)/stakko-theme-maker_VERSION_ARCH.deb.
+package: build
+	cmake --build $(BUILD) --target package
 
 # Each fuzz target for a short while when clang is here; the test run fails on any finding.
 fuzz-smoke:
