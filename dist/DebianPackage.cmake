@@ -5,13 +5,14 @@ set(CPACK_PACKAGE_VENDOR "The Stakko Theme Maker developers")
 set(CPACK_PACKAGE_CONTACT "The Stakko Theme Maker developers <developers@stakko.example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for themes of the falling-blocks game Stakko")
 set(CPACK_PACKAGE_DESCRIPTION
-    "Stakko Theme Maker is the desktop editor in which theme authors build themes for the
-falling-blocks game Stakko: animated backgrounds and blocks, interface screens, colours,
-sounds and music, saved as a .skt theme file and a zip resource package. Previews play
-every animation as the game does; a check finds missing frames and broken sounds.
+    "Stakko Theme Maker is the desktop editor in which theme authors build themes
+for the falling-blocks game Stakko: animated backgrounds and blocks, interface
+screens, colours, sounds and music, saved as a .skt theme file and a zip
+resource package. Previews play every animation as the game does; a check
+finds missing frames and broken sounds.
 .
-The package also holds stakko-theme, the same theme core on the command line for scripts
-and batch work: create, set, dump, check and package themes.")
+The package also holds stakko-theme, the same theme core on the command line
+for scripts and batch work: create, set, dump, check and package themes.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
