@@ -3,11 +3,15 @@ BUILD   ?= build
 JOBS    ?= $(shell nproc)
 SAMPLE  ?= samples/StakkoSample.skt
 
-# Build tools and libraries; the soundfont plays MIDI; sox, vorbis-tools and lame make the
-# sound tests' files; unzip and zip are the yardsticks of the package benchmarks; xvfb runs the
-# window tests on an X server too.
-DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev libarchive-dev \
-	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip xvfb xauth
+# Build tools and libraries (qt6-svg-dev renders the icons at build time); the soundfont plays
+# MIDI; sox, vorbis-tools and lame make the sound tests' files; unzip and zip are the yardsticks
+# of the package benchmarks; xvfb runs the window tests on an X server too. The install tests
+# validate with desktop-file-utils, appstream and shared-mime-info, render the manual pages with
+# groff-base and find the completion folder through bash-completion; dpkg-dev and file let CPack
+# compute the Debian package's dependencies.
+DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libarchive-dev \
+	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip xvfb xauth \
+	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
 FUZZ_BUILD    ?= build-fuzz
@@ -18,7 +22,7 @@ FUZZ_PACKAGES  = clang libclang-rt-dev python3
 FUZZ_TOOLCHAIN = printf 'extern "C" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }\n' | \
 	clang++ -x c++ -fsanitize=fuzzer,address,undefined -o /dev/null - >/dev/null 2>&1
 
-.PHONY: all deps configure build test run bench sample clean fuzz fuzz-deps fuzz-build fuzz-run fuzz-smoke
+.PHONY: all deps configure build test package run bench sample clean fuzz fuzz-deps fuzz-build fuzz-run fuzz-smoke
 
 all: build
 
@@ -47,6 +51,10 @@ test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy \
 		ctest --output-on-failure -j $(JOBS)
 	@$(MAKE) --no-print-directory fuzz-smoke
+
+# The Debian package: $(BUILD)/stakko-theme-maker_VERSION_ARCH.deb.
+package: build
+	cmake --build $(BUILD) --target package
 
 # Each fuzz target for a short while when clang is here; the test run fails on any finding.
 fuzz-smoke:

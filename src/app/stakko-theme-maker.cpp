@@ -1,6 +1,4 @@
-// The editor: stakko-theme-maker [THEME.skt]
-// stakko-theme-maker --screenshot DIR [THEME.skt] writes every page and data set as PNG files,
-// at the screen's resolution and again at 144 DPI, and exits.
+// The editor: stakko-theme-maker [THEME.skt], or --screenshot DIR [THEME.skt] (see usageText).
 
 #include "check/backgroundcheck.h"
 #include "common/allocator.h"
@@ -40,8 +38,50 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
+
+const char *const usageLines =
+    "Usage: stakko-theme-maker [THEME.skt]\n"
+    "       stakko-theme-maker --screenshot DIR [THEME.skt]\n";
+
+const char *const usageText =
+    "\n"
+    "Opens THEME, a .skt theme file (as a file manager passes it), or a new theme.\n"
+    "\n"
+    "Options:\n"
+    "  --screenshot DIR   write every page and data set of THEME, with its previews playing,\n"
+    "                     as PNG files in DIR (at the screen's resolution and again at\n"
+    "                     144 DPI), then the Problems panel, the File and Edit menus and the\n"
+    "                     closer look at 4x, and exit; nothing else is written\n"
+    "  --help, --version\n"
+    "\n"
+    "Exit status: 0 done, 1 a screenshot could not be written, 2 usage error.\n";
+
+/** Usage errors end here, before any window: exit status 2. */
+int usageError()
+{
+    std::fprintf(stderr, "%sTry 'stakko-theme-maker --help'.\n", usageLines);
+    return 2;
+}
+
+/** --help and --version are answered before the application starts, so they need no display. */
+std::optional<int> answerWithoutWindow(int argc, char *argv[])
+{
+    for (int i = 1; i < argc; ++i) {
+        const QByteArrayView arg(argv[i]);
+        if (arg == "--help" || arg == "-h") {
+            std::printf("%s%s", usageLines, usageText);
+            return 0;
+        }
+        if (arg == "--version") {
+            std::printf("stakko-theme-maker %s\n", STAKKO_VERSION_STRING);
+            return 0;
+        }
+    }
+    return std::nullopt;
+}
 
 /** For screenshots and an end by the system: messages go to stderr and every question is cancelled. */
 class UnattendedDialogs : public EditorDialogs
@@ -226,19 +266,21 @@ int runScaledPass(const QStringList &arguments)
 int main(int argc, char *argv[])
 {
     keepFreedMemory();
+    if (const std::optional<int> answered = answerWithoutWindow(argc, argv))
+        return *answered;
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Stakko Theme Maker"));
     QApplication::setApplicationVersion(QStringLiteral(STAKKO_VERSION_STRING));
+    // Ties the windows to the desktop entry, for its icon and name in docks and task bars.
+    QGuiApplication::setDesktopFileName(QStringLiteral(STAKKO_APP_ID));
 
     QStringList args = QApplication::arguments().mid(1);
     QString screenshotFolder;
     QString screenshotSuffix;
     bool scaledPass = false;
     if (args.value(0) == QLatin1String("--screenshot")) {
-        if (args.size() < 2) {
-            std::fprintf(stderr, "usage: stakko-theme-maker --screenshot DIR [THEME.skt]\n");
-            return 2;
-        }
+        if (args.size() < 2)
+            return usageError();
         screenshotFolder = args.value(1);
         args = args.mid(2);
         if (args.value(0) == QLatin1String("--scaled-pass")) {
@@ -247,11 +289,8 @@ int main(int argc, char *argv[])
             args.removeFirst();
         }
     }
-    if (args.size() > 1 || args.value(0).startsWith(QLatin1String("--"))) {
-        std::fprintf(stderr, "usage: stakko-theme-maker [THEME.skt]\n"
-                             "       stakko-theme-maker --screenshot DIR [THEME.skt]\n");
-        return 2;
-    }
+    if (args.size() > 1 || args.value(0).startsWith(QLatin1String("--")))
+        return usageError();
     const QString themePath = args.value(0);
 
     ThemeDocument doc;

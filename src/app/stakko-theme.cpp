@@ -52,6 +52,8 @@ const char *const usageText =
     "        (or PACKAGE). --relink stores files named by absolute paths under their own\n"
     "        names and saves the theme with the new names. Nothing is written when a file\n"
     "        is missing; exit status 1 then.\n"
+    "  fields\n"
+    "        Print every field key that -s takes, one per line, in the order dump prints them.\n"
     "\n"
     "Options:\n"
     "  -s KEY=VALUE          set a field (KEY as in the theme file: name, bgimage, Bombfilename,\n"
@@ -361,6 +363,12 @@ int run(const Options &o, ConsoleDialogs &dialogs)
     }
     if (o.command == u"build")
         return build(o, doc, commands);
+    if (o.command == u"fields") {
+        requireArguments(o, 0, 0);
+        for (const auto &field : themeFields())
+            std::printf("%s\n", field.key);
+        return ExitOk;
+    }
     if (o.command == u"pack") {
         if (o.output.isEmpty() || o.positional.isEmpty())
             throw UsageError{QStringLiteral("pack needs -o PACKAGE.zip and at least one file")};

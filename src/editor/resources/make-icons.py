@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Draws the editor's icons (16 px plus an @2x variant, 32 px for the app icon).
+"""Draws the editor's small icons (16 px plus an @2x variant). The application icon is drawn
+once in dist/icons/app.svg and rendered at build time.
 
 They are stored as raw RGBA pixels, row by row, square: the editor wraps them in images without
 decoding anything, which keeps image readers (and their plugin scan) out of start-up.
@@ -102,15 +103,6 @@ INK = rgba("#3a4250")
 PAPER = rgba("#fbfbf7")
 
 
-def draw_app(c):
-    c.block(1, 9, 5, rgba("#d94a3a"))
-    c.block(6, 9, 5, rgba("#d94a3a"))
-    c.block(6, 4, 5, rgba("#e8b830"))
-    c.block(11, 9, 4.5, rgba("#3a7bd5"))
-    c.block(11, 4.5, 4.5, rgba("#3a7bd5"))
-    c.rect(1, 14.5, 15.5, 15.5, INK)
-
-
 def draw_general(c):
     c.polygon([(3, 1), (10, 1), (13, 4), (13, 15), (3, 15)], INK)
     c.polygon([(4, 2), (9.5, 2), (12, 4.5), (12, 14), (4, 14)], PAPER)
@@ -185,7 +177,6 @@ def draw_play(c):
 
 
 ICONS = {
-    "app": (draw_app, (32, 64)),
     "tab-general": (draw_general, (16, 32)),
     "tab-iface": (draw_iface, (16, 32)),
     "tab-background": (draw_background, (16, 32)),

@@ -1,0 +1,25 @@
+# make package: a Debian package of everything cmake --install puts in place, below /usr.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME stakko-theme-maker)
+set(CPACK_PACKAGE_VENDOR "The Stakko Theme Maker developers")
+set(CPACK_PACKAGE_CONTACT "The Stakko Theme Maker developers <developers@stakko.example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for themes of the falling-blocks game Stakko")
+set(CPACK_PACKAGE_DESCRIPTION
+    "Stakko Theme Maker is the desktop editor in which theme authors build themes
+for the falling-blocks game Stakko: animated backgrounds and blocks, interface
+screens, colours, sounds and music, saved as a .skt theme file and a zip
+resource package. Previews play every animation as the game does; a check
+finds missing frames and broken sounds.
+.
+The package also holds stakko-theme, the same theme core on the command line
+for scripts and batch work: create, set, dump, check and package themes.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${STAKKO_WEB_ADDRESS}")
+# The libraries the binaries link come from dpkg-shlibdeps; the soundfont is data MIDI playback
+# opens by name, which no link shows.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS timgm6mb-soundfont)
+include(CPack)

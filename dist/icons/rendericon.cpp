@@ -1,0 +1,60 @@
+// render-icon SOURCE.svg SIZE OUTPUT: draws the icon SIZE pixels square, as PNG, or as the raw
+// RGBA rows the editor's window icon reads (OUTPUT ending in .rgba). Build-time only: the
+// programs themselves never read SVG.
+
+#include "common/safefile.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <cstdio>
+
+namespace {
+
+int fail(const QString &why)
+{
+    std::fprintf(stderr, "render-icon: %s\n", qPrintable(why));
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (argc != 4)
+        return fail(QStringLiteral("usage: render-icon SOURCE.svg SIZE OUTPUT.png|OUTPUT.rgba"));
+    const QString source = QString::fromLocal8Bit(argv[1]);
+    const int size = QByteArray(argv[2]).toInt();
+    const QString output = QString::fromLocal8Bit(argv[3]);
+
+    QSvgRenderer svg(source);
+    if (!svg.isValid())
+        return fail(source + QStringLiteral(" is no SVG drawing"));
+    if (size <= 0 || size > 1024)
+        return fail(QStringLiteral("size %1 is out of range").arg(QLatin1StringView(argv[2])));
+
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    svg.render(&painter, QRectF(0, 0, size, size));
+    painter.end();
+
+    QByteArray bytes;
+    if (output.endsWith(QLatin1String(".rgba"))) {
+        // Rows of straight RGBA, no padding: a side of any size is a multiple of 4 bytes.
+        const QImage rows = image.convertToFormat(QImage::Format_RGBA8888);
+        for (int y = 0; y < size; ++y)
+            bytes.append(reinterpret_cast<const char *>(rows.constScanLine(y)), qsizetype(size) * 4);
+    } else {
+        QBuffer buffer(&bytes);
+        if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG"))
+            return fail(QStringLiteral("the picture could not be encoded as PNG"));
+    }
+    QString error;
+    if (!writeWholeFile(output, bytes, &error))
+        return fail(QStringLiteral("could not write %1: %2").arg(output, error));
+    return 0;
+}

@@ -1,0 +1,46 @@
+# bash completion for stakko-theme. Commands and options come from its --help and field keys
+# from its fields command, so the completion never lists what the program no longer knows.
+
+# The commands, as the Commands: section of --help starts each of its entries.
+_stakko_theme_commands()
+{
+    "$1" --help 2>/dev/null | sed -n '/^Commands:/,/^$/s/^  \([a-z][a-z]*\).*/\1/p'
+}
+
+# Every option --help mentions: -x or --word after a blank or an opening bracket.
+_stakko_theme_options()
+{
+    "$1" --help 2>/dev/null | grep -oE '(^|[[ (])--?[a-z][a-z-]*' | sed 's/^[[ (]//' | sort -u
+}
+
+_stakko_theme()
+{
+    local program=$1 cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD-1]}
+    local IFS=$'\n'
+    COMPREPLY=()
+    case $prev in
+        -s | --set-file)
+            COMPREPLY=($(compgen -W "$("$program" fields 2>/dev/null)" -S = -- "$cur"))
+            compopt -o nospace
+            return
+            ;;
+        --from | --root)
+            COMPREPLY=($(compgen -d -- "$cur"))
+            return
+            ;;
+        -o | --password | --max-unpacked-bytes)
+            return # a file name, or nothing to offer
+            ;;
+    esac
+    if [[ $cur == -* ]]; then
+        COMPREPLY=($(compgen -W "$(_stakko_theme_options "$program")" -- "$cur"))
+        return
+    fi
+    local commands word
+    commands=$(_stakko_theme_commands "$program")
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        [[ $'\n'$commands$'\n' == *$'\n'$word$'\n'* ]] && return # files from here on
+    done
+    COMPREPLY=($(compgen -W "$commands" -- "$cur"))
+}
+complete -o default -F _stakko_theme stakko-theme
