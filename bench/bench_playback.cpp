@@ -24,10 +24,10 @@ double processCpuSeconds()
     return double(t.tv_sec) + double(t.tv_nsec) / 1e9;
 }
 
-void frameTiming(const QString &folder)
+void frameTiming(const QString &folder, const QList<int> &delays)
 {
     std::printf("Frame timing (10 s per delay; time on screen minus the delay)\n");
-    for (int delay : {0, 10, 40, 100}) {
+    for (int delay : delays) {
         ThemeDocument doc;
         LoadingSurface loading;
         FramePreviews previews(doc, loading);
@@ -79,6 +79,10 @@ int main(int argc, char **argv)
     if (!dir.isValid())
         return 1;
     writeFrames(dir.path(), "bmp", 10);
-    frameTiming(dir.path());
+    // Delays named on the command line, for a closer look at one of them.
+    QList<int> delays;
+    for (const QString &argument : app.arguments().mid(1))
+        delays.append(argument.toInt());
+    frameTiming(dir.path(), delays.isEmpty() ? QList<int>{0, 10, 40, 100} : delays);
     return 0;
 }

@@ -22,11 +22,7 @@ TickTimer::TickTimer(QObject *parent)
 #endif
     // No kernel timer (another system, or out of descriptors): Qt's own still ticks.
     m_fallback.setTimerType(Qt::PreciseTimer);
-    connect(&m_fallback, &QTimer::timeout, this, [this] {
-        if (m_fallback.interval() != m_interval) // a postponed timeout: periods resume
-            m_fallback.start(m_interval);
-        emit timeout();
-    });
+    connect(&m_fallback, &QTimer::timeout, this, &TickTimer::timeout);
 }
 
 TickTimer::~TickTimer()
@@ -56,11 +52,12 @@ void TickTimer::postpone(int milliseconds)
         arm(milliseconds < 0 ? -1 : qMax(1, milliseconds));
 }
 
-void TickTimer::arm(int firstInMilliseconds)
+void TickTimer::arm(int period)
 {
+    m_period = period;
 #ifdef Q_OS_LINUX
     if (m_fd >= 0) {
-        if (firstInMilliseconds < 0) {
+        if (period < 0) {
             const itimerspec disarmed{};
             timerfd_settime(m_fd, 0, &disarmed, nullptr);
             m_due = -1;
@@ -72,24 +69,23 @@ void TickTimer::arm(int firstInMilliseconds)
         constexpr qint64 millisecond = 1000000;
         timespec now{};
         clock_gettime(CLOCK_MONOTONIC, &now);
-        const qint64 due =
-            (qint64(now.tv_sec) * 1000 + now.tv_nsec / millisecond + firstInMilliseconds) * millisecond
+        const qint64 due = (qint64(now.tv_sec) * 1000 + now.tv_nsec / millisecond + period) * millisecond
             + millisecond / 2;
-        // Asking for the tick the period brings anyway costs no call into the kernel: a
-        // playing animation asks that on most ticks.
+        // The schedule running already costs no call into the kernel: a playing animation
+        // keeps asking for the same period, one wake-up a frame.
         if (due == m_due && m_notifier->isEnabled())
             return;
-        const timespec period{m_interval / 1000, long(m_interval % 1000) * millisecond};
-        const itimerspec schedule{period, {time_t(due / 1000000000), long(due % 1000000000)}};
+        const timespec interval{period / 1000, long(period % 1000) * millisecond};
+        const itimerspec schedule{interval, {time_t(due / 1000000000), long(due % 1000000000)}};
         m_due = timerfd_settime(m_fd, TFD_TIMER_ABSTIME, &schedule, nullptr) == 0 ? due : -1;
         m_notifier->setEnabled(true);
         return;
     }
 #endif
-    if (firstInMilliseconds < 0)
+    if (period < 0)
         m_fallback.stop();
     else
-        m_fallback.start(firstInMilliseconds);
+        m_fallback.start(period);
 }
 
 void TickTimer::stop()
@@ -115,7 +111,7 @@ void TickTimer::expired()
     if (read(m_fd, &expirations, sizeof expirations) != qint64(sizeof expirations) || !m_active)
         return;
     if (m_due >= 0)
-        m_due += qint64(expirations) * m_interval * 1000000;
+        m_due += qint64(expirations) * m_period * 1000000;
 #endif
     emit timeout();
 }

@@ -31,9 +31,9 @@ public slots:
     void start();
     void stop();
     /**
-     * For an active timer, the next timeout() comes on the millisecond tick \a milliseconds
-     * from the current one (at least 1), and periods go on from there; a negative value
-     * holds timeouts back until the next postpone() or start(). The timer stays active.
+     * For an active timer, timeouts come on every \a milliseconds-th millisecond tick from
+     * the current one (at least 1) until the next postpone() or start(); a negative value
+     * holds them back until then. The timer stays active.
      */
     void postpone(int milliseconds);
 
@@ -42,11 +42,12 @@ signals:
 
 private:
     void expired();
-    void arm(int firstInMilliseconds);
+    void arm(int period);
 
     int m_interval = 1;
     bool m_active = false;
     int m_fd = -1;
+    int m_period = 1;  // of the running schedule, which postpone() may have changed
     qint64 m_due = -1; // the kernel timer's next expiry, in nanoseconds; -1 when disarmed
     QSocketNotifier *m_notifier = nullptr;
     QTimer m_fallback;
