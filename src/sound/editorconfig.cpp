@@ -12,6 +12,9 @@
 #include <QStandardPaths>
 
 #include <cmath>
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 #include <limits>
 #include <optional>
 
@@ -96,11 +99,29 @@ bool writeEditorConfig(const EditorConfig &config, const QString &path, QString 
     return true;
 }
 
+bool settingsBesideProgram(const QString &programFolder, const QString &installedFolder)
+{
+    const QFileInfo folder(programFolder);
+    if (programFolder.isEmpty() || folder.isSymLink() || !folder.isDir() || !folder.isWritable())
+        return false;
+#ifdef Q_OS_UNIX
+    // In a folder others may write to, they could plant a file or a link where ours goes.
+    if (folder.ownerId() != ::geteuid() || folder.permissions() & (QFile::WriteGroup | QFile::WriteOther))
+        return false;
+#endif
+    const QString installed = QFileInfo(installedFolder).canonicalFilePath();
+    return installed.isEmpty() || folder.canonicalFilePath() != installed;
+}
+
+static bool besideProgram()
+{
+    return settingsBesideProgram(QCoreApplication::applicationDirPath(), QStringLiteral(STAKKO_INSTALL_BINDIR));
+}
+
 QString editorConfigWritePath()
 {
-    const QString programFolder = QCoreApplication::applicationDirPath();
-    if (!programFolder.isEmpty() && QFileInfo(programFolder).isWritable())
-        return configPathIn(programFolder);
+    if (besideProgram())
+        return configPathIn(QCoreApplication::applicationDirPath());
     const QString userFolder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
     QDir().mkpath(userFolder);
     return configPathIn(userFolder);
@@ -109,7 +130,7 @@ QString editorConfigWritePath()
 QString editorConfigReadPath()
 {
     const QString beside = configPathIn(QCoreApplication::applicationDirPath());
-    if (QFileInfo::exists(beside))
+    if (besideProgram() && QFileInfo::exists(beside))
         return beside;
     const QString user =
         configPathIn(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));

@@ -16,8 +16,15 @@ void readEditorConfig(EditorConfig &config, const QString &path);
 bool writeEditorConfig(const EditorConfig &config, const QString &path, QString *error = nullptr);
 
 /**
- * Where skm.ini lives: beside the program when that folder is writable (a portable install),
- * else in the per-user configuration folder. Reading prefers whichever exists.
+ * Where skm.ini lives: beside the program when settingsBesideProgram() allows it (a portable
+ * copy), else in the per-user configuration folder. Reading prefers whichever exists.
  */
 QString editorConfigReadPath();
 QString editorConfigWritePath();
+
+/**
+ * Whether skm.ini may live in \a programFolder: a real folder of the user's own that nobody
+ * else can write to, and not \a installedFolder, which everyone who runs the installed
+ * program shares (so not even its owner, root, keeps settings there).
+ */
+bool settingsBesideProgram(const QString &programFolder, const QString &installedFolder);

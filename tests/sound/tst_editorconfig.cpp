@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <unistd.h>
+
 namespace {
 
 const QByteArray head = "//Stakko Theme Maker Configuration\r\n \r\n[Sound Mixer]\r\n";
@@ -111,13 +113,36 @@ private slots:
         QVERIFY(!QFileInfo::exists(path("missing-folder/skm.ini")));
     }
 
-    void writePathIsBesideProgramWhenWritable()
+    void settingsStayBesideOnlyAnOwnUnsharedCopy_data()
     {
-        const QString programFolder = QCoreApplication::applicationDirPath();
-        if (!QFileInfo(programFolder).isWritable())
-            QSKIP("the test program's folder is read-only here");
-        QCOMPARE(editorConfigWritePath(), programFolder + QStringLiteral("/skm.ini"));
-        QCOMPARE(QFileInfo(editorConfigReadPath()).fileName(), QStringLiteral("skm.ini"));
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QFile::Permissions>("permissions");
+        QTest::addColumn<bool>("beside");
+        const QFile::Permissions own = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+        const QFile::Permissions shared = own | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+        QTest::newRow("own folder") << "own" << shared << true;
+        QTest::newRow("installed folder") << "installed" << shared << false;
+        QTest::newRow("group may write") << "own" << (shared | QFile::WriteGroup) << false;
+        QTest::newRow("anyone may write") << "own" << (shared | QFile::WriteOther) << false;
+        QTest::newRow("a link to an own folder") << "link" << shared << false;
+        QTest::newRow("missing") << "missing" << shared << false;
+        if (::geteuid() != 0) // root writes anywhere
+            QTest::newRow("read-only") << "own" << (shared & ~QFile::WriteOwner) << false;
+    }
+
+    void settingsStayBesideOnlyAnOwnUnsharedCopy()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QFile::Permissions, permissions);
+        QFETCH(bool, beside);
+        QTemporaryDir dir;
+        for (const char *name : {"own", "installed"}) {
+            QVERIFY(QDir().mkpath(dir.filePath(name)));
+            QVERIFY(QFile::setPermissions(dir.filePath(name), permissions));
+        }
+        QVERIFY(QFile::link(dir.filePath("own"), dir.filePath("link")));
+        QCOMPARE(settingsBesideProgram(dir.filePath(folder), dir.filePath("installed")), beside);
+        QVERIFY(QFile::setPermissions(dir.filePath("own"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     }
 };
 
