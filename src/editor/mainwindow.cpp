@@ -8,6 +8,7 @@
 #include "document/themehistory.h"
 #include "editor/aboutwindow.h"
 #include "editor/controlnames.h"
+#include "editor/fontwarmup.h"
 #include "editor/pages.h"
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
@@ -150,6 +151,7 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
         if (e.animatedFields[0])
             m_switchedFrames.append({elementControls[i].aniFrame, e.animatedFields});
     }
+    finishFontWarmUp(); // the page tabs measure their captions
     setCentralWidget(buildPageArea());
     connect(&m_doc, &ThemeDocument::fieldChanged, this, &MainWindow::showFieldValue);
     connect(&m_doc, &ThemeDocument::swatchChanged, this, &MainWindow::showSwatch);
@@ -220,7 +222,7 @@ void MainWindow::buildMenus()
     check->setShortcut(QKeySequence(Qt::Key_F7));
     connect(check, &QAction::triggered, this, [this] {
         checkTheme();
-        m_problems->show();
+        problemsPanel().show();
         m_problems->raise();
     });
     tools->addSeparator();
@@ -243,9 +245,11 @@ void MainWindow::buildTimers()
     }
 }
 
-void MainWindow::buildProblems()
+ProblemsPanel &MainWindow::problemsPanel()
 {
-    m_check = new BackgroundCheck(m_doc, this);
+    // Made when first needed: the window shows sooner without it.
+    if (m_problems)
+        return *m_problems;
     m_problems = new ProblemsPanel(this);
     m_problems->hide();
     addDockWidget(Qt::BottomDockWidgetArea, m_problems);
@@ -253,15 +257,21 @@ void MainWindow::buildProblems()
     connect(m_problems, &QDockWidget::visibilityChanged, this, [this] { QTimer::singleShot(0, this, &MainWindow::applyWindowHeight); });
     connect(m_problems, &QDockWidget::topLevelChanged, this, &MainWindow::applyWindowHeight);
     connect(m_problems, &ProblemsPanel::fieldRequested, this, &MainWindow::revealField);
+    return *m_problems;
+}
+
+void MainWindow::buildProblems()
+{
+    m_check = new BackgroundCheck(m_doc, this);
     connect(m_check, &BackgroundCheck::finished, this, [this] {
-        m_problems->showReport(m_check->report());
-        if (statusBar()->isHidden()) {
+        problemsPanel().showReport(m_check->report());
+        if (!m_countShown) {
+            m_countShown = true;
             statusBar()->addPermanentWidget(m_problems->countButton());
             statusBar()->show();
             applyWindowHeight();
         }
     });
-    statusBar()->hide();
 
     m_recheck = new QTimer(this);
     m_recheck->setSingleShot(true);
@@ -632,14 +642,16 @@ void MainWindow::applyWindowHeight()
     layout()->activate();
     const int outer = qRound(pageRows[int(m_page)].heightTwips * logicalDpiY() / 1440.0);
     const int frame = frameGeometry().height() - geometry().height();
-    const bool docked = !m_problems->isHidden() && !m_problems->isFloating();
+    const bool docked = m_problems && !m_problems->isHidden() && !m_problems->isFloating();
     if (!docked) {
         // The status bar fits in what every page leaves spare: the window keeps its height.
         resize(qMax(width(), minimumSizeHint().width()), outer - frame);
         return;
     }
     // The Problems panel takes room of its own: the page keeps its height, the panel its own.
-    const int status = statusBar()->isHidden() ? 0 : statusBar()->sizeHint().height();
+    // Made with the first count: asking for it earlier would make it.
+    const auto *bar = findChild<QStatusBar *>(QString(), Qt::FindDirectChildrenOnly);
+    const int status = !bar || bar->isHidden() ? 0 : bar->sizeHint().height();
     const int pageHeight = outer - frame - menuBar()->height() - status;
     const int extra = status + qMax(m_problems->height(), m_problems->sizeHint().height())
                       + style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent, nullptr, this);

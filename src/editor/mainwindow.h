@@ -83,7 +83,7 @@ public:
     BackgroundCheck &themeCheck() const { return *m_check; }
     /** The document's undo history, behind the Edit menu. */
     ThemeHistory &history() const { return *m_history; }
-    ProblemsPanel &problemsPanel() const { return *m_problems; }
+    ProblemsPanel &problemsPanel();
     /** Puts the cursor in the "Theme Name:" box when the General page shows, so typing goes somewhere. */
     void focusThemeName();
     /** Shows the page and data set of field \a key and puts the focus on its control. */
@@ -150,6 +150,7 @@ private:
     BackgroundCheck *m_check = nullptr;
     ThemeHistory *m_history = nullptr;
     ProblemsPanel *m_problems = nullptr;
+    bool m_countShown = false; // the problem count sits in the status bar
     QTimer *m_recheck = nullptr;
     std::function<bool()> m_closeGuard;
     bool m_showingField = false;
