@@ -25,6 +25,7 @@ StripLoader::StripLoader(QImage &strip, QSize frame, const FrameSequence &sequen
     uchar *const pixels = strip.bits();
     for (Worker &worker : m_workers)
         worker.strip = QImage(pixels, strip.width(), strip.height(), strip.bytesPerLine(), strip.format());
+    m_threads.reserve(m_workers.size());
     try {
         for (Worker &worker : m_workers)
             m_threads.emplace_back([this, &worker, sequence, folder] { run(worker, sequence, folder); });

@@ -36,7 +36,10 @@ public:
     StripLoader(const StripLoader &) = delete;
     StripLoader &operator=(const StripLoader &) = delete;
 
-    /** Waits until one more frame, in no particular order, has loaded or failed to. */
+    /**
+     * Waits until one more frame, in no particular order, has loaded or failed to; as many
+     * calls as there are frames return, a call beyond that waits for ever.
+     */
     void waitForFrame();
 
     /**
