@@ -1,16 +1,16 @@
 #include "preview/framepreviews.h"
 
-#include "common/pathlookup.h"
-
 #include "document/themedocument.h"
 #include "preview/framesequence.h"
 #include "preview/framesettings.h"
 #include "preview/framestrip.h"
 #include "preview/loadingsurface.h"
 #include "preview/loadprogress.h"
+#include "preview/striploader.h"
 #include "preview/stripprefault.h"
 
 #include <QElapsedTimer>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <cmath>
@@ -162,7 +162,7 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Re
 {
     const AnimatedElement &e = animatedElements[element];
     const auto sequence = FrameSequence::fromImageText(m_doc.value(m_fields[size_t(element)].image));
-    if (!sequence)
+    if (!sequence || m_building)
         return false;
 
     const QString tooLarge =
@@ -181,17 +181,14 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Re
 
     const StripPrefault prefault(*built);
     const qint64 count = frameNumber(frameCount);
-    const QString folder = m_doc.packageFolder();
     const quint32 started = m_clock();
     bool showing = false;
-    QStringList files;
-    for (qint64 n = 1; n <= count; ++n) {
-        files << resolveThemePath(sequence->frameName(folder, n));
-        // A frame that does not load repeats whatever the loading surface still holds.
-        m_loading.load(sequence->frameName(folder, n));
-        FrameStrip::placeFrame(*built, e.frame, n - 1, m_loading.picture());
-        if (!m_progress)
-            continue;
+    // The progress dialog lets events through, and a file watch may ask for a reload then.
+    m_building = true;
+    const auto buildEnded = qScopeGuard([this] { m_building = false; });
+    StripLoader loader(*built, e.frame, *sequence, m_doc.packageFolder(), count);
+    for (qint64 n = 1; m_progress && n <= count; ++n) {
+        loader.waitForFrame();
         if (!showing && quint32(m_clock() - started) >= progressDelayMs) {
             m_progress->begin(QString::fromLatin1(e.caption), count);
             showing = true;
@@ -203,8 +200,8 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Re
     }
     if (showing)
         m_progress->end();
+    m_stripFiles[size_t(element)] = loader.finish(m_loading);
     FrameStrip::clearFrom(*built, count * e.frame.height());
-    m_stripFiles[size_t(element)] = files;
     return true;
 }
 

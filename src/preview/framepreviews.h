@@ -180,4 +180,5 @@ private:
     std::array<Strip, 2> m_strips;
     quint64 m_nextGeneration = 1;
     std::array<QStringList, AnimatedElementCount> m_stripFiles;
+    bool m_building = false; // a strip is being built, perhaps under a progress dialog
 };

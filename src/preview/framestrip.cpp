@@ -44,6 +44,17 @@ QImage allocate(const AnimatedElement &element, double frameCount)
     return strip;
 }
 
+void repeatSlotAbove(QImage &strip, QSize frame, qint64 slot)
+{
+    const qint64 top = slot * frame.height();
+    if (slot < 1 || top >= strip.height())
+        return;
+    const qint64 rows = std::min<qint64>(frame.height(), strip.height() - top);
+    // placeFrame() writes whole rows, padding included, so whole rows copy it exactly.
+    std::memcpy(strip.scanLine(int(top)), strip.constScanLine(int(top - frame.height())),
+                size_t(strip.bytesPerLine()) * size_t(rows));
+}
+
 void clearFrom(QImage &strip, qint64 firstRow)
 {
     if (firstRow < 0 || firstRow >= strip.height())

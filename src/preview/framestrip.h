@@ -29,6 +29,12 @@ QImage allocate(const AnimatedElement &element, double frameCount);
  */
 void placeFrame(QImage &strip, QSize frame, qint64 slot, const QImage &picture);
 
+/**
+ * Fills \a slot of \a strip, as far as the strip holds it, with the slot above it: what
+ * placeFrame() of the picture placed there would write.
+ */
+void repeatSlotAbove(QImage &strip, QSize frame, qint64 slot);
+
 /** Clears every row of \a strip from \a firstRow down. */
 void clearFrom(QImage &strip, qint64 firstRow);
 

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 
 using Fields = QList<QPair<QString, QString>>;
@@ -40,12 +41,18 @@ class RecordingProgress : public LoadProgress
 {
 public:
     qint64 cancelAt = -1;
+    std::function<void()> duringUpdate; // what the events a dialog lets through do
     QStringList events;
     void begin(const QString &caption, qint64 total) override
     {
         events << QStringLiteral("begin %1 %2").arg(caption).arg(total);
     }
-    bool update(qint64 done) override { return done != cancelAt; }
+    bool update(qint64 done) override
+    {
+        if (duringUpdate)
+            duringUpdate();
+        return done != cancelAt;
+    }
     void end() override { events << QStringLiteral("end"); }
 };
 
@@ -371,6 +378,22 @@ private slots:
         QVERIFY(m_engine->timer(ElementExplosion)->isActive());
         QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
         QCOMPARE(play(ElementExplosion, 3), (QList<int>{3, 4, 1}));
+    }
+
+    void noSecondBuildStartsWhileProgressLetsEventsThrough()
+    {
+        RecordingProgress progress;
+        m_engine->setProgress(&progress);
+        m_engine->setClock([this] { return m_now += 200; });
+        makeFrames("bg", 2, {192, 352});
+        configure(ElementBackground, path("bg1.bmp"), {"2"});
+        progress.duringUpdate = [this] { startPreview(ElementBackground); };
+        preview(ElementExplosion, "ex", 4, {"4"});
+
+        QCOMPARE(progress.events, (QStringList{"begin Explosion 4", "end"}));
+        QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+        QVERIFY(!m_engine->timer(ElementBackground)->isActive());
+        QVERIFY(m_report.problems.isEmpty());
     }
 
     void playback_data()
