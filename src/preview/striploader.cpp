@@ -8,7 +8,9 @@
 
 int StripLoader::idealWorkers()
 {
-    return int(std::max(1u, std::thread::hardware_concurrency()));
+    // Each worker holds two decoded frames; past eight, memory bandwidth stops the gain anyway.
+    constexpr unsigned mostWorkers = 8;
+    return int(std::clamp(std::thread::hardware_concurrency(), 1u, mostWorkers));
 }
 
 StripLoader::StripLoader(QImage &strip, QSize frame, const FrameSequence &sequence, const QString &folder,
