@@ -5,6 +5,11 @@ file(GLOB STAKKO_CORE_SOURCES CONFIGURE_DEPENDS
     ${CMAKE_CURRENT_LIST_DIR}/preview/*.cpp ${CMAKE_CURRENT_LIST_DIR}/sound/*.cpp
     ${CMAKE_CURRENT_LIST_DIR}/check/*.cpp)
 
-# Where an installed copy of the programs lives: such a copy keeps no settings beside itself.
-include(GNUInstallDirs)
-set(STAKKO_CORE_DEFINITIONS STAKKO_INSTALL_BINDIR="${CMAKE_INSTALL_FULL_BINDIR}")
+# An installed copy of the programs finds its metainfo here, relative to its own folder, and
+# keeps no settings beside itself; whatever the prefix, the unpacked Debian package included.
+if(STAKKO_APP_ID)
+    include(GNUInstallDirs)
+    file(RELATIVE_PATH STAKKO_INSTALLED_MARKER ${CMAKE_INSTALL_FULL_BINDIR}
+         ${CMAKE_INSTALL_FULL_DATADIR}/metainfo/${STAKKO_APP_ID}.metainfo.xml)
+    set(STAKKO_CORE_DEFINITIONS STAKKO_INSTALLED_MARKER="${STAKKO_INSTALLED_MARKER}")
+endif()

@@ -99,7 +99,7 @@ bool writeEditorConfig(const EditorConfig &config, const QString &path, QString 
     return true;
 }
 
-bool settingsBesideProgram(const QString &programFolder, const QString &installedFolder)
+bool settingsBesideProgram(const QString &programFolder, const QString &installedMarker)
 {
     const QFileInfo folder(programFolder);
     if (programFolder.isEmpty() || folder.isSymLink() || !folder.isDir() || !folder.isWritable())
@@ -109,13 +109,17 @@ bool settingsBesideProgram(const QString &programFolder, const QString &installe
     if (folder.ownerId() != ::geteuid() || folder.permissions() & (QFile::WriteGroup | QFile::WriteOther))
         return false;
 #endif
-    const QString installed = QFileInfo(installedFolder).canonicalFilePath();
-    return installed.isEmpty() || folder.canonicalFilePath() != installed;
+    return installedMarker.isEmpty() || !QFileInfo::exists(programFolder + u'/' + installedMarker);
 }
 
 static bool besideProgram()
 {
-    return settingsBesideProgram(QCoreApplication::applicationDirPath(), QStringLiteral(STAKKO_INSTALL_BINDIR));
+#ifdef STAKKO_INSTALLED_MARKER
+    const QString installedMarker = QStringLiteral(STAKKO_INSTALLED_MARKER);
+#else
+    const QString installedMarker;
+#endif
+    return settingsBesideProgram(QCoreApplication::applicationDirPath(), installedMarker);
 }
 
 QString editorConfigWritePath()

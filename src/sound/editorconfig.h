@@ -24,7 +24,8 @@ QString editorConfigWritePath();
 
 /**
  * Whether skm.ini may live in \a programFolder: a real folder of the user's own that nobody
- * else can write to, and not \a installedFolder, which everyone who runs the installed
- * program shares (so not even its owner, root, keeps settings there).
+ * else can write to, and no installed copy's (\a installedMarker, relative to the folder,
+ * exists), whose folder everyone who runs it shares: not even its owner, root, keeps
+ * settings there.
  */
-bool settingsBesideProgram(const QString &programFolder, const QString &installedFolder);
+bool settingsBesideProgram(const QString &programFolder, const QString &installedMarker);

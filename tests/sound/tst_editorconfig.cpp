@@ -121,7 +121,7 @@ private slots:
         const QFile::Permissions own = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
         const QFile::Permissions shared = own | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
         QTest::newRow("own folder") << "own" << shared << true;
-        QTest::newRow("installed folder") << "installed" << shared << false;
+        QTest::newRow("installed copy's folder") << "usr/bin" << shared << false;
         QTest::newRow("group may write") << "own" << (shared | QFile::WriteGroup) << false;
         QTest::newRow("anyone may write") << "own" << (shared | QFile::WriteOther) << false;
         QTest::newRow("a link to an own folder") << "link" << shared << false;
@@ -136,12 +136,15 @@ private slots:
         QFETCH(QFile::Permissions, permissions);
         QFETCH(bool, beside);
         QTemporaryDir dir;
-        for (const char *name : {"own", "installed"}) {
+        // An installed copy: usr/bin beside usr/share/metainfo.
+        QVERIFY(QDir().mkpath(dir.filePath("usr/share/metainfo")));
+        QVERIFY(writeFile(dir.filePath("usr/share/metainfo/app.xml"), "<component/>"));
+        for (const char *name : {"own", "usr/bin"}) {
             QVERIFY(QDir().mkpath(dir.filePath(name)));
             QVERIFY(QFile::setPermissions(dir.filePath(name), permissions));
         }
         QVERIFY(QFile::link(dir.filePath("own"), dir.filePath("link")));
-        QCOMPARE(settingsBesideProgram(dir.filePath(folder), dir.filePath("installed")), beside);
+        QCOMPARE(settingsBesideProgram(dir.filePath(folder), "../share/metainfo/app.xml"), beside);
         QVERIFY(QFile::setPermissions(dir.filePath("own"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     }
 };
