@@ -5,7 +5,6 @@
 #include "benchstats.h"
 #include "document/themedocument.h"
 #include "editor/buttonbinding.h"
-#include "editor/fontwarmup.h"
 #include "document/filecommands.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
@@ -57,8 +56,6 @@ private:
 
 int runChild(int argc, char *argv[], const QByteArray &mode)
 {
-    if (mode == "editor")
-        startFontWarmUp();
     QApplication app(argc, argv);
     FirstPaint watcher;
     app.installEventFilter(&watcher);

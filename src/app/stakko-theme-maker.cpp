@@ -13,7 +13,6 @@
 #include "editor/buttonbinding.h"
 #include "editor/controlnames.h"
 #include "editor/editordialogs.h"
-#include "editor/fontwarmup.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/previewwindow.h"
@@ -269,7 +268,6 @@ int main(int argc, char *argv[])
     keepFreedMemory();
     if (const std::optional<int> answered = answerWithoutWindow(argc, argv))
         return *answered;
-    startFontWarmUp();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Stakko Theme Maker"));
     QApplication::setApplicationVersion(QStringLiteral(STAKKO_VERSION_STRING));

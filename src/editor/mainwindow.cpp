@@ -8,7 +8,6 @@
 #include "document/themehistory.h"
 #include "editor/aboutwindow.h"
 #include "editor/controlnames.h"
-#include "editor/fontwarmup.h"
 #include "editor/pages.h"
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
@@ -151,7 +150,6 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
         if (e.animatedFields[0])
             m_switchedFrames.append({elementControls[i].aniFrame, e.animatedFields});
     }
-    finishFontWarmUp(); // the page tabs measure their captions
     setCentralWidget(buildPageArea());
     connect(&m_doc, &ThemeDocument::fieldChanged, this, &MainWindow::showFieldValue);
     connect(&m_doc, &ThemeDocument::swatchChanged, this, &MainWindow::showSwatch);
