@@ -72,11 +72,7 @@ void FramePreviews::attachTimer(int element, TickTimer *timer)
     slot = timer;
     timer->setInterval(1);
     m_timerConnections[size_t(element)] =
-        connect(timer, &TickTimer::timeout, this, [this, element] {
-            const qint64 next = sleepingTick(element);
-            if (TickTimer *timer = m_timers[size_t(element)]; timer && timer->isActive())
-                timer->postpone(int(next));
-        });
+        connect(timer, &TickTimer::timeout, this, [this, element] { sleepFor(element, sleepingTick(element)); });
     if (running)
         timer->start();
 }
@@ -235,14 +231,18 @@ bool FramePreviews::isPaused(int element) const
     return f.animated >= 0 && m_doc.number(f.animated) != 1;
 }
 
+bool FramePreviews::isReversed(int element) const
+{
+    const FieldIndexes &f = m_fields[size_t(element)];
+    return f.reverse >= 0 && m_doc.number(f.reverse) == 1;
+}
+
 qint64 FramePreviews::slotToDraw(int element) const
 {
     if (isPaused(element))
         return 0;
-    const FieldIndexes &f = m_fields[size_t(element)];
     const AnimationState &state = m_states[size_t(element)];
-    const bool reverse = f.reverse >= 0 && m_doc.number(f.reverse) == 1;
-    return reverse ? frameNumber(state.frameCount - double(state.currentFrame)) : state.currentFrame - 1;
+    return isReversed(element) ? frameNumber(state.frameCount - double(state.currentFrame)) : state.currentFrame - 1;
 }
 
 void FramePreviews::animationTick(int element)
@@ -312,10 +312,15 @@ qint64 FramePreviews::sleepingTick(int element)
     return next.ms + 1;
 }
 
-void FramePreviews::wake(int element)
+void FramePreviews::sleepFor(int element, qint64 ms)
 {
     if (TickTimer *timer = m_timers[size_t(element)]; timer && timer->isActive())
-        timer->postpone(1);
+        timer->postpone(int(ms));
+}
+
+void FramePreviews::wake(int element)
+{
+    sleepFor(element, 1);
 }
 
 void FramePreviews::wakeOthersOnSurface(int element)
@@ -358,21 +363,18 @@ void FramePreviews::stepFrame(int element, int steps)
     const qint64 slot = ((std::max<qint64>(shownFrame(element), 1) - 1 + steps) % count + count) % count;
     draw(element, slot);
     // The next tick draws this frame again, whichever way the animation runs.
-    const FieldIndexes &f = m_fields[size_t(element)];
-    const bool reverse = f.reverse >= 0 && m_doc.number(f.reverse) == 1;
-    m_states[size_t(element)].currentFrame = reverse ? count - slot : slot + 1;
+    m_states[size_t(element)].currentFrame = isReversed(element) ? count - slot : slot + 1;
     m_states[size_t(element)].lastAdvanceTime = m_clock();
     wake(element);
 }
 
 void FramePreviews::draw(int element, qint64 slot)
 {
+    // Drawing the same slot again would give the same pixels: most ticks end here.
+    if (surfaceShows(element, slot))
+        return;
     Strip &strip = stripOf(element);
     Surface &surface = m_surfaces[size_t(animatedElements[element].surface)];
-    const DrawnFrame frame{element, strip.generation, slot};
-    // Drawing the same slot again would give the same pixels: most ticks end here.
-    if (surface.drawnAny && surface.drawn == frame)
-        return;
     const AnimatedElement &e = animatedElements[element];
     if (const QImage *view = viewOf(strip, e, slot)) {
         surface.image = *view;
@@ -394,7 +396,7 @@ void FramePreviews::draw(int element, qint64 slot)
         surface.showsView = false;
     }
     surface.drawnAny = true;
-    surface.drawn = frame;
+    surface.drawn = {element, strip.generation, slot};
     wakeOthersOnSurface(element);
     emit surfaceChanged(element, surface.image);
 }

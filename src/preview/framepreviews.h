@@ -151,10 +151,12 @@ private:
         bool advances = false; // only the frame counter moves then, not the picture
     };
     NextChange nextChange(int element) const;
+    void sleepFor(int element, qint64 ms);
     void wake(int element);
     void wakeOthersOnSurface(int element);
     void fieldChanged(int index);
     bool isPaused(int element) const;
+    bool isReversed(int element) const;
     qint64 slotToDraw(int element) const;
     bool surfaceShows(int element, qint64 slot) const;
     void replaceStrip(int element, QImage &built);
