@@ -14,10 +14,13 @@
 #include <archive.h>
 #include <archive_entry.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -77,19 +80,19 @@ QString entryName(archive_entry *entry)
     return {};
 }
 
-/** A folder descriptor that closes itself. */
-class Folder
+/** A descriptor that closes itself. */
+class Descriptor
 {
 public:
-    Folder() = default;
-    explicit Folder(int fd) : m_fd(fd) {}
-    Folder(Folder &&other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
-    Folder &operator=(Folder &&other) noexcept
+    Descriptor() = default;
+    explicit Descriptor(int fd) : m_fd(fd) {}
+    Descriptor(Descriptor &&other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
+    Descriptor &operator=(Descriptor &&other) noexcept
     {
         std::swap(m_fd, other.m_fd);
         return *this;
     }
-    ~Folder()
+    ~Descriptor()
     {
         if (m_fd >= 0)
             ::close(m_fd);
@@ -100,6 +103,7 @@ public:
 private:
     int m_fd = -1;
 };
+using Folder = Descriptor;
 
 /**
  * The folder \a name inside \a parent, created owner-only when missing. Anyone may create
@@ -207,6 +211,111 @@ OpenedPackageFolder openPackageFolder(const QString &packagePath)
     return opened;
 }
 
+/**
+ * Where one entry's bytes go. While they match the file already unpacked under that name, that
+ * file is only read: unpacking a package again writes just what changed, and the disk need not
+ * find room and inodes for hundreds of identical frames. A file kept this way is exactly what a
+ * fresh unpack would leave: a plain file of ours, mode 0600, with these bytes.
+ */
+class EntryOutput
+{
+public:
+    EntryOutput(int folder, const QByteArray &name, bool mayKeepOld) : m_folder(folder), m_name(name)
+    {
+        if (!mayKeepOld)
+            return;
+        Descriptor old(openat(folder, name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        struct stat info {};
+        if (old.isOpen() && fstat(old.fd(), &info) == 0 && S_ISREG(info.st_mode) && info.st_uid == geteuid()
+            && (info.st_mode & 07777) == 0600 && info.st_nlink == 1) {
+            m_old = std::move(old);
+            m_oldSize = info.st_size;
+        }
+    }
+
+    bool add(const char *data, qint64 size)
+    {
+        if (m_old.isOpen()) {
+            if (size <= m_oldSize - m_matched && oldHolds(data, size)) {
+                m_matched += size;
+                return true;
+            }
+            if (!startWriting())
+                return false;
+        }
+        if (!m_file && !startWriting())
+            return false;
+        return m_file->write(data, size) || fail(m_file->errorString());
+    }
+
+    /** Whether the bytes are whole on disk: in the old file, or in a new one set aside to publish. */
+    bool finish()
+    {
+        if (m_old.isOpen() && m_matched == m_oldSize)
+            return true;
+        if (!m_file && !startWriting())
+            return false;
+        return m_file->finishAside() || fail(m_file->errorString());
+    }
+
+    /** The new file to publish; none when the old one already held these bytes. */
+    std::unique_ptr<SafeFile> takeFile() { return std::move(m_file); }
+    QString errorString() const { return m_error; }
+
+private:
+    bool fail(const QString &error)
+    {
+        m_error = error;
+        return false;
+    }
+
+    bool readOld(qint64 offset, qint64 size)
+    {
+        m_buffer.resize(size);
+        for (qint64 done = 0; done < size;) {
+            const ssize_t got = pread(m_old.fd(), m_buffer.data() + done, size_t(size - done), offset + done);
+            if (got < 0 && errno == EINTR)
+                continue;
+            if (got <= 0)
+                return fail(systemReason(got < 0 ? errno : EIO));
+            done += got;
+        }
+        return true;
+    }
+
+    bool oldHolds(const char *data, qint64 size)
+    {
+        return readOld(m_matched, size) && std::memcmp(m_buffer.constData(), data, size_t(size)) == 0;
+    }
+
+    /** Opens the new file, holding the bytes that matched so far, taken from the old one. */
+    bool startWriting()
+    {
+        m_file = std::make_unique<SafeFile>(m_folder, m_name, 0600);
+        if (!m_file->open())
+            return fail(m_file->errorString());
+        for (qint64 done = 0; done < m_matched;) {
+            const qint64 step = std::min<qint64>(m_matched - done, 256 * 1024);
+            if (!readOld(done, step))
+                return false;
+            if (!m_file->write(m_buffer.constData(), step))
+                return fail(m_file->errorString());
+            done += step;
+        }
+        m_old = {};
+        return true;
+    }
+
+    int m_folder;
+    QByteArray m_name;
+    Descriptor m_old;      // open while every byte so far matches it
+    qint64 m_oldSize = 0;
+    qint64 m_matched = 0;
+    std::unique_ptr<SafeFile> m_file;
+    QByteArray m_buffer;
+    QString m_error;
+};
+
 class Extraction
 {
 public:
@@ -222,7 +331,7 @@ private:
     static const char *askPassword(archive *, void *client);
     Step extractEntry(archive_entry *entry);
     Step extractFile(archive_entry *entry, const QStringList &parts);
-    Outcome copyData(SafeFile &out, const QString &name, bool encrypted);
+    Outcome copyData(EntryOutput &out, const QString &name, bool encrypted);
     /** The folder of \a parts below the package folder, made when missing; -1 after a note. */
     int folderFor(const QStringList &parts, const QString &shownName);
     void finish(bool stopped);
@@ -236,6 +345,7 @@ private:
     std::vector<std::pair<int, QByteArray>> m_createdFolders;   // parent, name: undone on a stop
     // Files land only when the run was not stopped, so a stopped run leaves the old files as they were.
     std::vector<std::pair<std::unique_ptr<SafeFile>, QString>> m_pending;
+    std::set<QString> m_pendingNames;
     QString m_reason;
     qint64 m_written = 0;
     bool m_passwordRefused = false;
@@ -370,27 +480,28 @@ Extraction::Step Extraction::extractFile(archive_entry *entry, const QStringList
     const int folder = folderFor(parts.mid(0, parts.size() - 1), shownName);
     if (folder < 0)
         return Step::Next;
-    auto out = std::make_unique<SafeFile>(folder, QFile::encodeName(parts.last()), 0600);
-    if (!out->open()) {
-        note(QStringLiteral("Could not write %1: %2").arg(shownName, out->errorString()));
-        return Step::Next;
-    }
+    // A name met twice is written each time, so the last entry wins.
+    EntryOutput out(folder, QFile::encodeName(parts.last()), !m_pendingNames.contains(shownName));
     // libarchive 3.6 calls an empty LZMA entry damaged; an entry of no bytes has nothing to read.
     const bool empty = archive_entry_size_is_set(entry) && archive_entry_size(entry) == 0;
-    const Outcome outcome = empty ? Outcome::Done : copyData(*out, shownName, archive_entry_is_encrypted(entry));
+    const Outcome outcome = empty ? Outcome::Done : copyData(out, shownName, archive_entry_is_encrypted(entry));
     if (outcome == Outcome::Stopped)
         return Step::Stop;
     if (outcome == Outcome::Failed)
         return Step::Next;
-    if (!out->finishAside()) {
-        note(QStringLiteral("Could not write %1: %2").arg(shownName, out->errorString()));
+    if (!out.finish()) {
+        note(QStringLiteral("Could not write %1: %2").arg(shownName, out.errorString()));
         return Step::Next;
     }
-    m_pending.emplace_back(std::move(out), shownName);
+    std::unique_ptr<SafeFile> file = out.takeFile();
+    if (!file)
+        return Step::Next;
+    m_pendingNames.insert(shownName);
+    m_pending.emplace_back(std::move(file), shownName);
     return Step::Next;
 }
 
-Extraction::Outcome Extraction::copyData(SafeFile &out, const QString &name, bool encrypted)
+Extraction::Outcome Extraction::copyData(EntryOutput &out, const QString &name, bool encrypted)
 {
     for (;;) {
         const void *block = nullptr;
@@ -410,7 +521,7 @@ Extraction::Outcome Extraction::copyData(SafeFile &out, const QString &name, boo
                            .arg(sizeText(m_options.maxBytes));
             return Outcome::Stopped;
         }
-        if (!out.write(static_cast<const char *>(block), qint64(size))) {
+        if (!out.add(static_cast<const char *>(block), qint64(size))) {
             note(QStringLiteral("Could not write %1: %2").arg(name, out.errorString()));
             return Outcome::Failed;
         }

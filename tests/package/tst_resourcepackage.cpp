@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <memory>
@@ -235,6 +236,20 @@ private slots:
         row("replaces files, deletes nothing", build({{"gfx/bg1.bmp", "new frame"}}),
             {ice + "gfx/bg1.bmp=new frame", ice + "gfx/mine.bmp=the author's own"}, {},
             {ice + "gfx/bg1.bmp=old frame", ice + "gfx/mine.bmp=the author's own"});
+        // Bytes already unpacked are compared, not rewritten: a difference anywhere still replaces them.
+        const QByteArray frame = QByteArray(300000, 'f') + "end";
+        for (const auto &[name, old] : {std::pair("differs at the start", "x" + frame.mid(1)),
+                                        std::pair("differs past the first block", frame.chopped(1) + "D"),
+                                        std::pair("old one longer", frame + "more"),
+                                        std::pair("old one shorter", frame.left(200000)),
+                                        std::pair("old one empty", QByteArray(""))}) {
+            row(name, build({{"bg1.bmp", frame}}), {ice + "bg1.bmp=" + frame}, {}, {ice + "bg1.bmp=" + old});
+        }
+        row("empty entry over a file", build({{"empty.txt", ""}}), {ice + "empty.txt="}, {},
+            {ice + "empty.txt=old"});
+        row("same name twice: the last wins, even where the old file matches it",
+            build({{"a.bmp", "first"}, {"a.bmp", "second"}, {"b.bmp", "second"}, {"b.bmp", "first"}}),
+            {ice + "a.bmp=second", ice + "b.bmp=first"}, {}, {ice + "a.bmp=second", ice + "b.bmp=second"});
 
         const QString notZip = "It is not a zip archive or it is damaged.";
         const QString damaged = "It is damaged at bg1.bmp.";
@@ -276,7 +291,9 @@ private slots:
         for (const QString &file : before) {
             const qsizetype split = file.indexOf(u'=');
             if (split >= 0) {
+                // Unpacked files are the owner's alone: only such a file is compared and kept.
                 QVERIFY(writeFile(work(file.left(split)), file.mid(split + 1).toUtf8()));
+                QVERIFY(QFile::setPermissions(work(file.left(split)), QFile::ReadOwner | QFile::WriteOwner));
                 continue;
             }
             const QString link = work(file.chopped(1));
@@ -307,6 +324,35 @@ private slots:
         QDirIterator made(m_temp, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
         while (made.hasNext())
             QCOMPARE(QFile::permissions(made.next()) & others, QFile::Permissions());
+    }
+
+    void unpackingAgainRewritesOnlyWhatDiffers()
+    {
+        const QString package = packedPackage();
+        ScriptedDialogs dialogs;
+        QVERIFY(extractResourcePackage(package, dialogs).isEmpty());
+        const auto inode = [this](const char *name) {
+            struct stat info {};
+            return stat(QFile::encodeName(iceFolder() + name).constData(), &info) == 0 ? info.st_ino : 0;
+        };
+        const QStringList names = {"gfx/bg1.bmp", "gfx/bg2.bmp", "snd/drop.wav"};
+        QList<ino_t> before;
+        for (const QString &name : names)
+            before.append(inode(qPrintable(name)));
+        // Another program's hard link, or wider permissions, would survive in a kept file.
+        QCOMPARE(link(QFile::encodeName(iceFolder() + "gfx/bg2.bmp"), QFile::encodeName(work("elsewhere.bmp"))), 0);
+        QVERIFY(QFile::setPermissions(iceFolder() + "snd/drop.wav",
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+
+        QVERIFY(extractResourcePackage(package, dialogs).isEmpty());
+
+        QCOMPARE(inode("gfx/bg1.bmp"), before.at(0));
+        QVERIFY(inode("gfx/bg2.bmp") != before.at(1));
+        QVERIFY(inode("snd/drop.wav") != before.at(2));
+        QCOMPARE(QFile::permissions(iceFolder() + "snd/drop.wav") & QFile::ReadOther, QFile::Permissions());
+        QCOMPARE(contentsBelow(iceFolder()), (QStringList{"gfx/bg1.bmp=content of gfx/bg1.bmp",
+                                                         "gfx/bg2.bmp=content of gfx/bg2.bmp",
+                                                         "snd/drop.wav=content of snd/drop.wav"}));
     }
 
     void untrustedSharedFolderIsPassedOver_data()
