@@ -15,6 +15,10 @@
 #include <cstdio>
 #include <ctime>
 
+#include <poll.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
 namespace {
 
 double processCpuSeconds()
@@ -22,6 +26,32 @@ double processCpuSeconds()
     timespec t{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
     return double(t.tv_sec) + double(t.tv_nsec) / 1e9;
+}
+
+/**
+ * What this machine charges for waking alone: a bare kernel timer at \a periodMs, waited for
+ * with poll and read and nothing else, as a share of one core over \a seconds.
+ */
+double bareTimerShare(int periodMs, int seconds)
+{
+    const int fd = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC);
+    if (fd < 0)
+        return -1;
+    const timespec period{periodMs / 1000, (periodMs % 1000) * 1000000L};
+    const itimerspec schedule{period, period};
+    timerfd_settime(fd, 0, &schedule, nullptr);
+    const double cpuBefore = processCpuSeconds();
+    QElapsedTimer clock;
+    clock.start();
+    pollfd waiting{fd, POLLIN, 0};
+    while (clock.elapsed() < seconds * 1000) {
+        quint64 expirations = 0;
+        if (poll(&waiting, 1, -1) == 1 && read(fd, &expirations, sizeof expirations) < 0)
+            break;
+    }
+    const double share = (processCpuSeconds() - cpuBefore) / (double(clock.nsecsElapsed()) / 1e9);
+    close(fd);
+    return share;
 }
 
 void frameTiming(const QString &folder, const QList<int> &delays)
@@ -67,6 +97,12 @@ void frameTiming(const QString &folder, const QList<int> &delays)
         benchRow(qPrintable(name + QStringLiteral("beyond delay, median")), percentile(late, 0.5), 1.0, " ms");
         benchRow(qPrintable(name + QStringLiteral("beyond delay, p99")), percentile(late, 0.99), 2.0, " ms");
         benchRow(qPrintable(name + QStringLiteral("CPU of one core")), share * 100, delay >= 10 ? 0.5 : 3.0, "%");
+        if (delay >= 10) {
+            // The same wake-ups with nothing done in them: the floor this machine sets.
+            const double bare = bareTimerShare(delay + 1, 5);
+            std::printf("  delay %3d ms: a bare timer at the same rate takes %.2f%%\n", delay, bare * 100);
+            benchRow(qPrintable(name + QStringLiteral("CPU / a bare timer at its rate")), share / bare, 1.5, "x");
+        }
     }
 }
 

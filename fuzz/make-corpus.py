@@ -358,6 +358,7 @@ def selector(extension, element=0, fraction=False, cut=False):
 def framestrip_seeds():
     pictures = {
         "bmp24": ("bmp", bmp_bytes(8, 8, 24)),
+        "bmp24-topdown-odd": ("bmp", bmp_bytes(13, 5, 24, top_down=True)),
         "bmp32-wide": ("bmp", bmp_bytes(200, 2, 32)),
         "bmp8-topdown": ("bmp", bmp_bytes(16, 12, 8, top_down=True)),
         "bmp1": ("bmp", bmp_bytes(16, 4, 1)),

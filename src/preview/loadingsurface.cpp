@@ -1,10 +1,13 @@
 #include "preview/loadingsurface.h"
 
 #include "common/pathlookup.h"
+#include "preview/plainbitmap.h"
 
 #include <QFile>
 #include <QImageReader>
 #include <QtNumeric>
+
+#include <algorithm>
 
 // Readers that check the file's signature and refuse anything else, so naming one of them
 // can never turn a file of another format into a wrong picture.
@@ -16,7 +19,7 @@ static bool refusesOtherFormats(const QByteArray &format)
 // Qt fills the rows a cut-off bitmap lacks with whatever memory held; such a file is no picture.
 static bool bitmapIsCut(QIODevice &in)
 {
-    const QByteArray head = in.peek(34);
+    const QByteArray head = in.peek(50);
     const auto at = [&head](int offset, int size) {
         quint32 value = 0;
         for (int i = size - 1; i >= 0; --i)
@@ -29,15 +32,20 @@ static bool bitmapIsCut(QIODevice &in)
     qint64 height = 0;
     qint64 bitsPerPixel = 0;
     quint32 compression = 0;
-    if (at(14, 4) == 12) { // the old OS/2 header
+    qint64 colours = 0;
+    int colourBytes = 4;
+    const qint64 headerSize = at(14, 4);
+    if (headerSize == 12) { // the old OS/2 header
         width = at(18, 2);
         height = at(20, 2);
         bitsPerPixel = at(24, 2);
-    } else if (head.size() == 34) {
+        colourBytes = 3;
+    } else if (head.size() >= 50) {
         width = qint32(at(18, 4));
         height = qint32(at(22, 4));
         bitsPerPixel = at(28, 2);
         compression = at(30, 4);
+        colours = at(46, 4);
     }
     // Run-length and embedded pictures end where their own data says.
     if (compression != 0 && compression != 3 && compression != 6)
@@ -46,7 +54,12 @@ static bool bitmapIsCut(QIODevice &in)
     qint64 pixels = 0;
     if (qMulOverflow(row, qAbs(height), &pixels))
         return true;
-    return in.size() - qint64(at(10, 4)) < pixels;
+    // Qt reads the pixels from the offset, but never from inside the header or colour table.
+    if (bitsPerPixel <= 8 && colours == 0)
+        colours = qint64(1) << bitsPerPixel;
+    const qint64 table = bitsPerPixel <= 8 ? colours * colourBytes : 0;
+    const qint64 start = std::max<qint64>(at(10, 4), 14 + headerSize + table);
+    return in.size() - start < pixels;
 }
 
 bool LoadingSurface::load(const QString &path)
@@ -57,6 +70,8 @@ bool LoadingSurface::load(const QString &path)
     QFile in(resolveThemePath(path));
     if (!in.open(QIODevice::ReadOnly))
         return false;
+    if (readPlainBitmap(in, m_scratch))
+        return keepScratch("bmp");
     // Frames of a sequence share a format: reading with the last one skips asking every
     // reader installed whether it knows the content.
     if (refusesOtherFormats(m_lastFormat)) {

@@ -4,12 +4,14 @@
 #include "common/testfiles.h"
 
 #include <QBuffer>
+#include <QImageReader>
 #include <QImageWriter>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <cstring>
+#include <functional>
 
 // Every picture here is 4 x 2: red in the left half, blue in the right half.
 static constexpr QRgb red = 0xFFFF0000;
@@ -85,6 +87,45 @@ QString saved(const QTemporaryDir &dir, const QString &name, const QByteArray &b
 {
     writeFile(dir.filePath(name), bytes);
     return dir.filePath(name);
+}
+
+/**
+ * A 24-bit bitmap of \a picture, rows stored bottom-up (top-down when \a topDown), with
+ * \a gap bytes between the header and the pixels; \a tweak then edits the header.
+ */
+QByteArray bitmap24(const QImage &picture, bool topDown, int gap = 0,
+                    const std::function<void(QByteArray &)> &tweak = {})
+{
+    const int w = picture.width();
+    const int h = picture.height();
+    const int rowBytes = (w * 3 + 3) & ~3;
+    const quint32 offset = 54 + quint32(gap);
+    QByteArray bytes("BM");
+    putLittleEndian(bytes, {{offset + quint32(rowBytes * h), 4}, {0, 4}, {offset, 4}, {40, 4},
+                            {quint32(w), 4}, {quint32(topDown ? -h : h), 4}, {1, 2}, {24, 2}, {0, 4},
+                            {quint32(rowBytes * h), 4}, {2835, 4}, {2835, 4}, {0, 4}, {0, 4}});
+    bytes.append(QByteArray(gap, '\x5A'));
+    for (int i = 0; i < h; ++i) {
+        const int y = topDown ? i : h - 1 - i;
+        QByteArray row(rowBytes, '\x77'); // padding as some writers leave it
+        for (int x = 0; x < w; ++x) {
+            const QRgb c = picture.pixel(x, y);
+            row[3 * x] = char(qBlue(c));
+            row[3 * x + 1] = char(qGreen(c));
+            row[3 * x + 2] = char(qRed(c));
+        }
+        bytes += row;
+    }
+    if (tweak)
+        tweak(bytes);
+    return bytes;
+}
+
+void put(QByteArray &bytes, int at, quint32 value, int size)
+{
+    QByteArray field;
+    putLittleEndian(field, {{value, size}});
+    bytes.replace(at, size, field);
 }
 
 bool near(QRgb a, QRgb b)
@@ -195,6 +236,58 @@ private slots:
             const QRgb expected = format == "gif" ? red : image.pixel(0, 0);
             QVERIFY2(near(surface.picture().pixel(0, 0), expected), qPrintable(files.at(i)));
         }
+    }
+
+    void plainBitmapsReadAsQtReadsThem_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("fast");    // read on the own path; otherwise by Qt
+        QTest::addColumn<bool>("loads");   // if so, as Qt reads it
+
+        // Widths cover every row padding and both sides of the five-pixel shuffle.
+        for (const QSize size : {QSize(1, 1), QSize(2, 3), QSize(3, 2), QSize(5, 4), QSize(6, 1), QSize(7, 5),
+                                 QSize(11, 2), QSize(17, 3), QSize(192, 352)}) {
+            for (const bool topDown : {false, true}) {
+                QTest::addRow("%dx%d %s", size.width(), size.height(), topDown ? "top-down" : "bottom-up")
+                    << bitmap24(pattern(size, QImage::Format_RGB32), topDown) << true << true;
+            }
+        }
+        const QImage picture = pattern(QSize(9, 4), QImage::Format_RGB32);
+        QTest::newRow("gap before the pixels") << bitmap24(picture, false, 10) << true << true;
+        const auto tweaked = [&picture](int at, quint32 value, int size) {
+            return bitmap24(picture, false, 12, [=](QByteArray &b) { put(b, at, value, size); });
+        };
+        // Qt reads on from the header when the offset points back into it.
+        QTest::newRow("offset inside the header") << tweaked(10, 20, 4) << false << true;
+        QTest::newRow("colour table") << tweaked(46, 3, 4) << false << true;
+        QTest::newRow("two planes") << tweaked(26, 2, 2) << false << false;
+        QTest::newRow("bit fields") << tweaked(30, 3, 4) << false << false;
+        QTest::newRow("no width") << tweaked(18, 0, 4) << false << false;
+        QTest::newRow("32 bit") << bitmap(32, 0, twoRows("0000ff000000ff00ff000000ff000000")) << false << true;
+        // Qt would show whatever memory held where the rows are missing.
+        QTest::newRow("one byte short") << bitmap24(picture, true).chopped(1) << false << false;
+        QTest::newRow("header longer than the file says") << tweaked(14, 108, 4) << false << false;
+    }
+
+    void plainBitmapsReadAsQtReadsThem()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, fast);
+        QFETCH(bool, loads);
+
+        QTemporaryDir dir;
+        const QString path = saved(dir, "frame.bmp", bytes);
+        LoadingSurface surface;
+        // A picture of another size first: its memory must not leak into the new one.
+        QVERIFY(surface.load(saved(dir, "before.bmp", bitmap24(pattern(QSize(9, 4), QImage::Format_RGB32), true))));
+        const bool loaded = surface.load(path);
+
+        QCOMPARE(loaded && surface.picture().format() == QImage::Format_RGB888, fast);
+        QCOMPARE(loaded, loads);
+        QImage byQt;
+        if (loaded && QImageReader(path).read(&byQt))
+            QCOMPARE(surface.picture().convertToFormat(QImage::Format_RGB32), byQt.convertToFormat(QImage::Format_RGB32));
+        QCOMPARE(LoadingSurface::headerSize(path).has_value(), loads);
     }
 
     void stripHoldsThePictureAsQtConvertsIt_data()
