@@ -21,5 +21,13 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${STAKKO_WEB_ADDRESS}")
 # The libraries the binaries link come from dpkg-shlibdeps; the soundfont is data MIDI playback
 # opens by name, which no link shows.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The sound mixer is loaded when sound is first wanted, so no link shows it either.
+get_filename_component(mixerFile ${STAKKO_MIXER_PATH} REALPATH)
+execute_process(COMMAND dpkg-query -S ${mixerFile} OUTPUT_VARIABLE mixerOwner ERROR_QUIET)
+if(mixerOwner MATCHES "^([^:, ]+)")
+    set(mixerPackage ${CMAKE_MATCH_1})
+    string(REGEX MATCH "^[0-9]+\\.[0-9]+" mixerVersion "${SDL2_MIXER_VERSION}")
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "${mixerPackage} (>= ${mixerVersion})")
+endif()
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS timgm6mb-soundfont)
 include(CPack)

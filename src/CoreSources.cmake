@@ -13,3 +13,13 @@ if(STAKKO_APP_ID)
          ${CMAKE_INSTALL_FULL_DATADIR}/metainfo/${STAKKO_APP_ID}.metainfo.xml)
     set(STAKKO_CORE_DEFINITIONS STAKKO_INSTALLED_MARKER="${STAKKO_INSTALLED_MARKER}")
 endif()
+
+# The mixer is loaded when sound is first wanted: the core compiles against its headers and
+# names the library by the soname it was built against.
+find_library(STAKKO_MIXER_PATH NAMES SDL2_mixer HINTS ${SDL2_MIXER_LIBRARY_DIRS} REQUIRED)
+execute_process(COMMAND ${CMAKE_OBJDUMP} -p ${STAKKO_MIXER_PATH} OUTPUT_VARIABLE mixerHeaders ERROR_QUIET)
+if(NOT mixerHeaders MATCHES "SONAME +([^\n]+)")
+    message(FATAL_ERROR "No soname found in ${STAKKO_MIXER_PATH}")
+endif()
+string(STRIP "${CMAKE_MATCH_1}" STAKKO_MIXER_SONAME)
+list(APPEND STAKKO_CORE_DEFINITIONS STAKKO_MIXER_LIBRARY="${STAKKO_MIXER_SONAME}")

@@ -11,6 +11,7 @@
 #include "document/themerecovery.h"
 #include "editor/buildcommand.h"
 #include "editor/buttonbinding.h"
+#include "editor/editorstyle.h"
 #include "editor/controlnames.h"
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
@@ -271,6 +272,7 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Stakko Theme Maker"));
     QApplication::setApplicationVersion(QStringLiteral(STAKKO_VERSION_STRING));
+    installEditorStyle();
     // Ties the windows to the desktop entry, for its icon and name in docks and task bars.
     QGuiApplication::setDesktopFileName(QStringLiteral(STAKKO_APP_ID));
 

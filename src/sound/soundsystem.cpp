@@ -6,10 +6,15 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <SDL.h>
-#include <SDL_mixer.h>
+#include "sound/mixerlibrary.h"
 
 namespace {
+
+/** The mixer's functions, once startAudio() has loaded them. */
+const MixerLibrary &mixer()
+{
+    return *mixerLibrary();
+}
 
 /*
  * Output types of skm.ini and the SDL audio drivers they select. The environment variable
@@ -112,7 +117,7 @@ void useSoundFont()
         return; // the user's own choice; the mixer reads it itself
     for (const char *font : soundFonts) {
         if (QFileInfo::exists(QString::fromLatin1(font))) {
-            Mix_SetSoundFonts(font);
+            mixer().Mix_SetSoundFonts(font);
             return;
         }
     }
@@ -120,16 +125,21 @@ void useSoundFont()
 
 bool startAudio(const char *driver)
 {
-    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Stakko Theme Maker");
-    // SIGTERM and SIGINT are the program's to handle: SDL would turn them into events nobody reads.
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    if (driver)
-        SDL_SetHint(SDL_HINT_AUDIODRIVER, driver); // a set environment variable still wins
-    else
-        SDL_ResetHint(SDL_HINT_AUDIODRIVER);
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
+    QString why;
+    if (!mixerLibrary(&why)) {
+        qWarning("No sound: %s", qPrintable(why));
         return false;
-    Mix_Init(MIX_INIT_FLAC | MIX_INIT_MOD | MIX_INIT_MP3 | MIX_INIT_OGG | MIX_INIT_MID
+    }
+    mixer().SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Stakko Theme Maker");
+    // SIGTERM and SIGINT are the program's to handle: SDL would turn them into events nobody reads.
+    mixer().SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    if (driver)
+        mixer().SDL_SetHint(SDL_HINT_AUDIODRIVER, driver); // a set environment variable still wins
+    else
+        mixer().SDL_ResetHint(SDL_HINT_AUDIODRIVER);
+    if (mixer().SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
+        return false;
+    mixer().Mix_Init(MIX_INIT_FLAC | MIX_INIT_MOD | MIX_INIT_MP3 | MIX_INIT_OGG | MIX_INIT_MID
              | MIX_INIT_OPUS);
     useSoundFont();
     return true;
@@ -137,8 +147,8 @@ bool startAudio(const char *driver)
 
 void stopAudio()
 {
-    Mix_Quit();
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    mixer().Mix_Quit();
+    mixer().SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 // Why the mixer refused a file that looked playable, in the codes of the error table.
@@ -205,17 +215,17 @@ bool SoundSystem::openMixer(const EditorConfig &config)
         return false;
     if (!startAudio(driverForOutput(config.output)))
         return false;
-    if (Mix_OpenAudioDevice(config.frequency, MIX_DEFAULT_FORMAT, 2, bufferFrames(config.frequency), nullptr, 0)
+    if (mixer().Mix_OpenAudioDevice(config.frequency, MIX_DEFAULT_FORMAT, 2, bufferFrames(config.frequency), nullptr, 0)
         != 0) {
         stopAudio();
         return false;
     }
     m_mixerOpen = true;
-    Mix_AllocateChannels(std::max(config.numchannels, waveChannel + 1));
-    Mix_ReserveChannels(waveChannel + 1);
+    mixer().Mix_AllocateChannels(std::max(config.numchannels, waveChannel + 1));
+    mixer().Mix_ReserveChannels(waveChannel + 1);
     if (config.output == 0) {
-        Mix_VolumeMusic(0);
-        Mix_Volume(-1, 0);
+        mixer().Mix_VolumeMusic(0);
+        mixer().Mix_Volume(-1, 0);
     }
     return true;
 }
@@ -224,15 +234,15 @@ bool SoundSystem::openWaveDevice()
 {
     if (!startAudio(nullptr))
         return false;
-    if (Mix_OpenAudioDevice(MIX_DEFAULT_FREQUENCY, MIX_DEFAULT_FORMAT, 2, bufferFrames(MIX_DEFAULT_FREQUENCY),
+    if (mixer().Mix_OpenAudioDevice(MIX_DEFAULT_FREQUENCY, MIX_DEFAULT_FORMAT, 2, bufferFrames(MIX_DEFAULT_FREQUENCY),
                             nullptr, 0)
         != 0) {
         stopAudio();
         return false;
     }
     m_mixerOpen = true;
-    Mix_AllocateChannels(waveChannel + 1);
-    Mix_ReserveChannels(waveChannel + 1);
+    mixer().Mix_AllocateChannels(waveChannel + 1);
+    mixer().Mix_ReserveChannels(waveChannel + 1);
     return true;
 }
 
@@ -240,12 +250,12 @@ void SoundSystem::closeMixer()
 {
     if (!m_mixerOpen)
         return;
-    Mix_HaltChannel(-1);
+    mixer().Mix_HaltChannel(-1);
     if (m_wave) {
-        Mix_FreeChunk(m_wave);
+        mixer().Mix_FreeChunk(m_wave);
         m_wave = nullptr;
     }
-    Mix_CloseAudio();
+    mixer().Mix_CloseAudio();
     stopAudio();
     m_mixerOpen = false;
 }
@@ -282,9 +292,9 @@ Report SoundSystem::openMusic(const QString &path)
     int code = checkMusicFile(file);
     if (code == 0) {
         // Mix_LoadMUS keeps streams on disk and decodes them as they play.
-        m_musicHandle = Mix_LoadMUS(nativeName(file).constData());
+        m_musicHandle = mixer().Mix_LoadMUS(nativeName(file).constData());
         if (!m_musicHandle)
-            code = loadFailureCode(QString::fromUtf8(Mix_GetError()));
+            code = loadFailureCode(QString::fromUtf8(mixer().SDL_GetError()));
     }
     if (!m_musicHandle) {
         report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), QStringLiteral("midi"), path);
@@ -298,14 +308,14 @@ void SoundSystem::playMusic()
     if (!m_musicHandle)
         return;
     // Module songs repeat like the game plays them; streams end after one pass.
-    m_musicPlaying = Mix_PlayMusic(m_musicHandle, m_musicIsStream ? 0 : -1) == 0;
+    m_musicPlaying = mixer().Mix_PlayMusic(m_musicHandle, m_musicIsStream ? 0 : -1) == 0;
 }
 
 void SoundSystem::stopMusic()
 {
     if (!m_soundAvailable || !m_musicPlaying)
         return;
-    Mix_HaltMusic();
+    mixer().Mix_HaltMusic();
     m_musicPlaying = false;
 }
 
@@ -314,7 +324,7 @@ void SoundSystem::freeMusic()
     if (!m_soundAvailable)
         return;
     if (m_musicHandle)
-        Mix_FreeMusic(m_musicHandle);
+        mixer().Mix_FreeMusic(m_musicHandle);
     m_musicHandle = nullptr;
     m_musicPlaying = false;
 }
@@ -323,14 +333,14 @@ void SoundSystem::playWaveFile(const QString &path)
 {
     if (!m_mixerOpen && !openWaveDevice())
         return;
-    Mix_Chunk *chunk = Mix_LoadWAV(nativeName(resolveThemePath(path)).constData());
+    Mix_Chunk *chunk = mixer().Mix_LoadWAV(nativeName(resolveThemePath(path)).constData());
     if (!chunk)
         return;
-    Mix_HaltChannel(waveChannel);
+    mixer().Mix_HaltChannel(waveChannel);
     if (m_wave)
-        Mix_FreeChunk(m_wave);
+        mixer().Mix_FreeChunk(m_wave);
     m_wave = chunk;
-    Mix_PlayChannel(waveChannel, m_wave, 0);
+    mixer().Mix_PlayChannel(waveChannel, m_wave, 0);
 }
 
 int SoundSystem::bufferFrames(int frequency)

@@ -5,6 +5,7 @@
 #include "document/themefields.h"
 #include "editor/aboutwindow.h"
 #include "editor/controlnames.h"
+#include "editor/editorstyle.h"
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
 #include "editor/problemspanel.h"
@@ -19,6 +20,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QStyleFactory>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -106,6 +108,24 @@ private slots:
     {
         window.reset();
         doc.reset();
+    }
+
+    void narrowMenuBarShowsTheStyleOwnOverflowArrow()
+    {
+        QStyle *plain = QStyleFactory::create(QApplication::style()->name());
+        installEditorStyle();
+        QMenuBar bar;
+        for (const char *caption : {"&File", "&Edit", "&Theme Data", "&Tools", "&Help"})
+            bar.addMenu(QString::fromLatin1(caption));
+        bar.resize(60, 30);
+        bar.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&bar));
+        auto *arrow = bar.findChild<QToolButton *>(QStringLiteral("qt_menubar_ext_button"));
+        QVERIFY(arrow && arrow->isVisible());
+        const QImage expected = plain->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton).pixmap(16).toImage();
+        QVERIFY(!expected.isNull());
+        QCOMPARE(arrow->icon().pixmap(16).toImage(), expected);
+        QApplication::setStyle(plain);
     }
 
     void everyFieldHasItsControl()

@@ -1,0 +1,21 @@
+// The baselines of the start-up benchmark: the plainest Qt window, linked to Qt Widgets and
+// nothing else, empty or ("label") with one line of text, which pays the first font load.
+
+#include "firstpaint.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QWidget>
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    FirstPaint watcher;
+    app.installEventFilter(&watcher);
+    QWidget window;
+    window.resize(500, 430);
+    if (argc > 1 && qstrcmp(argv[1], "label") == 0)
+        new QLabel(QStringLiteral("Stakko Theme Maker"), &window);
+    window.show();
+    return app.exec();
+}

@@ -1,0 +1,88 @@
+#include "editor/editorstyle.h"
+
+#include <QApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPointer>
+#include <QProxyStyle>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+#include <optional>
+
+namespace {
+
+/** A standard icon of \a style, asked for when it is first drawn or measured. */
+class DeferredIconEngine : public QIconEngine
+{
+public:
+    DeferredIconEngine(QStyle *style, QStyle::StandardPixmap which, Qt::LayoutDirection direction)
+        : m_style(style), m_which(which), m_direction(direction)
+    {
+    }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        icon().paint(painter, rect, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return icon().pixmap(size, mode, state);
+    }
+    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal scale) override
+    {
+        return icon().pixmap(size, scale, mode, state);
+    }
+    QSize actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return icon().actualSize(size, mode, state);
+    }
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override
+    {
+        return icon().availableSizes(mode, state);
+    }
+    QIconEngine *clone() const override { return new DeferredIconEngine(m_style, m_which, m_direction); }
+    QString key() const override { return QStringLiteral("DeferredIconEngine"); }
+    bool isNull() override { return false; }
+
+private:
+    const QIcon &icon()
+    {
+        if (!m_icon) {
+            QStyleOption option;
+            option.direction = m_direction;
+            m_icon = m_style ? m_style->standardIcon(m_which, &option) : QIcon();
+        }
+        return *m_icon;
+    }
+
+    QPointer<QStyle> m_style;
+    QStyle::StandardPixmap m_which;
+    Qt::LayoutDirection m_direction;
+    std::optional<QIcon> m_icon;
+};
+
+class EditorStyle : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+
+    QIcon standardIcon(StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override
+    {
+        if (which != SP_ToolBarHorizontalExtensionButton && which != SP_ToolBarVerticalExtensionButton)
+            return QProxyStyle::standardIcon(which, option, widget);
+        const Qt::LayoutDirection direction = option ? option->direction
+                                              : widget ? widget->layoutDirection()
+                                                       : QApplication::layoutDirection();
+        return QIcon(new DeferredIconEngine(baseStyle(), which, direction));
+    }
+};
+
+} // namespace
+
+void installEditorStyle()
+{
+    // A style of the same kind as the application's, for the proxy to own.
+    if (QStyle *base = QStyleFactory::create(QApplication::style()->name()))
+        QApplication::setStyle(new EditorStyle(base));
+}
