@@ -1,9 +1,8 @@
+#include "common/fieldvalues.h"
 #include "document/description.h"
 #include "document/themedocument.h"
 
 #include <QTest>
-
-using Fields = QList<QPair<QString, QString>>;
 
 class DescriptionTest : public QObject
 {
@@ -13,8 +12,7 @@ class DescriptionTest : public QObject
     {
         ThemeDocument doc;
         doc.resetTheme();
-        for (const auto &[key, value] : fields)
-            doc.setValue(ThemeDocument::requireIndex(key), value);
+        setFields(doc, fields);
         const QString text = generateDescription(doc);
         if (!text.endsWith(u"\r\n"))
             return {QStringLiteral("<missing final CR LF>")};

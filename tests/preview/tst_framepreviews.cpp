@@ -1,3 +1,4 @@
+#include "common/fieldvalues.h"
 #include "document/themedocument.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
@@ -11,8 +12,6 @@
 
 #include <functional>
 #include <memory>
-
-using Fields = QList<QPair<QString, QString>>;
 
 namespace {
 
@@ -453,8 +452,7 @@ private slots:
         preview(element, "f", settings.frames.toInt(), settings);
         m_now = firstTick - runs.first().step;
         for (const Run &run : runs) {
-            for (const auto &[key, value] : run.edits)
-                m_doc->setValue(ThemeDocument::requireIndex(key), value);
+            setFields(*m_doc, run.edits);
             QCOMPARE(play(element, int(run.frames.size()), run.step), run.frames);
         }
         // A surface shows a whole frame, but for the bomb's left square.
