@@ -1,3 +1,4 @@
+#include "common/testfiles.h"
 #include "document/autorecovery.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
@@ -92,10 +93,7 @@ private slots:
         QTRY_VERIFY(QFile::exists(state));
         const QString written = m_dir.filePath(QStringLiteral("written.skt"));
         QVERIFY(writeThemeFile(doc, written));
-        QFile copy(recovery.copyFolder() + QStringLiteral("/theme.skt"));
-        QFile expected(written);
-        QVERIFY(copy.open(QIODevice::ReadOnly) && expected.open(QIODevice::ReadOnly));
-        QCOMPARE(copy.readAll(), expected.readAll());
+        QCOMPARE(readFile(recovery.copyFolder() + QStringLiteral("/theme.skt")), readFile(written));
         QCOMPARE(QFile::permissions(folder) & (QFile::ReadOther | QFile::ReadGroup), QFile::Permissions());
 
         recovery.restart();
