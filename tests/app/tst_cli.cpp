@@ -1,23 +1,13 @@
 // The stakko-theme command line, driven as a script would drive it.
 
+#include "common/runprogram.h"
 #include "common/testfiles.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
-
-namespace {
-
-struct Run {
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-} // namespace
 
 class CliTest : public QObject
 {
@@ -25,18 +15,11 @@ class CliTest : public QObject
 
     QTemporaryDir m_dir;
 
-    Run cli(const QStringList &args)
+    ProgramRun cli(const QStringList &args)
     {
-        QProcess p;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("TMPDIR"), m_dir.filePath(QStringLiteral("tmp")));
-        p.setProcessEnvironment(env);
-        p.setWorkingDirectory(m_dir.path());
-        p.setStandardInputFile(QProcess::nullDevice());
-        p.start(QString::fromLocal8Bit(qgetenv("STAKKO_CLI")), args);
-        if (!p.waitForFinished(60000))
-            return {};
-        return {p.exitCode(), p.readAllStandardOutput(), p.readAllStandardError()};
+        return runProgram(qEnvironmentVariable("STAKKO_CLI"), args, env, 60000);
     }
 
     QByteArray fileBytes(const QString &name) const { return readFile(m_dir.filePath(name)); }
@@ -46,6 +29,8 @@ private slots:
     {
         QVERIFY2(!qgetenv("STAKKO_CLI").isEmpty(), "STAKKO_CLI names the stakko-theme binary");
         QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("tmp")));
+        // Scripts name their files from where they run: the commands run in the test folder.
+        QVERIFY(QDir::setCurrent(m_dir.path()));
     }
 
     void usageErrors_data()
@@ -70,7 +55,7 @@ private slots:
     {
         QFETCH(QStringList, args);
         QFETCH(QString, named);
-        const Run r = cli(args);
+        const ProgramRun r = cli(args);
         QCOMPARE(r.status, 2);
         QVERIFY2(QString::fromUtf8(r.err).contains(named), r.err.constData());
         QVERIFY(!QFile::exists(m_dir.filePath(QStringLiteral("x.skt"))));
@@ -79,7 +64,7 @@ private slots:
     void newSetsFieldsInOrder()
     {
         QVERIFY(writeFile(m_dir.filePath(QStringLiteral("desc.txt")), "//line one\n//line two"));
-        const Run r = cli({"new", "-s", "name=First", "-s", "name=Ice", "-s", "themetype=0", "-s",
+        const ProgramRun r = cli({"new", "-s", "name=First", "-s", "name=Ice", "-s", "themetype=0", "-s",
                            "skinfile=skin.bmp", "--set-file", "description=desc.txt", "-o", "n.skt"});
         QCOMPARE(r.status, 0);
         QCOMPARE(fileBytes(QStringLiteral("n.skt")),
@@ -92,7 +77,7 @@ private slots:
     void dumpListsEveryFieldThenTheEditorState()
     {
         QCOMPARE(cli({"new", "-s", "themetype=0", "-s", "includecolors=1", "-o", "d.skt"}).status, 0);
-        const Run r = cli({"dump", "d.skt"});
+        const ProgramRun r = cli({"dump", "d.skt"});
         QCOMPARE(r.status, 0);
         QVERIFY2(r.err.isEmpty(), r.err.constData());
         const QJsonObject o = QJsonDocument::fromJson(r.out).object();
@@ -124,10 +109,10 @@ private slots:
         QFETCH(QByteArray, errorStart);
         QVERIFY(writeFile(m_dir.filePath(QStringLiteral("bad.skt")), bytes));
 
-        const Run dump = cli({"dump", "bad.skt"});
+        const ProgramRun dump = cli({"dump", "bad.skt"});
         QCOMPARE(dump.status, 1);
         QVERIFY2(dump.err.startsWith(errorStart), dump.err.constData());
-        const Run set = cli({"set", "bad.skt", "-s", "name=Y"});
+        const ProgramRun set = cli({"set", "bad.skt", "-s", "name=Y"});
         QCOMPARE(set.status, 1);
         QVERIFY2(set.err.contains("bad.skt did not load as a theme, so it was not written."), set.err.constData());
         QCOMPARE(fileBytes(QStringLiteral("bad.skt")), bytes);
@@ -144,7 +129,7 @@ private slots:
 
     void describePrintsStoredBytes()
     {
-        const Run r = cli({"describe"});
+        const ProgramRun r = cli({"describe"});
         QCOMPARE(r.status, 0);
         QCOMPARE(r.out.count("\r\n"), 21);
         QVERIFY(r.out.startsWith("//Theme Name: Stakko Theme\r\n"));
@@ -154,19 +139,19 @@ private slots:
     {
         QVERIFY(writeFile(m_dir.filePath(QStringLiteral("art/gfx/bg1.bmp")), "frame"));
         QCOMPARE(cli({"pack", "-o", "Ice.zip", "--root", "art", "art/gfx/bg1.bmp"}).status, 0);
-        const Run r = cli({"unpack", "Ice.zip"});
+        const ProgramRun r = cli({"unpack", "Ice.zip"});
         QCOMPARE(r.status, 0);
         const QString folder = QString::fromUtf8(r.out).trimmed();
         QCOMPARE(folder, m_dir.filePath(QStringLiteral("tmp/stakko/Ice/")));
         QVERIFY(QFile::exists(folder + QStringLiteral("gfx/bg1.bmp")));
 
         // A lowered cap stops the unpacking and takes back what it wrote.
-        const Run capped = cli({"unpack", "--max-unpacked-bytes", "4", "Ice.zip"});
+        const ProgramRun capped = cli({"unpack", "--max-unpacked-bytes", "4", "Ice.zip"});
         QCOMPARE(capped.status, 1);
         QVERIFY2(capped.err.contains("Extraction stopped: the package would write more than 4 bytes."),
                  capped.err.constData());
 
-        const Run missing = cli({"unpack", "Nope.zip"});
+        const ProgramRun missing = cli({"unpack", "Nope.zip"});
         QCOMPARE(missing.status, 1);
         QVERIFY(missing.err.startsWith("Error: Could not load resource file Nope.zip\n"));
     }
@@ -199,9 +184,7 @@ private slots:
         QFETCH(QStringList, args);
         QFETCH(int, status);
         QFETCH(QByteArray, out);
-        QFile unused(m_dir.filePath(QStringLiteral("x.txt")));
-        QVERIFY(unused.open(QIODevice::WriteOnly) && unused.write("x") == 1);
-        unused.close();
+        QVERIFY(writeFile(m_dir.filePath(QStringLiteral("x.txt")), "x"));
         const QStringList makeThemes[] = {
             {"pack", "-o", "X.zip", "x.txt"},
             {"new", "-s", "resourcefile=X.zip", "-o", "unused.skt"},
@@ -212,7 +195,7 @@ private slots:
         for (const QStringList &made : makeThemes)
             QCOMPARE(cli(made).status, 0);
 
-        const Run r = cli(args);
+        const ProgramRun r = cli(args);
         QCOMPARE(r.status, status);
         QCOMPARE(r.out, out);
         if (args.first() == u"build" && status == 1)

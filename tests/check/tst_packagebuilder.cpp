@@ -1,5 +1,6 @@
 #include "check/packagebuilder.h"
 #include "check/themechecker.h"
+#include "common/fieldvalues.h"
 #include "common/scripteddialogs.h"
 #include "common/testfiles.h"
 #include "document/themedocument.h"
@@ -9,7 +10,6 @@
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QProcess>
 #include <QStandardPaths>
@@ -18,34 +18,18 @@
 
 namespace {
 
-using Fields = QList<QPair<QString, QString>>;
-
 QByteArray png(QRgb color)
 {
     QImage image(8, 8, QImage::Format_RGB32);
     image.fill(color);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-QByteArray wave()
-{
-    QByteArray format;
-    putLittleEndian(format, {{1, 2}, {1, 2}, {22050, 4}, {22050, 4}, {1, 2}, {8, 2}});
-    const QByteArray chunks = "WAVEfmt " + QByteArray(1, char(format.size())) + QByteArray(3, '\0') + format
-                              + "data" + QByteArray("\x04\0\0\0", 4) + QByteArray(4, '\x80');
-    QByteArray riff("RIFF");
-    putLittleEndian(riff, {{quint32(chunks.size()), 4}});
-    return riff + chunks;
+    return imageBytes(image, "PNG");
 }
 
 // The art as the theme names it, but in other letter case where Windows would not mind.
 const QList<QPair<QString, QByteArray>> art{
     {"gfx/bg1.png", png(0xff0000)}, {"gfx/bg2.png", png(0x00ff00)}, {"Main.PNG", png(0x0000ff)},
-    {"rotate.wav", wave()},         {"song.mid", QByteArray("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\4\0\xFF\x2F\0", 26)},
+    {"rotate.wav", waveBytes(QByteArray(4, '\x80'), 22050, 8)},
+    {"song.mid", QByteArray("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\4\0\xFF\x2F\0", 26)},
 };
 
 const Fields baseFields{
@@ -54,12 +38,6 @@ const Fields baseFields{
     {"ifacemain", "main.png"}, {"includesounds", "1"},      {"rotate", "rotate.wav"},   {"includemusic", "1"},
     {"midi", "song.mid"},
 };
-
-void set(ThemeDocument &doc, const Fields &fields, const QString &folder)
-{
-    for (auto [key, value] : fields)
-        doc.setValue(ThemeDocument::requireIndex(key), value.replace(QStringLiteral("%DIR%"), folder));
-}
 
 QStringList codes(const Report &report)
 {
@@ -87,7 +65,7 @@ class PackageBuilderTest : public QObject
             writeFile(root + QStringLiteral("/art/") + name, bytes);
         ThemeDocument saved;
         saved.resetTheme();
-        set(saved, baseFields + edits, root);
+        setFields(saved, baseFields + edits, root);
         const QString theme = root + QStringLiteral("/Theme.skt");
         writeThemeFile(saved, theme);
         ScriptedDialogs dialogs;

@@ -2,13 +2,14 @@
 
 #include "check/backgroundcheck.h"
 #include "check/themechecker.h"
+#include "common/fieldvalues.h"
 #include "common/scripteddialogs.h"
+#include "common/testfiles.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "package/packagewriter.h"
 #include "package/resourcepackage.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QImage>
 #include <QSignalSpy>
@@ -16,7 +17,6 @@
 #include <QTest>
 #include <QtEndian>
 
-using Fields = QList<QPair<QString, QString>>;
 using Files = QMap<QString, QByteArray>; // package entries; a null array removes one
 
 namespace {
@@ -25,10 +25,7 @@ QByteArray picture(int width, int height, const char *format = "PNG")
 {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(Qt::darkCyan);
-    QBuffer out;
-    out.open(QIODevice::WriteOnly);
-    image.save(&out, format);
-    return out.data();
+    return imageBytes(image, format);
 }
 
 QByteArray png(int width, int height)
@@ -44,25 +41,10 @@ QByteArray topDownBitmap(int width, int height)
     return bytes;
 }
 
-template <typename T>
-QByteArray little(T value)
+/** A mono 8-bit wave of eight samples. */
+QByteArray wave(quint32 encoding, bool extensible = false)
 {
-    QByteArray bytes(sizeof(T), Qt::Uninitialized);
-    qToLittleEndian(value, bytes.data());
-    return bytes;
-}
-
-/** A mono 8-bit wave of eight samples; an extensible format names \a encoding in its GUID. */
-QByteArray wave(quint16 encoding, bool extensible = false)
-{
-    QByteArray format = little<quint16>(extensible ? 0xFFFE : encoding) + little<quint16>(1) + little<quint32>(8000)
-        + little<quint32>(8000) + little<quint16>(1) + little<quint16>(8);
-    if (extensible)
-        format += little<quint16>(22) + little<quint16>(8) + little<quint32>(4) + little<quint16>(encoding)
-            + QByteArray("\x00\x00\x00\x00\x10\x00\x80\x00\x00\xAA\x00\x38\x9B\x71", 14);
-    const QByteArray chunks = "WAVE" + QByteArray("fmt ") + little<quint32>(quint32(format.size())) + format
-        + "data" + little<quint32>(8) + QByteArray(8, '\x80');
-    return "RIFF" + little<quint32>(quint32(chunks.size())) + chunks;
+    return waveBytes(QByteArray(8, '\x80'), 8000, 8, encoding, extensible);
 }
 
 const QByteArray midi("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\4\0\xFF\x2F\0", 26);
@@ -79,12 +61,6 @@ Files baseFiles()
 {
     return {{"main.png", png(8, 8)}, {"bg1.png", png(192, 352)}, {"bg2.png", png(192, 352)},
             {"rotate.wav", wave(1)}, {"song.mid", midi}};
-}
-
-void set(ThemeDocument &doc, const Fields &fields, const QString &folder)
-{
-    for (auto [key, value] : fields)
-        doc.setValue(ThemeDocument::requireIndex(key), value.replace(QStringLiteral("%DIR%"), folder));
 }
 
 QStringList kinds(const Report &report)
@@ -201,29 +177,26 @@ private slots:
         QStringList packed;
         QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("files")));
         for (auto it = all.cbegin(); it != all.cend(); ++it) {
-            QFile f(dir.filePath(QStringLiteral("files/") + it.key()));
-            QVERIFY(f.open(QIODevice::WriteOnly) && f.write(*it) == it->size());
-            packed.append(f.fileName());
+            packed.append(dir.filePath(QStringLiteral("files/") + it.key()));
+            QVERIFY(writeFile(packed.last(), *it));
         }
         QVERIFY(writeResourcePackage(dir.filePath(QStringLiteral("Theme.zip")), packed,
                                      dir.filePath(QStringLiteral("files"))));
 
         ThemeDocument saved;
         saved.resetTheme();
-        set(saved, baseFields + written, dir.path());
+        setFields(saved, baseFields + written, dir.path());
         const QString theme = dir.filePath(QStringLiteral("Theme.skt"));
         QVERIFY(writeThemeFile(saved, theme));
-        if (!themeFile.isNull()) {
-            QFile f(theme);
-            QVERIFY(f.open(QIODevice::WriteOnly) && f.write(themeFile) == themeFile.size());
-        }
+        if (!themeFile.isNull())
+            QVERIFY(writeFile(theme, themeFile));
 
         ThemeDocument doc;
         ScriptedDialogs dialogs;
         Report report = checkThemeFile(doc, theme, dialogs);
         if (!edited.isEmpty()) {
             QVERIFY2(report.isEmpty(), qPrintable(report.lines().join(u'\n')));
-            set(doc, edited, dir.path());
+            setFields(doc, edited, dir.path());
             report = checkTheme(doc);
         }
         QCOMPARE(kinds(report), expected);
@@ -245,12 +218,12 @@ private slots:
     {
         ThemeDocument doc;
         doc.resetTheme();
-        set(doc, {{"includecolors", "1"}, {"colortitle", "1,2"}}, {});
+        setFields(doc, {{"includecolors", "1"}, {"colortitle", "1,2"}});
         BackgroundCheck check(doc);
         QSignalSpy finished(&check, &BackgroundCheck::finished);
         check.start();
         QVERIFY(check.isRunning());
-        set(doc, {{"colortitle", "1,2,3"}}, {});
+        setFields(doc, {{"colortitle", "1,2,3"}});
         check.start();
         QTRY_VERIFY(!check.isRunning());
         QVERIFY(check.hasResult());
@@ -263,9 +236,7 @@ private slots:
     {
         QTemporaryDir dir;
         const QString file = dir.filePath(QStringLiteral("a.png"));
-        QFile f(file);
-        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(png(8, 8)) > 0);
-        f.close();
+        QVERIFY(writeFile(file, png(8, 8)));
         const QString zip = dir.filePath(QStringLiteral("Secret.zip"));
         const PackageWriteOptions encrypted{PackageEncryption::Aes256, QStringLiteral("pw")};
         QVERIFY(writeResourcePackage(zip, {file}, dir.path(), nullptr, encrypted));

@@ -2,11 +2,13 @@
 
 // Files as tests lay them out and read them back, and the bytes of hand-made file formats.
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QStringList>
 
 #include <initializer_list>
@@ -57,4 +59,34 @@ inline void putLittleEndian(QByteArray &out, std::initializer_list<std::pair<qui
         for (int i = 0; i < size; ++i)
             out.append(char((value >> (8 * i)) & 0xFF));
     }
+}
+
+/** \a image as a file of \a format ("PNG", "BMP") holds it. */
+inline QByteArray imageBytes(const QImage &image, const char *format)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes;
+}
+
+/** A mono wave file of \a samples as stored; an extensible format names \a encoding in its GUID. */
+inline QByteArray waveBytes(const QByteArray &samples, quint32 rate, quint32 bits, quint32 encoding = 1,
+                            bool extensible = false)
+{
+    QByteArray format;
+    putLittleEndian(format, {{extensible ? 0xFFFEu : encoding, 2}, {1, 2}, {rate, 4}, {rate * bits / 8, 4},
+                             {bits / 8, 2}, {bits, 2}});
+    if (extensible) {
+        putLittleEndian(format, {{22, 2}, {bits, 2}, {4, 4}, {encoding, 2}});
+        format += QByteArray("\x00\x00\x00\x00\x10\x00\x80\x00\x00\xAA\x00\x38\x9B\x71", 14);
+    }
+    QByteArray bytes("RIFF");
+    putLittleEndian(bytes, {{quint32(20 + format.size() + samples.size()), 4}});
+    bytes += "WAVEfmt ";
+    putLittleEndian(bytes, {{quint32(format.size()), 4}});
+    bytes += format + "data";
+    putLittleEndian(bytes, {{quint32(samples.size()), 4}});
+    return bytes + samples;
 }

@@ -1,3 +1,4 @@
+#include "common/testfiles.h"
 #include "document/autorecovery.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
@@ -92,35 +93,12 @@ private slots:
         QTRY_VERIFY(QFile::exists(state));
         const QString written = m_dir.filePath(QStringLiteral("written.skt"));
         QVERIFY(writeThemeFile(doc, written));
-        QFile copy(recovery.copyFolder() + QStringLiteral("/theme.skt"));
-        QFile expected(written);
-        QVERIFY(copy.open(QIODevice::ReadOnly) && expected.open(QIODevice::ReadOnly));
-        QCOMPARE(copy.readAll(), expected.readAll());
+        QCOMPARE(readFile(recovery.copyFolder() + QStringLiteral("/theme.skt")), readFile(written));
         QCOMPARE(QFile::permissions(folder) & (QFile::ReadOther | QFile::ReadGroup), QFile::Permissions());
 
         recovery.restart();
         QVERIFY(!QDir(recovery.copyFolder()).exists());
         QVERIFY(!QFile::exists(recovery.copyFolder() + QStringLiteral(".lock")));
-    }
-
-    void onlyCopiesOfGoneEditorsAreOffered()
-    {
-        const QString folder = m_dir.filePath(QStringLiteral("two"));
-        ThemeDocument running;
-        AutoRecovery first(running, folder);
-        edit(running);
-        QVERIFY(first.writeCopy());
-        killedEditor(folder);
-
-        ThemeDocument doc;
-        AutoRecovery second(doc, folder);
-        std::vector<AutoRecovery::Orphan> orphans = second.takeOrphans();
-        QCOMPARE(orphans.size(), size_t(1));
-        QCOMPARE(orphans.front().themeFile, QStringLiteral("/home/me/Glacier.skt"));
-        QVERIFY(orphans.front().folder != first.copyFolder());
-        // A third editor starting now does not offer what the second one holds.
-        AutoRecovery third(doc, folder);
-        QVERIFY(third.takeOrphans().empty());
     }
 
     void restoreOrDiscard_data()
@@ -134,6 +112,11 @@ private slots:
     {
         QFETCH(bool, restore);
         const QString folder = m_dir.filePath(restore ? QStringLiteral("restore") : QStringLiteral("discard"));
+        // Only the copy of the editor that is gone is offered, not that of one still running.
+        ThemeDocument running;
+        AutoRecovery first(running, folder);
+        edit(running);
+        QVERIFY(first.writeCopy());
         killedEditor(folder);
         ThemeDocument doc;
         doc.resetTheme();
@@ -141,6 +124,11 @@ private slots:
         AutoRecovery recovery(doc, folder);
         std::vector<AutoRecovery::Orphan> orphans = recovery.takeOrphans();
         QCOMPARE(orphans.size(), size_t(1));
+        QCOMPARE(orphans.front().themeFile, QStringLiteral("/home/me/Glacier.skt"));
+        QVERIFY(orphans.front().folder != first.copyFolder());
+        // An editor starting now does not offer what this one holds.
+        ThemeDocument third;
+        QVERIFY(AutoRecovery(third, folder).takeOrphans().empty());
         const QStringList before = everything(doc);
         if (restore) {
             QCOMPARE(recovery.restore(orphans.front()), std::optional<int>(3));

@@ -1,4 +1,5 @@
 #include "common/scripteddialogs.h"
+#include "common/testfiles.h"
 #include "document/animatedelement.h"
 #include "document/fieldbrowsing.h"
 #include "document/themedocument.h"
@@ -259,8 +260,7 @@ private slots:
         QFETCH(QString, chosen);
         QFETCH(QString, resource);
         QFETCH(QString, resourceAfter);
-        QFile old(m_temp.filePath(QStringLiteral("Old.zip")));
-        QVERIFY(old.open(QIODevice::WriteOnly));
+        QVERIFY(writeFile(m_temp.filePath(QStringLiteral("Old.zip")), {}));
         ThemeDocument doc;
         doc.setCurrentThemeFile(m_temp.filePath(QStringLiteral("Theme.skt")));
         doc.setText(u"resourcefile", resource);
@@ -279,14 +279,11 @@ private slots:
     void resourcePackageIsUnpackedThenStored()
     {
         QTemporaryDir source;
-        QVERIFY(source.isValid());
-        QFile frame(source.filePath(QStringLiteral("gfx/bg1.bmp")));
-        QVERIFY(QDir(source.path()).mkpath(QStringLiteral("gfx")));
-        QVERIFY(frame.open(QIODevice::WriteOnly) && frame.write("BM frame") == 8);
-        frame.close();
+        const QString frame = source.filePath(QStringLiteral("gfx/bg1.bmp"));
+        QVERIFY(writeFile(frame, "BM frame"));
         const QString zipPath = source.filePath(QStringLiteral("Ice.zip"));
         QString error;
-        QVERIFY2(writeResourcePackage(zipPath, {frame.fileName()}, source.path(), &error), qPrintable(error));
+        QVERIFY2(writeResourcePackage(zipPath, {frame}, source.path(), &error), qPrintable(error));
 
         ThemeDocument doc;
         unpackedPackage(doc);

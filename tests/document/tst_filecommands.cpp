@@ -1,9 +1,9 @@
 #include "common/scripteddialogs.h"
+#include "common/testfiles.h"
 #include "document/themedocument.h"
 #include "document/filecommands.h"
 
 #include <QDir>
-#include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,18 +16,6 @@ enum class Command { New, Load, Exit };
 
 const QString promptText =
     QStringLiteral("Caution: This action will cause all previous changes to be lost, do you wish to save?");
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 } // namespace
 
@@ -103,9 +91,9 @@ private slots:
             QCOMPARE(dialogs.messages.first().kind, ScriptedDialogs::Kind::Question);
         // "Yes" always asks for a new file, even when the theme has one.
         QCOMPARE(dialogs.saveFilters, dirty && answer == Answer::Yes ? QStringList{themeFileFilter} : QStringList());
-        QCOMPARE(contents(current), QByteArray("untouched"));
+        QCOMPARE(readFile(current), QByteArray("untouched"));
         if (!saveName.isEmpty()) {
-            QVERIFY(contents(path(saveName)).contains("Unsaved Work"));
+            QVERIFY(readFile(path(saveName)).contains("Unsaved Work"));
             QCOMPARE(doc.currentThemeFile(), command == Command::New ? QString() : path(saveName));
         }
 
@@ -204,7 +192,7 @@ private slots:
         QCOMPARE(afterSaves, dirtyAfter ? 0 : 1);
         QCOMPARE(doc.currentThemeFile(), currentAfter.isEmpty() ? QString() : path(currentAfter));
         if (!dirtyAfter)
-            QVERIFY(contents(doc.currentThemeFile()).contains("Ice Age"));
+            QVERIFY(readFile(doc.currentThemeFile()).contains("Ice Age"));
         QCOMPARE(m_dir.entryList({QStringLiteral("*.skt.skt"), QStringLiteral("mytheme.skt")}), QStringList());
         dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messages.size(), error.isEmpty() ? 0 : 1);
@@ -241,7 +229,7 @@ private slots:
         QCOMPARE(afterLoadsAndSaves, 0);
         commands.saveTheme();
 
-        QCOMPARE(contents(notATheme), QByteArray("shopping list\n"));
+        QCOMPARE(readFile(notATheme), QByteArray("shopping list\n"));
         QCOMPARE(dialogs.saveFilters.size(), 1);
         QCOMPARE(doc.currentThemeFile(), saveName.isEmpty() ? notATheme : path(saveName));
         QCOMPARE(doc.isDirty(), saveName.isEmpty());

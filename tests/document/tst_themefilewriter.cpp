@@ -1,14 +1,13 @@
+#include "common/fieldvalues.h"
+#include "common/testfiles.h"
 #include "document/referencedfiles.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "document/themesections.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-
-using Fields = QList<QPair<QString, QString>>;
 
 namespace {
 
@@ -20,22 +19,10 @@ QStringList linesOf(const QByteArray &bytes)
     return QString::fromLatin1(bytes.chopped(2)).split(QStringLiteral("\r\n"));
 }
 
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
-}
-
-void setFields(ThemeDocument &doc, const Fields &fields)
-{
-    doc.resetTheme();
-    for (const auto &[key, value] : fields)
-        doc.setValue(ThemeDocument::requireIndex(key), value);
-}
-
 QByteArray bytesOf(const Fields &fields)
 {
     ThemeDocument doc;
+    doc.resetTheme();
     setFields(doc, fields);
     QByteArray bytes;
     QString error;
@@ -247,6 +234,7 @@ private slots:
         QFETCH(Fields, fields);
         QFETCH(QStringList, references);
         ThemeDocument doc;
+        doc.resetTheme();
         setFields(doc, fields);
         const char *kinds[] = {"frames", "still", "wave", "music", "skin", "package"};
         QStringList found;

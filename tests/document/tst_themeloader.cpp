@@ -1,4 +1,6 @@
+#include "common/fieldvalues.h"
 #include "common/scripteddialogs.h"
+#include "common/testfiles.h"
 #include "common/ansitext.h"
 #include "document/themesections.h"
 #include "document/themedocument.h"
@@ -12,8 +14,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-using Fields = QList<QPair<QString, QString>>;
-
 namespace {
 
 /** Writes a theme file from raw lines (CRLF, Windows-1252), as an author's editor might. */
@@ -24,8 +24,7 @@ QString writeLines(const QString &path, const QStringList &lines)
         AnsiText::encode(line, &bytes);
         bytes += "\r\n";
     }
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+    if (!writeFile(path, bytes))
         qFatal("cannot write %s", qPrintable(path));
     return path;
 }
@@ -206,11 +205,8 @@ private slots:
 
     void packageBesideTheThemeIsUnpacked()
     {
-        QDir(m_dir.path()).mkpath(QStringLiteral("art"));
         const QString frame = m_dir.filePath(QStringLiteral("art/bg1.bmp"));
-        QFile f(frame);
-        QVERIFY(f.open(QIODevice::WriteOnly) && f.write("BMframe") == 7);
-        f.close();
+        QVERIFY(writeFile(frame, "BMframe"));
         QString error;
         QVERIFY2(writeResourcePackage(path(QStringLiteral("Pack.zip")), {frame}, m_dir.path(), &error),
                  qPrintable(error));

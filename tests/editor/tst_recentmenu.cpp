@@ -1,4 +1,5 @@
 #include "common/scripteddialogs.h"
+#include "common/testfiles.h"
 #include "document/filecommands.h"
 #include "document/recentthemes.h"
 #include "document/themedocument.h"
@@ -20,9 +21,8 @@ class RecentMenuTest : public QObject
     QString theme(int n)
     {
         const QString path = m_dir.filePath(QStringLiteral("t%1.skt").arg(n));
-        QFile file(path);
-        if (!file.exists() && file.open(QIODevice::WriteOnly))
-            file.write(QStringLiteral("[Theme Info]\r\nname=T%1\r\nthemetype=0\r\n").arg(n).toLatin1());
+        if (!QFile::exists(path))
+            writeFile(path, QStringLiteral("[Theme Info]\r\nname=T%1\r\nthemetype=0\r\n").arg(n).toLatin1());
         return path;
     }
 

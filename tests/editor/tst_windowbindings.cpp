@@ -248,6 +248,7 @@ private slots:
         e.doc.setText(u"ifacechat", m_dir.filePath("chat.bmp"));
         e.window.showPage(MainWindow::Page::Interface);
         e.click("cmdPreviewIface(4)");
+        QCOMPARE(e.shownFrame("imgIPreview"), 7);
         e.window.showPage(MainWindow::Page::Background);
         e.click("cmdPreviewBG");
         QSignalSpy reloads(&e.previews.watch(), &FileWatch::changed);
@@ -265,19 +266,31 @@ private slots:
         repaint(m_dir.filePath("bg3.bmp"), 5, {192, 352});
         QTRY_COMPARE(reloads.size(), 2);
         QCOMPARE(slot(2), 3);
+
+        // A screen that cannot be read is said, and the display keeps what it showed.
+        e.doc.setText(u"ifacechat", m_dir.filePath("gone.bmp"));
+        e.click("cmdPreviewIface(4)");
+        QCOMPARE(e.dialogs.messageLines(), QStringList{"Error: Unable to load image: " + m_dir.filePath("gone.bmp")});
+        QCOMPARE(e.shownFrame("imgIPreview"), 8);
     }
 
-    // The closer look is the page's own animation: its pause and steps move the page's preview.
-    void previewWindowZoomsPausesAndSteps()
+    // The preview plays in the page until the page changes; the closer look is the page's own
+    // animation: its pause and steps move the page's preview.
+    void previewPlaysZoomsPausesAndSteps()
     {
         Editor e;
         prepareBackground(e);
         e.click("cmdPreviewBG");
+        auto *timer = e.control<TickTimer>(QStringLiteral("tmrBGPreview"));
+        QVERIFY(timer->isActive());
+        QVERIFY(e.dialogs.messages.isEmpty());
+        QSet<int> seen;
+        QTRY_VERIFY_WITH_TIMEOUT((seen << e.shownFrame("picPreviewBG"), seen.size() == 3), 5000);
+        QVERIFY(!seen.contains(0));
         QTest::mouseDClick(e.control(QStringLiteral("picPreviewBG")), Qt::LeftButton);
         auto *window = e.window.findChild<PreviewWindow *>();
         QVERIFY(window && window->isVisible());
         QCOMPARE(window->zoom(), 2);
-        QTRY_VERIFY(e.previews.frames().shownFrame(0) > 0);
 
         window->setZoom(4);
         const QImage zoomed = window->rendered();
@@ -286,7 +299,6 @@ private slots:
         QCOMPARE(zoomed.pixel(4 * 10, 4 * 10), shown.pixel(10, 10));
         QCOMPARE(zoomed.pixel(4 * 10 + 3, 4 * 10 + 3), shown.pixel(10, 10)); // squares, not smoothed
 
-        auto *timer = e.control<TickTimer>(QStringLiteral("tmrBGPreview"));
         window->findChild<QPushButton *>(QStringLiteral("cmdPause"))->click();
         QVERIFY(!timer->isActive());
         const int paused = int(e.previews.frames().shownFrame(0));
@@ -300,6 +312,12 @@ private slots:
             QStringLiteral("Frame %1 of 3").arg((paused + 1) % 3 + 1)));
         window->findChild<QPushButton *>(QStringLiteral("cmdPause"))->click();
         QVERIFY(timer->isActive());
+
+        e.window.showPage(MainWindow::Page::Blocks);
+        QVERIFY(!timer->isActive());
+        const QImage last = e.control<PreviewSurface>("picPreviewBG")->image();
+        QTest::qWait(20);
+        QCOMPARE(e.control<PreviewSurface>("picPreviewBG")->image(), last);
     }
 
     void themeFileChangedElsewhere_data()
@@ -350,41 +368,6 @@ private slots:
         e.click(QStringLiteral("cmdPlayMusic"));
         QCOMPARE(music->text(), QStringLiteral("Play Music"));
         QVERIFY(e.dialogs.messages.isEmpty()); // without sound, music does nothing and says nothing
-    }
-
-    void previewPlaysInTheWindowUntilThePageChanges()
-    {
-        Editor e;
-        prepareBackground(e);
-        e.click("cmdPreviewBG");
-        QVERIFY(e.control<TickTimer>("tmrBGPreview")->isActive());
-        QVERIFY(e.dialogs.messages.isEmpty());
-        QSet<int> seen;
-        QTRY_VERIFY_WITH_TIMEOUT((seen << e.shownFrame("picPreviewBG"), seen.size() == 3), 5000);
-        QVERIFY(!seen.contains(0));
-
-        e.window.showPage(MainWindow::Page::Blocks);
-        QVERIFY(!e.control<TickTimer>("tmrBGPreview")->isActive());
-        const QImage last = e.control<PreviewSurface>("picPreviewBG")->image();
-        QTest::qWait(20);
-        QCOMPARE(e.control<PreviewSurface>("picPreviewBG")->image(), last);
-    }
-
-    void interfacePreviewFillsItsDisplay()
-    {
-        Editor e;
-        writeFrame(m_dir.filePath("chat.bmp"), frameColor(7), {640, 480});
-        e.doc.setNumber(u"includeinterface", 1);
-        e.doc.setText(u"ifacechat", m_dir.filePath("chat.bmp"));
-        e.window.showPage(MainWindow::Page::Interface);
-        e.click("cmdPreviewIface(4)");
-        QCOMPARE(e.shownFrame("imgIPreview"), 7);
-
-        e.doc.setText(u"ifacechat", m_dir.filePath("gone.bmp"));
-        e.click("cmdPreviewIface(4)");
-        QCOMPARE(e.dialogs.messageLines(),
-                 QStringList{"Error: Unable to load image: " + m_dir.filePath("gone.bmp")});
-        QCOMPARE(e.shownFrame("imgIPreview"), 7);
     }
 
     void colorButtonSetsSwatchAndText()

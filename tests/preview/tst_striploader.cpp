@@ -7,7 +7,6 @@
 
 #include "common/testfiles.h"
 
-#include <QBuffer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -28,26 +27,17 @@ QImage picture(int n, QImage::Format format)
     return image.convertToFormat(format);
 }
 
-QByteArray encoded(const QImage &image, const char *format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
-}
-
 /**
  * The file of frame \a n as \a kind describes it: b a bitmap, p a translucent PNG under the
  * same .bmp name, m none, g bytes of no picture, c a bitmap whose pixels end early.
  */
 void writeFrameFile(const QString &path, int n, QChar kind)
 {
-    const QByteArray bitmap = encoded(picture(n, QImage::Format_RGB32), "BMP");
+    const QByteArray bitmap = imageBytes(picture(n, QImage::Format_RGB32), "BMP");
     if (kind == u'b')
         QVERIFY(writeFile(path, bitmap));
     else if (kind == u'p')
-        QVERIFY(writeFile(path, encoded(picture(n, QImage::Format_ARGB32), "PNG")));
+        QVERIFY(writeFile(path, imageBytes(picture(n, QImage::Format_ARGB32), "PNG")));
     else if (kind == u'g')
         QVERIFY(writeFile(path, "no picture at all"));
     else if (kind == u'c')

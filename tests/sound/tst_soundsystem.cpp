@@ -27,13 +27,7 @@ QByteArray waveFile(double seconds)
     QByteArray data;
     for (int i = 0; i < int(seconds * rate); ++i)
         putLittleEndian(data, {{quint32(std::lround(16383.5 * std::sin(2 * M_PI * 440 * i / rate))), 2}});
-    QByteArray bytes("RIFF");
-    putLittleEndian(bytes, {{quint32(36 + data.size()), 4}});
-    bytes += "WAVEfmt ";
-    putLittleEndian(bytes, {{16, 4}, {1, 2}, {1, 2}, {rate, 4}, {rate * 2, 4}, {2, 2}, {16, 2}});
-    bytes += "data";
-    putLittleEndian(bytes, {{quint32(data.size()), 4}});
-    return bytes + data;
+    return waveBytes(data, rate, 16);
 }
 
 /** Format 0, one track, 96 ticks a beat: a piano C major chord held for four beats (two seconds). */
