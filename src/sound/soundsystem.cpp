@@ -1,12 +1,11 @@
 #include "sound/soundsystem.h"
 
 #include "common/pathlookup.h"
+#include "sound/mixerlibrary.h"
 #include "sound/musicformat.h"
 
 #include <QFile>
 #include <QFileInfo>
-
-#include "sound/mixerlibrary.h"
 
 namespace {
 
@@ -139,8 +138,7 @@ bool startAudio(const char *driver)
         mixer().SDL_ResetHint(SDL_HINT_AUDIODRIVER);
     if (mixer().SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
         return false;
-    mixer().Mix_Init(MIX_INIT_FLAC | MIX_INIT_MOD | MIX_INIT_MP3 | MIX_INIT_OGG | MIX_INIT_MID
-             | MIX_INIT_OPUS);
+    mixer().Mix_Init(MIX_INIT_FLAC | MIX_INIT_MOD | MIX_INIT_MP3 | MIX_INIT_OGG | MIX_INIT_MID | MIX_INIT_OPUS);
     useSoundFont();
     return true;
 }
