@@ -1,6 +1,7 @@
 #include "preview/plainbitmap.h"
 
 #include <QIODevice>
+#include <QtEndian>
 #include <QImage>
 
 #if defined(__x86_64__) || defined(__i386__)
@@ -15,14 +16,6 @@ namespace {
 
 // Larger pictures are left to Qt, whose reader enforces its allocation limit on them.
 constexpr qint64 mostPixels = 8 * 1024 * 1024;
-
-quint32 littleEndian(const char *at, int size)
-{
-    quint32 value = 0;
-    for (int i = size - 1; i >= 0; --i)
-        value = value << 8 | quint8(at[i]);
-    return value;
-}
 
 void swapRedBlueTail(uchar *row, int x, int width)
 {
@@ -76,12 +69,12 @@ bool readPlainBitmap(QIODevice &in, QImage &picture)
     if (head.size() < headerBytes || !head.startsWith("BM"))
         return false;
     const char *h = head.constData();
-    const quint32 offset = littleEndian(h + 10, 4);
-    const auto width = qint32(littleEndian(h + 18, 4));
-    const auto storedHeight = qint32(littleEndian(h + 22, 4));
-    const bool plain = littleEndian(h + 14, 4) == 40 && littleEndian(h + 26, 2) == 1
-                       && littleEndian(h + 28, 2) == 24 && littleEndian(h + 30, 4) == 0
-                       && littleEndian(h + 46, 4) == 0;   // no colour table to step over
+    const auto offset = qFromLittleEndian<quint32>(h + 10);
+    const auto width = qFromLittleEndian<qint32>(h + 18);
+    const auto storedHeight = qFromLittleEndian<qint32>(h + 22);
+    const bool plain = qFromLittleEndian<quint32>(h + 14) == 40 && qFromLittleEndian<quint16>(h + 26) == 1
+                       && qFromLittleEndian<quint16>(h + 28) == 24 && qFromLittleEndian<quint32>(h + 30) == 0
+                       && qFromLittleEndian<quint32>(h + 46) == 0;   // no colour table to step over
     // Qt steps forward to the pixels but never back into the header.
     if (!plain || offset < quint32(headerBytes) || width <= 0 || storedHeight == 0
         || storedHeight == std::numeric_limits<qint32>::min())
