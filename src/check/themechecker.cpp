@@ -5,6 +5,7 @@
 #include "common/pathlookup.h"
 #include "common/profilereader.h"
 #include "document/animatedelement.h"
+#include "document/description.h"
 #include "document/referencedfiles.h"
 #include "document/themedocument.h"
 #include "document/themeloader.h"
@@ -15,8 +16,11 @@
 #include "sound/soundsystem.h"
 #include "sound/waveformat.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QImageReader>
 #include <QSet>
 
 #include <algorithm>
@@ -83,6 +87,19 @@ QList<const char *> writtenTexts(const ThemeDocument &doc)
     return keys;
 }
 
+/** What the picture at \a path is ("a PNG picture") when it is no Windows bitmap or JPEG, else "". */
+QString foreignImageKind(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray start = file.peek(3);
+    if (start.startsWith("BM") || start == QByteArrayView("\xFF\xD8\xFF"))
+        return {};
+    const QByteArray format = QImageReader::imageFormat(&file).toUpper();
+    return format.isEmpty() ? QStringLiteral("a picture of another kind") : QStringLiteral("a %1 picture").arg(format);
+}
+
 /** A package entry or a stored name as Windows compares them. */
 QString windowsName(QString name)
 {
@@ -135,6 +152,18 @@ public:
         }
         if (m_contents && m_typeOne && !m_doc.currentThemeFile().isEmpty())
             packageEntries();
+    }
+
+    /** The play button's view of field \a key: its file alone, whether its section is included or not. */
+    void played(const QString &key)
+    {
+        const QString name = m_doc.value(key);
+        const FileKind kind = key == u"midi" ? FileKind::Music : FileKind::WaveSound;
+        if (name.isEmpty())
+            add(Severity::Error, "file-missing", key, {}, captionOf(key) + QStringLiteral(" names no file to play"));
+        else
+            file({key, kind, name, {}, {}, {name}}, name, QStringLiteral("%1 \"%2\"").arg(captionOf(key), name),
+                 nullptr);
     }
 
     Report report()
@@ -222,7 +251,7 @@ private:
                     .arg(QString::number(value.at(bad).unicode(), 16).toUpper().rightJustified(4, u'0')));
             return;
         }
-        // The description is never read back.
+        // The description is read back whole, not as a value.
         const QString change = qstrcmp(key, "description") == 0 ? QString() : readBackChange(value);
         if (!change.isEmpty())
             add(Severity::Warning, "value-changes-on-load", QLatin1StringView(key), {},
@@ -234,6 +263,10 @@ private:
         QString text = m_doc.value(u"description");
         text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
         const QStringList lines = text.split(u'\n');
+        if (lines.contains(descriptionPlaceholder))
+            add(Severity::Warning, "description-placeholder", QStringLiteral("description"), {},
+                QStringLiteral("The description still holds the line \"%1\" where your own words belong")
+                    .arg(descriptionPlaceholder));
         bool inSection = false;
         for (qsizetype i = 0; i < lines.size(); ++i) {
             const ProfileLine kind = profileLineKind(lines.at(i));
@@ -255,7 +288,7 @@ private:
     {
         // Found as the previews and play buttons find them.
         const QString folder = r.kind == FileKind::Music ? m_doc.musicFolder() : m_doc.packageFolder();
-        const QString path = resolveThemePath(folder + stored);
+        const QString path = resolveThemePath(themeFilePath(folder, stored));
         const auto problem = [&](Severity severity, const char *code, const QString &text) {
             add(severity, code, r.key, path, what + u' ' + text + QStringLiteral(" (") + path + u')');
         };
@@ -267,10 +300,17 @@ private:
             return;
         switch (r.kind) {
         case FileKind::FrameSequence:
-        case FileKind::StillImage:
-            if (const auto size = LoadingSurface::headerSize(path); !size)
+        case FileKind::StillImage: {
+            const auto size = LoadingSurface::headerSize(path);
+            if (!size) {
                 problem(Severity::Error, "image-unreadable", QStringLiteral("cannot be read as an image"));
-            else if (element && *size != element->frame)
+                break;
+            }
+            // The previews show what Qt reads; the game reads only these two.
+            if (const QString kind = foreignImageKind(path); !kind.isEmpty())
+                problem(Severity::Error, "image-format",
+                        QStringLiteral("is %1, not a Windows bitmap or JPEG: the game cannot show it").arg(kind));
+            if (element && *size != element->frame)
                 problem(Severity::Warning, "frame-size",
                         QStringLiteral("is %1x%2 pixels, not %3x%4")
                             .arg(size->width())
@@ -278,6 +318,7 @@ private:
                             .arg(element->frame.width())
                             .arg(element->frame.height()));
             break;
+        }
         case FileKind::WaveSound:
             if (!isPlayableWaveFile(path))
                 problem(Severity::Error, "sound-unplayable", QStringLiteral("is no wave file that can be played"));
@@ -352,6 +393,34 @@ Report checkThemeFilesExist(const ThemeDocument &doc)
     checker.fields();
     checker.files();
     return checker.report();
+}
+
+Report checkBuildFiles(const ThemeDocument &doc, const QString &folder)
+{
+    QString from = QDir::fromNativeSeparators(folder);
+    if (!from.isEmpty() && !from.endsWith(u'/'))
+        from += u'/';
+    ThemeDocument copy;
+    copy.assignFrom(doc);
+    copy.setPackageFolder(from, from);
+    copy.setMusicFolder(from);
+    copy.setCurrentThemeFile({}); // the entries of an older package are not being packed
+    Checker checker(copy, true);
+    checker.files();
+    Report found;
+    for (const Problem &p : checker.report().problems) {
+        if (p.severity == Severity::Error && p.code != u"file-missing" && p.code != u"frame-missing")
+            found.add(p);
+    }
+    return found;
+}
+
+QString playProblem(const ThemeDocument &doc, const QString &key)
+{
+    Checker checker(doc, true);
+    checker.played(key);
+    const Report found = checker.report();
+    return found.isEmpty() ? QString() : found.problems.constFirst().text;
 }
 
 Report checkThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions, const ExtractOptions &extract)

@@ -24,6 +24,20 @@ Report checkThemeFilesExist(const ThemeDocument &doc);
 Report checkThemeFields(const ThemeDocument &doc);
 
 /**
+ * The errors found in the content of the files a build packs from \a folder, each looked up
+ * there (a full path where it names one). That files are missing, or named by full paths, is
+ * the build's own to say.
+ */
+Report checkBuildFiles(const ThemeDocument &doc, const QString &folder);
+
+/**
+ * Why the play button of sound or music field \a key ("rotate", "midi") cannot play the file it
+ * names, in the checker's words with the path looked at, or "" when it can: the text the
+ * editor shows in its status bar.
+ */
+QString playProblem(const ThemeDocument &doc, const QString &key);
+
+/**
  * Loads \a path into \a doc as the Load command does (a package's password is asked through
  * \a questions), then checks it. A file that does not load gives "theme-unreadable" alone; a
  * package that does not unpack gives "package-missing" or "package-unreadable", and then no

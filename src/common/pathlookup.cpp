@@ -8,6 +8,17 @@ qsizetype afterLastSeparator(const QString &path)
     return std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1;
 }
 
+QString themeFilePath(const QString &folder, const QString &name)
+{
+#ifdef Q_OS_WIN
+    const bool full = QDir::isAbsolutePath(name);
+#else
+    // Not QDir's test: a name starting with ":" is no Qt resource here.
+    const bool full = name.startsWith(u'/');
+#endif
+    return full ? name : folder + name;
+}
+
 bool isAbsoluteThemePath(const QString &name)
 {
     const auto separator = [](QChar c) { return c == u'/' || c == u'\\'; };

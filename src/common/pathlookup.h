@@ -10,6 +10,12 @@
  */
 QString resolveThemePath(const QString &path);
 
+/**
+ * Where a file that a theme names is looked for: \a name itself when it is a full path of this
+ * system (a file chosen outside the package folder), else \a name inside \a folder.
+ */
+QString themeFilePath(const QString &folder, const QString &name);
+
 /** Index just after the last "/" or "\" in \a path, or 0 when there is none. */
 qsizetype afterLastSeparator(const QString &path);
 

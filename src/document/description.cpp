@@ -33,7 +33,7 @@ QString generateDescription(const ThemeDocument &doc)
     add(QStringLiteral("//Version: ") + doc.value(u"version"));
     add(QStringLiteral("//Theme Type: ") + doc.value(u"themetype"));
     add(separator);
-    add(QStringLiteral("//!!!!ENTER YOUR DESCRIPTION HERE!!!!"));
+    add(descriptionPlaceholder);
     add(separator);
     add(QStringLiteral("//Theme Contents:"));
     // The summary's own section order, kept only here: neither the writer's nor the loader's.

@@ -2,6 +2,7 @@
 
 #include "editor/editordialogs.h"
 
+#include "common/pathlookup.h"
 #include "document/themedocument.h"
 #include "editor/controlnames.h"
 #include "document/fieldbrowsing.h"
@@ -54,7 +55,7 @@ public:
     {
         return m_questions.inputBox(prompt, title);
     }
-    QString saveFileName(const QString &) override { return {}; }
+    QString saveFileName(const QString &, const QString &) override { return {}; }
     std::optional<quint32> chooseColor() override { return std::nullopt; }
 
 private:
@@ -97,7 +98,7 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
     });
 
     m_window.onRowClick(soundRows.show, soundRows.keys, this, [this](int row) {
-        m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRows.keys[row])));
+        m_sound.playWaveFile(themeFilePath(m_doc.packageFolder(), m_doc.value(QLatin1StringView(soundRows.keys[row]))));
     });
     m_window.onClick(QStringLiteral("cmdPlayMusic"), this, [this] { toggleMusic(); });
     connect(m_window.findChild<QAction *>(QStringLiteral("mnuArtFolder")), &QAction::triggered, this,
@@ -125,7 +126,7 @@ void ButtonBinding::toggleMusic()
     // "Stop Music" and the next click merely resets it.
     if (button->text() == playMusicCaption) {
         button->setText(stopMusicCaption);
-        m_dialogs.show(m_sound.openMusic(m_doc.musicFolder() + m_doc.value(u"midi")));
+        m_dialogs.show(m_sound.openMusic(themeFilePath(m_doc.musicFolder(), m_doc.value(u"midi"))));
         m_sound.playMusic();
     } else {
         button->setText(playMusicCaption);

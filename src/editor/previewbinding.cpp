@@ -112,7 +112,7 @@ bool PreviewBinding::eventFilter(QObject *watched, QEvent *event)
 
 QString PreviewBinding::stillFile(const char *key) const
 {
-    return resolveThemePath(m_doc.packageFolder() + m_doc.value(QLatin1StringView(key)));
+    return resolveThemePath(themeFilePath(m_doc.packageFolder(), m_doc.value(QLatin1StringView(key))));
 }
 
 void PreviewBinding::watchShownFiles()

@@ -1,5 +1,7 @@
 #include "preview/framesequence.h"
 
+#include "common/pathlookup.h"
+
 #include <cmath>
 
 std::optional<FrameSequence> FrameSequence::fromImageText(const QString &imageText)
@@ -15,7 +17,7 @@ std::optional<FrameSequence> FrameSequence::fromImageText(const QString &imageTe
 
 QString FrameSequence::frameName(const QString &folder, qint64 n) const
 {
-    return folder + m_root + QString::number(n) + u'.' + m_extension;
+    return themeFilePath(folder, m_root + QString::number(n) + u'.' + m_extension);
 }
 
 qint64 frameNumber(double value)

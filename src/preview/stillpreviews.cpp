@@ -1,6 +1,7 @@
 #include "preview/stillpreviews.h"
 
 #include "common/dialogs.h"
+#include "common/pathlookup.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "document/themeloader.h"
@@ -18,8 +19,7 @@ StillPreviews::StillPreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurfac
 Report StillPreviews::showInterfaceScreenPreview(int row)
 {
     Report report;
-    const QString path =
-        m_doc.packageFolder() + m_doc.value(QString::fromLatin1(interfaceRowKeys[row]));
+    const QString path = themeFilePath(m_doc.packageFolder(), m_doc.value(QString::fromLatin1(interfaceRowKeys[row])));
     m_loading.clear();
     if (!path.isEmpty() && !m_loading.load(path)) {
         report.error(QStringLiteral("Unable to load image: ") + path, QString::fromLatin1(interfaceRowKeys[row]), path);
@@ -32,7 +32,7 @@ Report StillPreviews::showInterfaceScreenPreview(int row)
 
 void StillPreviews::showMiscImagePreview(int row)
 {
-    m_loading.load(m_doc.packageFolder() + m_doc.value(QString::fromLatin1(miscImageKeys[row])));
+    m_loading.load(themeFilePath(m_doc.packageFolder(), m_doc.value(QString::fromLatin1(miscImageKeys[row]))));
     m_miscPicture = m_loading.picture();
     emit miscPictureChanged(m_miscPicture);
 }

@@ -28,9 +28,10 @@ QByteArray picture(int width, int height, const char *format = "PNG")
     return imageBytes(image, format);
 }
 
-QByteArray png(int width, int height)
+// The kind of picture the game reads.
+QByteArray bmp(int width, int height)
 {
-    return picture(width, height);
+    return picture(width, height, "BMP");
 }
 
 /** A bitmap stored from the top row down, which its negative height says. */
@@ -51,15 +52,15 @@ const QByteArray midi("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\4\0\xFF\x2F\0", 26);
 
 // The clean theme: one file of each kind, all in its package.
 const Fields baseFields{
-    {"resourcefile", "Theme.zip"}, {"includeinterface", "1"}, {"ifacemain", "main.png"},
-    {"includebackground", "1"}, {"bganimated", "1"}, {"bgfilename", "bg"}, {"bgextension", "png"},
+    {"resourcefile", "Theme.zip"}, {"includeinterface", "1"}, {"ifacemain", "main.bmp"},
+    {"includebackground", "1"}, {"bganimated", "1"}, {"bgfilename", "bg"}, {"bgextension", "bmp"},
     {"bgframecount", "2"}, {"includecolors", "1"}, {"colortitle", "1,2,3"}, {"includesounds", "1"},
     {"rotate", "rotate.wav"}, {"includemusic", "1"}, {"midi", "song.mid"},
 };
 
 Files baseFiles()
 {
-    return {{"main.png", png(8, 8)}, {"bg1.png", png(192, 352)}, {"bg2.png", png(192, 352)},
+    return {{"main.bmp", bmp(8, 8)}, {"bg1.bmp", bmp(192, 352)}, {"bg2.bmp", bmp(192, 352)},
             {"rotate.wav", wave(1)}, {"song.mid", midi}};
 }
 
@@ -92,11 +93,11 @@ private slots:
 
         Files manyFrames;
         for (int n = 3; n <= 95; ++n)
-            manyFrames.insert(QStringLiteral("bg%1.png").arg(n), png(192, 352));
+            manyFrames.insert(QStringLiteral("bg%1.bmp").arg(n), bmp(192, 352));
         const QByteArray none;
 
         QTest::newRow("clean") << Fields{} << Files{} << none << Fields{} << QStringList{};
-        QTest::newRow("top-down bitmap") << Fields{} << Files{{"bg2.png", topDownBitmap(192, 352)}} << none
+        QTest::newRow("top-down bitmap") << Fields{} << Files{{"bg2.bmp", topDownBitmap(192, 352)}} << none
                                          << Fields{} << QStringList{};
         QTest::newRow("extensible wave") << Fields{} << Files{{"rotate.wav", wave(3, true)}} << none << Fields{}
                                          << QStringList{};
@@ -106,11 +107,11 @@ private slots:
                                          << QStringList{"error package-missing resourcefile"};
         QTest::newRow("package-unreadable") << Fields{{"resourcefile", "Theme.skt"}} << Files{} << none << Fields{}
                                             << QStringList{"error package-unreadable resourcefile"};
-        QTest::newRow("file-missing") << Fields{} << Files{{"main.png", none}} << none << Fields{}
+        QTest::newRow("file-missing") << Fields{} << Files{{"main.bmp", none}} << none << Fields{}
                                       << QStringList{"error file-missing ifacemain"};
-        QTest::newRow("frame-missing") << Fields{} << Files{{"bg2.png", none}} << none << Fields{}
+        QTest::newRow("frame-missing") << Fields{} << Files{{"bg2.bmp", none}} << none << Fields{}
                                        << QStringList{"error frame-missing bgfilename"};
-        QTest::newRow("image-unreadable") << Fields{} << Files{{"main.png", "no picture"}} << none << Fields{}
+        QTest::newRow("image-unreadable") << Fields{} << Files{{"main.bmp", "no picture"}} << none << Fields{}
                                           << QStringList{"error image-unreadable ifacemain"};
         QTest::newRow("number-invalid") << Fields{{"bgdelaybetweenframes", "-1"}} << Files{} << none << Fields{}
                                         << QStringList{"error number-invalid bgdelaybetweenframes"};
@@ -128,17 +129,17 @@ private slots:
                                               << Fields{} << QStringList{"error path-absolute resourcefile"};
         QTest::newRow("path-absolute type 0")
             << Fields{{"themetype", "0"}, {"includesounds", "0"}, {"includemusic", "0"},
-                      {"ifacemain", "%DIR%/files/main.png"}}
+                      {"ifacemain", "%DIR%/files/main.bmp"}}
             << Files{} << none << Fields{} << QStringList{"warning path-absolute ifacemain"};
-        QTest::newRow("frame-size") << Fields{} << Files{{"bg2.png", png(100, 100)}} << none << Fields{}
+        QTest::newRow("frame-size") << Fields{} << Files{{"bg2.bmp", bmp(100, 100)}} << none << Fields{}
                                     << QStringList{"warning frame-size bgfilename"};
         QTest::newRow("frame-limit") << Fields{{"bgframecount", "95"}} << manyFrames << none << Fields{}
                                      << QStringList{"warning frame-limit bgframecount"};
         QTest::newRow("start-beyond-count") << Fields{{"bgstartingframe", "3"}} << Files{} << none << Fields{}
                                             << QStringList{"warning start-beyond-count bgstartingframe"};
-        QTest::newRow("file-unused") << Fields{} << Files{{"extra.png", png(8, 8)}} << none << Fields{}
+        QTest::newRow("file-unused") << Fields{} << Files{{"extra.bmp", bmp(8, 8)}} << none << Fields{}
                                      << QStringList{"warning file-unused resourcefile"};
-        QTest::newRow("name-collision") << Fields{} << Files{{"MAIN.png", png(8, 8)}} << none << Fields{}
+        QTest::newRow("name-collision") << Fields{} << Files{{"MAIN.bmp", bmp(8, 8)}} << none << Fields{}
                                         << QStringList{"warning name-collision resourcefile"};
         QTest::newRow("section-dropped") << Fields{} << Files{} << none << Fields{{"themetype", "0"}}
                                          << QStringList{"warning section-dropped includebackground",
@@ -147,12 +148,15 @@ private slots:
                                          << Fields{{"description", "//About\r\n[Theme Info]\nname=Other"}}
                                          << QStringList{"warning description-key description",
                                                         "warning description-key description"};
+        QTest::newRow("description-placeholder")
+            << Fields{{"description", "//Ice\r\n//!!!!ENTER YOUR DESCRIPTION HERE!!!!\r\n"}} << Files{} << none
+            << Fields{} << QStringList{"warning description-placeholder description"};
         QTest::newRow("value-changes-on-load") << Fields{} << Files{} << none << Fields{{"version", "1.0 "}}
                                                << QStringList{"warning value-changes-on-load version"};
         QTest::newRow("value-changes-on-load quoted") << Fields{} << Files{} << none << Fields{{"name", "'Ice'"}}
                                                       << QStringList{"warning value-changes-on-load name"};
         QTest::newRow("errors before warnings")
-            << Fields{} << Files{{"bg2.png", png(100, 100)}, {"rotate.wav", "junk"}} << none << Fields{}
+            << Fields{} << Files{{"bg2.bmp", bmp(100, 100)}, {"rotate.wav", "junk"}} << none << Fields{}
             << QStringList{"error sound-unplayable rotate", "warning frame-size bgfilename"};
     }
 
@@ -202,6 +206,115 @@ private slots:
         QCOMPARE(kinds(report), expected);
     }
 
+    void imageFormatNamesWhatItFound_data()
+    {
+        QTest::addColumn<QByteArray>("bytes"); // of "main.bmp"
+        QTest::addColumn<QString>("says");     // "": no image-format error
+        // A GIF of 2x2 red pixels.
+        const QByteArray gif = QByteArray::fromHex("47494638396102000200f00000ff000000000021f90400000000002c000000"
+                                                   "00020002000002028451003b");
+        QTest::newRow("Windows bitmap") << bmp(8, 8) << QString();
+        QTest::newRow("JPEG") << picture(8, 8, "JPEG") << QString();
+        QTest::newRow("PNG renamed .bmp") << picture(8, 8, "PNG") << "is a PNG picture, not a Windows bitmap or JPEG";
+        QTest::newRow("GIF") << gif << "is a GIF picture, not a Windows bitmap or JPEG";
+    }
+
+    void imageFormatNamesWhatItFound()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, says);
+        QTemporaryDir dir;
+        QVERIFY(writeFile(dir.filePath(QStringLiteral("main.bmp")), bytes));
+        ThemeDocument doc;
+        doc.resetTheme();
+        setFields(doc, {{"includeinterface", "1"}, {"ifacemain", "main.bmp"}});
+        doc.setPackageFolder(dir.path() + u'/', dir.path() + u'/');
+        const Report report = checkTheme(doc);
+        QCOMPARE(kinds(report), says.isEmpty() ? QStringList() : QStringList{"error image-format ifacemain"});
+        if (!says.isEmpty())
+            QVERIFY2(report.problems.first().text.contains(says), qPrintable(report.problems.first().text));
+    }
+
+    // A file chosen outside the package folder is looked for, and named, at its own path.
+    void filesOutsideThePackageAreNamedByFullPath_data()
+    {
+        QTest::addColumn<Fields>("fields");
+        QTest::addColumn<QString>("path"); // below the test folder
+        QTest::newRow("sound") << Fields{{"includesounds", "1"}, {"drop", "%DIR%/art/drop.wav"}} << "art/drop.wav";
+        QTest::newRow("music") << Fields{{"includemusic", "1"}, {"midi", "%DIR%/art/song.mid"}} << "art/song.mid";
+        QTest::newRow("interface screen") << Fields{{"includeinterface", "1"}, {"ifacemain", "%DIR%/art/main.bmp"}}
+                                          << "art/main.bmp";
+        QTest::newRow("frame") << Fields{{"includebackground", "1"}, {"bgfilename", "%DIR%/art/bg"},
+                                         {"bgextension", "bmp"}, {"bgframecount", "1"}}
+                               << "art/bg1.bmp";
+    }
+
+    void filesOutsideThePackageAreNamedByFullPath()
+    {
+        QFETCH(Fields, fields);
+        QFETCH(QString, path);
+        QTemporaryDir dir;
+        const QString package = dir.filePath(QStringLiteral("theme-art/"));
+        ThemeDocument doc;
+        doc.resetTheme();
+        setFields(doc, fields, dir.path());
+        doc.setPackageFolder(package, package);
+        doc.setMusicFolder(package);
+        const QString full = dir.filePath(path);
+
+        Report report = checkTheme(doc);
+        report.problems.removeIf([](const Problem &p) { return p.code == u"path-absolute"; });
+        QCOMPARE(report.problems.size(), 1);
+        QCOMPARE(report.problems.first().file, full);
+        QVERIFY2(report.problems.first().text.endsWith(QStringLiteral(" is missing (") + full + u')'),
+                 qPrintable(report.problems.first().text));
+
+        // Once there, it is found there.
+        QVERIFY(writeFile(full, path.endsWith(u".wav") ? wave(1) : path.endsWith(u".mid") ? midi : bmp(192, 352)));
+        report = checkTheme(doc);
+        QCOMPARE(kinds(report).filter(QStringLiteral("missing")), QStringList());
+    }
+
+    void playButtonsSayWhyNot_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("name");     // "%DIR%" the test folder
+        QTest::addColumn<QByteArray>("bytes"); // written at the name unless null
+        QTest::addColumn<QString>("says");     // "%DIR%" the test folder, "%PKG%" the package folder
+        QTest::newRow("plays") << "rotate" << "r.wav" << wave(1) << "";
+        QTest::newRow("nothing named") << "rotate" << "" << QByteArray() << "Rotate Block names no file to play";
+        QTest::newRow("missing") << "rotate" << "r.wav" << QByteArray()
+                                 << "Rotate Block \"r.wav\" is missing (%PKG%r.wav)";
+        QTest::newRow("chosen outside the package") << "drop" << "%DIR%/art/drop.wav" << QByteArray()
+                                                    << "Drop Block \"%DIR%/art/drop.wav\" is missing (%DIR%/art/drop.wav)";
+        QTest::newRow("no wave") << "rotate" << "r.wav" << QByteArray("junk")
+                                 << "Rotate Block \"r.wav\" is no wave file that can be played (%PKG%r.wav)";
+        QTest::newRow("music plays") << "midi" << "song.mid" << midi << "";
+        QTest::newRow("music unplayable") << "midi" << "song.mid" << QByteArray("MThd")
+                                          << "Music \"song.mid\" cannot be played: ";
+    }
+
+    void playButtonsSayWhyNot()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, says);
+        QTemporaryDir dir;
+        const QString package = dir.filePath(QStringLiteral("pkg/"));
+        name.replace(QStringLiteral("%DIR%"), dir.path());
+        says.replace(QStringLiteral("%DIR%"), dir.path()).replace(QStringLiteral("%PKG%"), package);
+        if (!bytes.isNull())
+            QVERIFY(writeFile(package + name, bytes));
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setText(key, name);
+        doc.setPackageFolder(package, package);
+        doc.setMusicFolder(package);
+        const QString problem = playProblem(doc, key);
+        QVERIFY2(says.isEmpty() ? problem.isEmpty() : problem.startsWith(says), qPrintable(problem));
+    }
+
     void sampleThemeIsClean()
     {
         QTemporaryDir dir(m_temp.filePath(QStringLiteral("sample-XXXXXX")));
@@ -235,12 +348,12 @@ private slots:
     void encryptedPackageIsListedWithoutItsPassword()
     {
         QTemporaryDir dir;
-        const QString file = dir.filePath(QStringLiteral("a.png"));
-        QVERIFY(writeFile(file, png(8, 8)));
+        const QString file = dir.filePath(QStringLiteral("a.bmp"));
+        QVERIFY(writeFile(file, bmp(8, 8)));
         const QString zip = dir.filePath(QStringLiteral("Secret.zip"));
         const PackageWriteOptions encrypted{PackageEncryption::Aes256, QStringLiteral("pw")};
         QVERIFY(writeResourcePackage(zip, {file}, dir.path(), nullptr, encrypted));
-        QCOMPARE(packageEntryNames(zip).value_or(QStringList()), QStringList{QStringLiteral("a.png")});
+        QCOMPARE(packageEntryNames(zip).value_or(QStringList()), QStringList{QStringLiteral("a.bmp")});
         QCOMPARE(packageEntryNames(file), std::nullopt);
     }
 };
