@@ -27,7 +27,7 @@ public:
     Answer askYesNoCancel(const QString &, const QString &) override { return Answer::Cancel; }
     std::optional<QString> inputBox(const QString &, const QString &) override { return std::nullopt; }
     QString openFileName(const QString &, const QString &) override { return {}; }
-    QString saveFileName(const QString &) override { return {}; }
+    QString saveFileName(const QString &, const QString &) override { return {}; }
     std::optional<quint32> chooseColor() override { return std::nullopt; }
 };
 

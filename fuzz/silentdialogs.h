@@ -9,6 +9,6 @@ public:
     Answer askYesNoCancel(const QString &, const QString &) override { return Answer::Cancel; }
     std::optional<QString> inputBox(const QString &, const QString &) override { return std::nullopt; }
     QString openFileName(const QString &, const QString &) override { return QString(); }
-    QString saveFileName(const QString &) override { return QString(); }
+    QString saveFileName(const QString &, const QString &) override { return QString(); }
     std::optional<quint32> chooseColor() override { return std::nullopt; }
 };

@@ -21,7 +21,7 @@ public:
     Answer askYesNoCancel(const QString &, const QString &) override { return Answer::Cancel; }
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
     QString openFileName(const QString &, const QString &) override { return {}; }
-    QString saveFileName(const QString &) override { return saveName; }
+    QString saveFileName(const QString &, const QString &) override { return saveName; }
     std::optional<quint32> chooseColor() override { return std::nullopt; }
 
 private:

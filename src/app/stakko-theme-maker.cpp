@@ -96,7 +96,7 @@ public:
     Answer askYesNoCancel(const QString &, const QString &) override { return Answer::Cancel; }
     std::optional<QString> inputBox(const QString &, const QString &) override { return std::nullopt; }
     QString openFileName(const QString &, const QString &) override { return {}; }
-    QString saveFileName(const QString &) override { return {}; }
+    QString saveFileName(const QString &, const QString &) override { return {}; }
     std::optional<quint32> chooseColor() override { return std::nullopt; }
 };
 
@@ -120,7 +120,10 @@ public:
     {
         return m_target->openFileName(filter, folder);
     }
-    QString saveFileName(const QString &filter) override { return m_target->saveFileName(filter); }
+    QString saveFileName(const QString &filter, const QString &proposedName) override
+    {
+        return m_target->saveFileName(filter, proposedName);
+    }
     std::optional<quint32> chooseColor() override { return m_target->chooseColor(); }
     Answer askYesNo(const QString &title, const QString &text) override { return m_target->askYesNo(title, text); }
     QString chooseFolder(const QString &title) override { return m_target->chooseFolder(title); }

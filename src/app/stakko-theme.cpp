@@ -7,6 +7,7 @@
 #include "common/allocator.h"
 #include "common/ansitext.h"
 #include "document/description.h"
+#include "document/fieldbrowsing.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
@@ -161,7 +162,9 @@ void applySets(ThemeDocument &doc, const Options &o)
             throw UsageError{QStringLiteral("unknown field \"%1\"").arg(key)};
         const FieldKind kind = themeFields()[size_t(index)].kind;
         if (kind == FieldKind::Text) {
-            doc.setValue(index, value);
+            // An image text also sets its root and extension, as Browse does.
+            if (!setFrameImage(doc, key, value))
+                doc.setValue(index, value);
             continue;
         }
         bool ok = false;
@@ -269,9 +272,9 @@ int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
         nameOnly.unpack = false;
         commands.setExtractOptions(nameOnly);
     }
-    commands.loadPath(theme);
+    const FileCommands::LoadOutcome outcome = commands.loadPath(theme);
     Report loaded = commands.takeReport();
-    if (!commands.currentFileLoaded()) {
+    if (outcome != FileCommands::LoadOutcome::Loaded) {
         ConsoleDialogs::print(loaded);
         return ExitError;
     }
@@ -279,18 +282,19 @@ int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
     loaded.problems.removeIf([](const Problem &p) { return p.code == u"package-missing"; });
     ConsoleDialogs::print(loaded);
 
+    // Judged before relinking changes the names: the files as they go into the package.
+    const Report packedErrors = checkBuildFiles(doc, o.from.isEmpty() ? defaultBuildSource(doc) : o.from);
     const BuildReport built = buildResourcePackage(doc, {o.from, o.output, o.relink});
-    const QByteArray problems = problemLines(built);
+    const QByteArray problems = problemLines(built) + (built.written ? problemLines(packedErrors) : QByteArray());
     std::fwrite(problems.constData(), 1, size_t(problems.size()), stderr);
     if (!built.written)
         return ExitError;
     std::printf("%s: %lld files\n", qUtf8Printable(QDir::toNativeSeparators(built.package)),
                 static_cast<long long>(built.entries));
-    if (built.relinked.isEmpty())
-        return ExitOk;
     for (const QString &key : built.relinked)
         std::printf("relinked %s: %s\n", qUtf8Printable(key), qUtf8Printable(doc.value(key)));
-    return save(commands, false) ? ExitOk : ExitError;
+    const bool saved = built.relinked.isEmpty() || save(commands, false);
+    return saved && packedErrors.isEmpty() ? ExitOk : ExitError;
 }
 
 int run(const Options &o, ConsoleDialogs &dialogs)
@@ -300,14 +304,21 @@ int run(const Options &o, ConsoleDialogs &dialogs)
     FileCommands commands(doc, dialogs);
     commands.setExtractOptions(o.extract);
     dialogs.saveName = o.output;
-    // Every load problem counts, a package that did not unpack included.
+    // What a failed load read stays for dump to show; nothing is written over all the same.
+    commands.setFailedLoadsShown(true);
+    // Every load problem counts, a package that did not unpack included, except where set
+    // writes a theme whose package is not built yet.
     bool clean = true;
-    const auto load = [&](const QString &path) {
-        commands.loadPath(path);
-        const Report report = commands.takeReport();
+    const auto load = [&](const QString &path, bool packageMayBeMissing = false) {
+        const FileCommands::LoadOutcome outcome = commands.loadPath(path);
+        Report report = commands.takeReport();
+        for (Problem &p : report.problems) {
+            if (packageMayBeMissing && p.code == u"package-missing")
+                p.severity = Problem::Severity::Warning;
+        }
         ConsoleDialogs::print(report);
         clean = !report.hasErrors();
-        return commands.currentFileLoaded();
+        return outcome == FileCommands::LoadOutcome::Loaded;
     };
     const auto status = [&] { return clean ? ExitOk : ExitError; };
 
@@ -320,7 +331,7 @@ int run(const Options &o, ConsoleDialogs &dialogs)
     }
     if (o.command == u"set") {
         requireArguments(o, 1, 1);
-        if (!load(o.positional.at(0))) {
+        if (!load(o.positional.at(0), true)) {
             std::fprintf(stderr, "Error: %s did not load as a theme, so it was not written.\n",
                          qUtf8Printable(o.positional.at(0)));
             return ExitError;

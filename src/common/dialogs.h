@@ -36,8 +36,12 @@ public:
      */
     virtual QString openFileName(const QString &filter, const QString &initialFolder) = 0;
 
-    /** Save-file dialog, same conventions; no extension is added and no overwrite question. */
-    virtual QString saveFileName(const QString &filter) = 0;
+    /**
+     * Save-file dialog, same conventions, offering \a proposedName (a file name, may be "") in
+     * the folder of the last dialog. A name the author types without extension gets the filter's
+     * first one; there is no overwrite question.
+     */
+    virtual QString saveFileName(const QString &filter, const QString &proposedName) = 0;
 
     /** The colour dialog; the chosen colour as red + 256 green + 65536 blue, or nullopt. */
     virtual std::optional<quint32> chooseColor() = 0;

@@ -41,15 +41,6 @@ QStringView withoutQuotes(QStringView value)
     return value;
 }
 
-QString fileText(const QByteArray &bytes)
-{
-    // Notepad may have saved the file as UTF-8 with a signature; read it as the author wrote it.
-    static const QByteArray utf8Signature("\xEF\xBB\xBF");
-    if (bytes.startsWith(utf8Signature))
-        return QString::fromUtf8(bytes.sliced(utf8Signature.size()));
-    return AnsiText::decode(bytes);
-}
-
 bool isReadableLocation(const QString &location)
 {
     if (location.isEmpty())
@@ -59,6 +50,15 @@ bool isReadableLocation(const QString &location)
 }
 
 } // namespace
+
+QString profileText(const QByteArray &bytes)
+{
+    // Notepad may have saved the file as UTF-8 with a signature; read it as the author wrote it.
+    static const QByteArray utf8Signature("\xEF\xBB\xBF");
+    if (bytes.startsWith(utf8Signature))
+        return QString::fromUtf8(bytes.sliced(utf8Signature.size()));
+    return AnsiText::decode(bytes);
+}
 
 ProfileLine profileLineKind(QStringView line)
 {
@@ -78,7 +78,7 @@ ProfileFile ProfileFile::open(const QString &location)
     QFile file(location);
     if (!file.open(QIODevice::ReadOnly))
         return profile;
-    QString text = fileText(file.readAll());
+    QString text = profileText(file.readAll());
     profile.m_read = true;
     // Lines end at CR (old Mac editors), LF or CRLF; the empty lines this leaves never match.
     text.replace(u'\r', u'\n');

@@ -15,6 +15,9 @@ enum class ProfileLine {
 
 ProfileLine profileLineKind(QStringView line);
 
+/** A file's text as the reader reads it: Windows-1252, or UTF-8 after a UTF-8 signature. */
+QString profileText(const QByteArray &bytes);
+
 /**
  * An INI file parsed once, read many times, with the behaviour Windows' profile reader has:
  * section and key matched without regard to case, blanks around key and value dropped,

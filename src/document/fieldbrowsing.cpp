@@ -87,18 +87,27 @@ QString browseForFile(Dialogs &dialogs, const QString &filter, const QString &in
     return dialogs.openFileName(filter, initialFolder);
 }
 
+bool setFrameImage(ThemeDocument &doc, QAnyStringView imageField, const QString &name)
+{
+    for (const AnimatedElement &e : animatedElements) {
+        if (imageField != QLatin1StringView(e.imageField))
+            continue;
+        doc.setText(QLatin1StringView(e.imageField), name);
+        if (const auto split = splitFrameFileName(name)) {
+            doc.setText(QLatin1StringView(e.rootField), split->root);
+            doc.setText(QLatin1StringView(e.extensionField), split->extension);
+        }
+        return true;
+    }
+    return false;
+}
+
 bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int element)
 {
     if (element < 0 || element >= AnimatedElementCount)
         return false;
-    const AnimatedElement &e = animatedElements[element];
-    if (!browseIntoField(doc, dialogs, imageFilter, e.imageField))
-        return false;
-    if (const auto split = splitFrameFileName(doc.value(QLatin1StringView(e.imageField)))) {
-        doc.setText(QLatin1StringView(e.rootField), split->root);
-        doc.setText(QLatin1StringView(e.extensionField), split->extension);
-    }
-    return true;
+    const QString result = browseInPackage(doc, dialogs, imageFilter);
+    return !result.isEmpty() && setFrameImage(doc, QLatin1StringView(animatedElements[element].imageField), result);
 }
 
 bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, int row)

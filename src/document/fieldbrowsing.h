@@ -44,6 +44,13 @@ struct FrameFileName {
  */
 std::optional<FrameFileName> splitFrameFileName(const QString &name);
 
+/**
+ * Sets an animated element's image text (\a imageField: "bgimage", "bombimage", ...) to \a name,
+ * then its root and extension as Browse splits the name; they keep their values when it holds no
+ * ".". False, changing nothing, when \a imageField is no element's image text.
+ */
+bool setFrameImage(ThemeDocument &doc, QAnyStringView imageField, const QString &name);
+
 /** The path chosen in an open dialog, or "" when the author cancelled. */
 QString browseForFile(Dialogs &dialogs, const QString &filter, const QString &initialFolder);
 

@@ -19,6 +19,19 @@ void setStartUpState(ThemeDocument &doc)
     doc.setMusicFolder(QString());
 }
 
+QString proposedThemeFileName(const QString &themeName)
+{
+    QString name = themeName.trimmed();
+    for (QChar &c : name) {
+        if (c.unicode() < 32 || QStringView(u"<>:\"/\\|?*").contains(c))
+            c = u'_';
+    }
+    // Windows drops dots and blanks at a name's end.
+    while (name.endsWith(u'.') || name.endsWith(u' '))
+        name.chop(1);
+    return name.isEmpty() ? QString() : name + QStringLiteral(".skt");
+}
+
 FileCommands::FileCommands(ThemeDocument &doc, Dialogs &dialogs)
     : m_doc(doc)
     , m_dialogs(dialogs)
@@ -35,7 +48,10 @@ bool FileCommands::promptToSave()
         return true;
     case Dialogs::Answer::Yes:
         // Even a theme with a file of its own is saved through the dialog here.
-        return saveThemeAs();
+        if (!saveThemeAs())
+            return false;
+        m_doc.setDirty(false);
+        return true;
     default:
         return false;
     }
@@ -43,7 +59,7 @@ bool FileCommands::promptToSave()
 
 bool FileCommands::saveThemeAs()
 {
-    const QString path = m_dialogs.saveFileName(themeFileFilter);
+    const QString path = m_dialogs.saveFileName(themeFileFilter, proposedThemeFileName(m_doc.value(u"name")));
     if (path.isEmpty() || !writeTo(path))
         return false;
     m_doc.setCurrentThemeFile(path);
@@ -75,31 +91,47 @@ void FileCommands::loadTheme()
 {
     if (!guard())
         return;
-    // Cleared before loading: the loader's field writes are edits and may set it again.
+    const bool dirtyBefore = m_doc.isDirty();
+    // The author has let the changes go: a cancelled dialog leaves them unsaved no longer.
     m_doc.setDirty(false);
     const QString path = chooseThemeToLoad();
     if (path.isEmpty())
         return;
-    load(path);
+    load(path, dirtyBefore);
 }
 
-bool FileCommands::loadPath(const QString &path)
+FileCommands::LoadOutcome FileCommands::loadPath(const QString &path)
 {
     if (!guard())
-        return false;
-    m_doc.setDirty(false);
-    load(path);
-    return true;
+        return LoadOutcome::Stopped;
+    return load(path, m_doc.isDirty());
 }
 
-void FileCommands::load(const QString &path)
+FileCommands::LoadOutcome FileCommands::load(const QString &path, bool dirtyBefore)
 {
-    const LoadReport report = loadThemeFile(m_doc, path, m_dialogs, m_extract);
-    m_currentFileLoaded = report.loaded;
+    // Read into a copy: a file that does not load must leave the theme as it was. The copy
+    // starts as the theme, since a load keeps what a Type 0 file does not hold.
+    ThemeDocument loaded;
+    loaded.assignFrom(m_doc);
+    loaded.setDirty(false);
+    const LoadReport report = loadThemeFile(loaded, path, m_dialogs, m_extract);
     m_report.append(report);
+    if (!report.loaded && !m_failedLoadsShown) {
+        m_doc.setDirty(dirtyBefore);
+        if (path == m_doc.currentThemeFile())
+            m_currentFileLoaded = false;
+        return LoadOutcome::NotLoaded;
+    }
+    m_doc.takeTheme(loaded);
     m_doc.setCurrentThemeFile(path);
-    if (report.loaded && m_afterLoadOrSave)
+    m_currentFileLoaded = report.loaded;
+    // Nothing of a theme just loaded is unsaved; a shown failure keeps what its reading changed.
+    m_doc.setDirty(!report.loaded && loaded.isDirty());
+    if (!report.loaded)
+        return LoadOutcome::NotLoaded;
+    if (m_afterLoadOrSave)
         m_afterLoadOrSave(Done::Loaded);
+    return LoadOutcome::Loaded;
 }
 
 void FileCommands::saveTheme()

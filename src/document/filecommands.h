@@ -18,6 +18,12 @@ inline constexpr QLatin1StringView themeFileFilter{"Stakko Theme File (*.skt)|*.
 void setStartUpState(ThemeDocument &doc);
 
 /**
+ * The file name Save As proposes for a theme called \a themeName: "Ice Age.skt". Characters no
+ * file name may hold on Windows or here become "_"; a blank name proposes nothing ("").
+ */
+QString proposedThemeFileName(const QString &themeName);
+
+/**
  * The File menu's commands and the guard of the editor's end, over one document and the dialogs
  * that ask the author; the editor and the command line run the same ones. They alone clear the
  * dirty flag; every command that would drop unsaved changes first asks whether to save them,
@@ -39,9 +45,20 @@ public:
     QString chooseThemeToLoad();
 
     void newTheme();
+    /**
+     * The Load command. Whole or nothing: a file that does not load leaves the theme, the
+     * current file, the package folder and the dirty flag as they were before the command (a
+     * cancelled dialog leaves the theme unchanged); a theme that loaded has nothing unsaved.
+     */
     void loadTheme();
-    /** Loads a theme named outside the dialogs (command line, drop); false when the author stopped it. */
-    bool loadPath(const QString &path);
+    enum class LoadOutcome { Stopped, NotLoaded, Loaded };
+    /** Loads a theme named outside the dialogs (command line, drop, recent themes) as Load does. */
+    LoadOutcome loadPath(const QString &path);
+    /**
+     * For the command line's dump: a file that does not load still becomes the current file and
+     * shows what was read of it, as the loader left it. Never written over all the same.
+     */
+    void setFailedLoadsShown(bool shown) { m_failedLoadsShown = shown; }
     /** False while the current file is one that did not load as a theme: Save then asks for a file. */
     bool currentFileLoaded() const { return m_currentFileLoaded; }
     /** Writes to the current file, or asks for one when there is none or it did not load. */
@@ -68,12 +85,13 @@ private:
     /** True when the command may go on (no unsaved changes, or the prompt allowed it). */
     bool guard();
     bool writeTo(const QString &path);
-    void load(const QString &path);
+    LoadOutcome load(const QString &path, bool dirtyBefore);
 
     ThemeDocument &m_doc;
     Dialogs &m_dialogs;
     QString m_programFolder;
     bool m_currentFileLoaded = true;   // false while the current file is one that failed to load
+    bool m_failedLoadsShown = false;
     Report m_report;
     ExtractOptions m_extract;
     std::function<void(Done)> m_afterLoadOrSave;

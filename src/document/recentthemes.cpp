@@ -1,7 +1,10 @@
 #include "document/recentthemes.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSettings>
+
+#include <algorithm>
 
 namespace {
 
@@ -23,6 +26,23 @@ QStringList RecentThemes::paths() const
             paths.append(path);
     }
     return paths;
+}
+
+QStringList RecentThemes::labels(const QStringList &paths)
+{
+    QStringList names;
+    for (const QString &path : paths)
+        names.append(QFileInfo(path).fileName());
+    QStringList labels;
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        const bool twice = std::count_if(names.cbegin(), names.cend(), [&](const QString &n) {
+                               return n.compare(names.at(i), Qt::CaseInsensitive) == 0;
+                           }) > 1;
+        labels.append(twice ? QStringLiteral("%1 (%2)").arg(names.at(i),
+                                                            QDir::toNativeSeparators(QFileInfo(paths.at(i)).path()))
+                            : names.at(i));
+    }
+    return labels;
 }
 
 void RecentThemes::add(const QString &path)

@@ -16,6 +16,11 @@ public:
     explicit RecentThemes(QSettings &settings);
 
     QStringList paths() const;
+    /**
+     * What the menu shows for each of \a paths: its file name, and its folder beside it,
+     * "Ice.skt (/home/me/old)", where another of them has the same name (letter case ignored).
+     */
+    static QStringList labels(const QStringList &paths);
     void add(const QString &path);
     void remove(const QString &path);
     void clear();

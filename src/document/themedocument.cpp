@@ -83,6 +83,25 @@ void ThemeDocument::assignFrom(const ThemeDocument &other)
     m_swatches = other.m_swatches;
 }
 
+void ThemeDocument::takeTheme(const ThemeDocument &loaded)
+{
+    for (int i = 0; i < int(m_texts.size()); ++i) {
+        if (m_texts.at(i) == loaded.m_texts.at(i) && m_numbers.at(i) == loaded.m_numbers.at(i))
+            continue;
+        m_texts[i] = loaded.m_texts.at(i);
+        m_numbers[i] = loaded.m_numbers.at(i);
+        emit fieldChanged(i);
+    }
+    for (int i = 0; i < int(m_swatches.size()); ++i) {
+        if (m_swatches.at(size_t(i)) == loaded.m_swatches.at(size_t(i)))
+            continue;
+        m_swatches.at(size_t(i)) = loaded.m_swatches.at(size_t(i));
+        emit swatchChanged(i);
+    }
+    setPackageFolder(loaded.m_packageFolder, loaded.m_packageFolderTail);
+    setMusicFolder(loaded.m_musicFolder);
+}
+
 void ThemeDocument::resetTheme()
 {
     m_currentThemeFile.clear();

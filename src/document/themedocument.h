@@ -48,6 +48,13 @@ public:
      */
     void assignFrom(const ThemeDocument &other);
 
+    /**
+     * Makes this document the theme \a loaded holds (fields, swatches, package and music folder),
+     * announcing each change as an edit does, without marking anything unsaved: how a load that
+     * succeeded replaces the theme. The current file and the dirty flag are the caller's.
+     */
+    void takeTheme(const ThemeDocument &loaded);
+
     /** Puts the document and editor state into the New-theme state. */
     void resetTheme();
 

@@ -3,13 +3,16 @@
 #include "common/safefile.h"
 
 #include "common/ansitext.h"
+#include "common/profilereader.h"
 #include "document/themedocument.h"
 #include "document/themesections.h"
 
 
 namespace {
 
+const QString header = QStringLiteral("//Stakko Theme File - Created by Stakko Theme Maker\u2122");
 const QString separator = QStringLiteral(" ");
+const QString sectionLine = QStringLiteral("[Theme Info]");
 const QString dashes = QStringLiteral("//-----------------");
 
 class Writer
@@ -81,13 +84,13 @@ bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error)
     }
 
     Writer w(doc);
-    w.line(QStringLiteral("//Stakko Theme File - Created by Stakko Theme Maker\u2122"));
+    w.line(header);
     // Typed descriptions break lines with LF alone; the file wants CR LF everywhere.
     QString description = doc.value(u"description");
     description.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\n', QStringLiteral("\r\n"));
     w.line(description, "description");
     w.line(separator);
-    w.line(QStringLiteral("[Theme Info]"));
+    w.line(sectionLine);
     w.keyLine("name", w.identity("name"));
     w.keyLine("developer", w.identity("developer"));
     w.keyLine("version", w.identity("version"));
@@ -135,4 +138,18 @@ bool writeThemeFile(const ThemeDocument &doc, const QString &path, QString *erro
         return false;
     }
     return true;
+}
+
+QString storedDescription(const QByteArray &bytes)
+{
+    // Lines end at LF; the writer's CR before it is dropped, any other CR belongs to the text.
+    QStringList lines = profileText(bytes).split(u'\n');
+    for (QString &line : lines) {
+        if (line.endsWith(u'\r'))
+            line.chop(1);
+    }
+    const qsizetype section = lines.indexOf(sectionLine);
+    if (lines.constFirst() != header || section < 2 || lines.at(section - 1) != separator)
+        return {};
+    return lines.mid(1, section - 2).join(QStringLiteral("\r\n"));
 }

@@ -18,3 +18,10 @@ bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error 
  * and no partial file is left behind. Changes neither the document nor its editor state.
  */
 bool writeThemeFile(const ThemeDocument &doc, const QString &path, QString *error = nullptr);
+
+/**
+ * The description the writer stored in the theme file \a bytes, exactly as written: the lines
+ * between the file's first line and the separator line directly above the first "[Theme Info]"
+ * line, joined by CR LF. Empty when the first line is not the writer's or that separator is missing.
+ */
+QString storedDescription(const QByteArray &bytes);

@@ -6,10 +6,12 @@
 #include "common/profilereader.h"
 #include "document/animatedelement.h"
 #include "document/themedocument.h"
+#include "document/themefilewriter.h"
 #include "document/themesections.h"
 #include "package/resourcepackage.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <optional>
@@ -149,6 +151,10 @@ public:
 
         for (int i = 0; i < int(std::size(colorKeys)); ++i)
             m_doc.setSwatch(i, textToColor(m_doc.value(QLatin1StringView(colorKeys[i]))));
+
+        // Not a key: the lines the writer put above the section.
+        QFile file(m_path);
+        m_doc.setText(u"description", file.open(QIODevice::ReadOnly) ? storedDescription(file.readAll()) : QString());
         return true;
     }
 

@@ -20,7 +20,8 @@ struct LoadReport : Report {
 /**
  * Fills \a doc from the theme file at \a path through ordinary field writes, unpacking the
  * theme's resource package when it names one (within \a extract's limits; its password is
- * asked through \a questions). The caller sets the current file and handles the dirty flag.
+ * asked through \a questions), and, once the theme has loaded, its description as the writer
+ * stored it. The caller sets the current file and handles the dirty flag.
  */
 LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions,
                          const ExtractOptions &extract = {});

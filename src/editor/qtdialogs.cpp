@@ -1,5 +1,7 @@
 #include "editor/qtdialogs.h"
 
+#include "document/fieldbrowsing.h"
+
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
@@ -84,9 +86,9 @@ QString QtDialogs::openFileName(const QString &filter, const QString &initialFol
     return runFileDialog(filter, false);
 }
 
-QString QtDialogs::saveFileName(const QString &filter)
+QString QtDialogs::saveFileName(const QString &filter, const QString &proposedName)
 {
-    return runFileDialog(filter, true);
+    return runFileDialog(filter, true, proposedName);
 }
 
 std::optional<quint32> QtDialogs::chooseColor()
@@ -119,23 +121,25 @@ QString QtDialogs::nextDialogFolder() const
     return m_folder.isEmpty() ? m_lastChosen : m_folder;
 }
 
-QString QtDialogs::runFileDialog(const QString &filter, bool save)
+QString QtDialogs::runFileDialog(const QString &filter, bool save, const QString &proposedName)
 {
     QFileDialog dialog(m_parent);
     // The patterns come from Windows themes and are often upper case: Qt's own dialog matches
     // them regardless of case, where a native one may hide "bg1.bmp" behind "*.BMP".
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setNameFilters(qtNameFilters(filter));
-    // Typed names are taken as they are: no extension is added and nothing has to exist yet,
-    // since the loader reports a theme file it cannot read.
+    // Nothing has to exist yet, since the loader reports a theme file it cannot read.
     dialog.setFileMode(QFileDialog::AnyFile);
     if (save) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        dialog.setDefaultSuffix(filterExtensions(QLatin1StringView(filter.toLatin1())).value(0));
     }
     const QString folder = nextDialogFolder();
     if (!folder.isEmpty())
         dialog.setDirectory(folder);
+    if (!proposedName.isEmpty())
+        dialog.selectFile(proposedName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return QString();
     const QString chosen = dialog.selectedFiles().constFirst();

@@ -20,7 +20,7 @@ public:
     void show(const Report &report) override;
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
     QString openFileName(const QString &filter, const QString &initialFolder) override;
-    QString saveFileName(const QString &filter) override;
+    QString saveFileName(const QString &filter, const QString &proposedName) override;
     std::optional<quint32> chooseColor() override;
     Answer askYesNo(const QString &title, const QString &text) override;
     QString chooseFolder(const QString &title) override;
@@ -36,7 +36,7 @@ public:
     QString nextDialogFolder() const;
 
 private:
-    QString runFileDialog(const QString &filter, bool save);
+    QString runFileDialog(const QString &filter, bool save, const QString &proposedName = {});
 
     QPointer<QWidget> m_parent;
     QString m_folder;      // the folder the last dialog was given

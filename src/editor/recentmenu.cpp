@@ -20,11 +20,12 @@ void RecentMenu::fill()
 {
     m_menu.clear();
     const QStringList paths = m_recent.paths();
+    const QStringList labels = RecentThemes::labels(paths);
     for (int i = 0; i < paths.size(); ++i) {
         const QString &path = paths.at(i);
         // "&1" to "&9" then "1&0": each entry has a key of its own.
         const QString number = i < 9 ? QStringLiteral("&%1").arg(i + 1) : QStringLiteral("1&0");
-        QString name = QFileInfo(path).fileName();
+        QString name = labels.at(i);
         QAction *item = m_menu.addAction(number + u' ' + name.replace(u'&', QStringLiteral("&&")));
         item->setToolTip(QDir::toNativeSeparators(path));
         connect(item, &QAction::triggered, this, [this, path] { open(path); });
@@ -48,6 +49,13 @@ void RecentMenu::open(const QString &path)
         m_dialogs.show(report);
         return;
     }
-    m_commands.loadPath(path);
+    Report report;
+    if (m_commands.loadPath(path) == FileCommands::LoadOutcome::NotLoaded) {
+        m_recent.remove(path);
+        report.information(QStringLiteral("%1 did not load as a theme. It has been removed from the recent themes.")
+                               .arg(QDir::toNativeSeparators(path)),
+                           {}, path);
+    }
     m_dialogs.show(m_commands.takeReport());
+    m_dialogs.show(report);
 }

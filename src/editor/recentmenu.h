@@ -9,8 +9,8 @@ class RecentThemes;
 
 /**
  * The "Recent Themes" submenu: filled each time it opens, newest first with the full path as
- * tooltip. Opening one runs the Load command's save guard; one that no longer exists leaves
- * the list with a message.
+ * tooltip. Opening one runs the Load command's save guard; one that no longer exists or no
+ * longer loads leaves the list with a message.
  */
 class RecentMenu : public QObject
 {

@@ -3,6 +3,7 @@
 #include "common/runprogram.h"
 #include "common/testfiles.h"
 
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -84,7 +85,8 @@ private slots:
         QCOMPARE(o.value(QStringLiteral("themetype")).toInt(-1), 0);
         QCOMPARE(o.value(QStringLiteral("name")).toString(), QStringLiteral("Stakko Theme"));
         QCOMPARE(o.value(QStringLiteral("CurrentThemeFile")).toString(), QStringLiteral("d.skt"));
-        QCOMPARE(o.value(QStringLiteral("DirtyFlag")).toBool(false), true);
+        // A theme just loaded has nothing unsaved.
+        QCOMPARE(o.value(QStringLiteral("DirtyFlag")).toBool(true), false);
         QCOMPARE(o.value(QStringLiteral("colorValues")).toArray().size(), 12);
         // Keys come in the document's order, not sorted.
         QVERIFY(r.out.indexOf("\"name\"") < r.out.indexOf("\"developer\""));
@@ -125,6 +127,66 @@ private slots:
         QVERIFY(fileBytes(QStringLiteral("s2.skt")).endsWith("//Sounds\r\ndrop=d.wav\r\nlose=l.wav\r\n"));
         QCOMPARE(cli({"set", "s.skt", "-s", "name=Renamed"}).status, 0);
         QVERIFY(fileBytes(QStringLiteral("s.skt")).contains("\r\nname=Renamed\r\n"));
+    }
+
+    void setSplitsImageTextsAsBrowseDoes_data()
+    {
+        QTest::addColumn<QString>("image");
+        QTest::addColumn<QString>("include");
+        QTest::addColumn<QString>("root");
+        QTest::addColumn<QString>("extension");
+        QTest::newRow("background") << "bgimage" << "includebackground" << "bgfilename" << "bgextension";
+        QTest::newRow("internet background") << "inetbgimage" << "includeinetbackground" << "inetbgfilename"
+                                             << "inetbgextension";
+        QTest::newRow("blocks") << "blkimage" << "includeblocks" << "blkfilename" << "blkextension";
+        QTest::newRow("next block") << "nextblkimage" << "includenextwindow" << "nextblkfilename" << "nextblkextension";
+        QTest::newRow("special window") << "specialwindowimage" << "includespecialwindow" << "specialwindowfilename"
+                                        << "specialwindowextension";
+        QTest::newRow("explosion") << "explodeimage" << "includeexplosion" << "explodefilename"
+                                   << "explodefileextension";
+        QTest::newRow("bomb") << "bombimage" << "includebomb" << "Bombfilename" << "bombfileextension";
+    }
+
+    void setSplitsImageTextsAsBrowseDoes()
+    {
+        QFETCH(QString, image);
+        QFETCH(QString, include);
+        QFETCH(QString, root);
+        QFETCH(QString, extension);
+        QCOMPARE(cli({"new", "-s", "resourcefile=Img.zip", "-s", include + "=1", "-o", "img.skt"}).status, 0);
+        const ProgramRun r = cli({"set", "img.skt", "-s", image + "=gfx\\frame1.bmp"});
+        QCOMPARE(r.status, 0);
+        const QByteArray bytes = fileBytes(QStringLiteral("img.skt"));
+        QVERIFY2(bytes.contains("\r\n" + root.toLatin1() + "=gfx\\frame\r\n"), bytes.constData());
+        QVERIFY2(bytes.contains("\r\n" + extension.toLatin1() + "=bmp\r\n"), bytes.constData());
+    }
+
+    void setWritesAThemeWhosePackageIsNotBuiltYet()
+    {
+        QCOMPARE(cli({"new", "-s", "resourcefile=Later.zip", "-o", "later.skt"}).status, 0);
+        const ProgramRun r = cli({"set", "later.skt", "-s", "name=Later"});
+        QCOMPARE(r.status, 0);
+        QVERIFY2(r.err.startsWith("Warning: Could not load resource file "), r.err.constData());
+        QVERIFY(fileBytes(QStringLiteral("later.skt")).contains("\r\nname=Later\r\n"));
+        // Other commands still count it an error.
+        QCOMPARE(cli({"dump", "later.skt"}).status, 1);
+    }
+
+    void buildListsTheCheckErrorsOfWhatItPacked()
+    {
+        QImage frame(192, 352, QImage::Format_RGB32);
+        frame.fill(Qt::darkBlue);
+        QVERIFY(writeFile(m_dir.filePath(QStringLiteral("painted/bg1.bmp")), imageBytes(frame, "PNG")));
+        QCOMPARE(cli({"new", "-s", "resourcefile=Painted.zip", "-s", "includebackground=1", "-s", "bgimage=bg1.bmp",
+                      "-s", "bgframecount=1", "-o", "painted.skt"})
+                     .status,
+                 0);
+        const ProgramRun r = cli({"build", "painted.skt", "--from", "painted"});
+        QCOMPARE(r.status, 1);
+        QVERIFY2(r.err.contains("error image-format bgfilename: Frame 1 of Game Background is a PNG picture"),
+                 r.err.constData());
+        QVERIFY2(r.out.endsWith("/Painted.zip: 1 files\n"), r.out.constData());
+        QVERIFY(QFile::exists(m_dir.filePath(QStringLiteral("Painted.zip"))));
     }
 
     void describePrintsStoredBytes()

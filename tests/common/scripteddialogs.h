@@ -34,6 +34,7 @@ public:
     QStringList openFilters;
     QStringList openFolders;
     QStringList saveFilters;
+    QStringList saveProposals;
     int colorRequests = 0;
 
     void show(const Report &report) override
@@ -62,9 +63,10 @@ public:
         return openNames.isEmpty() ? QString() : openNames.dequeue();
     }
 
-    QString saveFileName(const QString &filter) override
+    QString saveFileName(const QString &filter, const QString &proposedName) override
     {
         saveFilters.append(filter);
+        saveProposals.append(proposedName);
         return saveNames.isEmpty() ? QString() : saveNames.dequeue();
     }
 

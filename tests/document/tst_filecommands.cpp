@@ -4,6 +4,7 @@
 #include "document/filecommands.h"
 
 #include <QDir>
+#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -188,6 +189,8 @@ private slots:
         saveAs ? commands.saveAs() : commands.saveTheme();
 
         QCOMPARE(dialogs.saveFilters.size(), dialogShown ? 1 : 0);
+        // The dialog offers the theme's name as the file's.
+        QCOMPARE(dialogs.saveProposals, dialogShown ? QStringList{"Ice Age.skt"} : QStringList());
         QCOMPARE(doc.isDirty(), dirtyAfter);
         QCOMPARE(afterSaves, dirtyAfter ? 0 : 1);
         QCOMPARE(doc.currentThemeFile(), currentAfter.isEmpty() ? QString() : path(currentAfter));
@@ -203,49 +206,119 @@ private slots:
         }
     }
 
-    void saveAfterFailedLoadAsksForAFile_data()
+    void proposedFileName_data()
     {
-        QTest::addColumn<QString>("saveName");   // "" cancels the Save As dialog
-        QTest::newRow("cancelled") << "";
-        QTest::newRow("saved elsewhere") << "elsewhere.skt";
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("proposed");
+        QTest::newRow("plain") << "Ice Age" << "Ice Age.skt";
+        QTest::newRow("blanks around") << "  Ice  " << "Ice.skt";
+        QTest::newRow("characters no file name holds") << "A/B\\C: \"D\" <E>|F?*" << "A_B_C_ _D_ _E__F__.skt";
+        QTest::newRow("dots at the end") << "Ice..." << "Ice.skt";
+        QTest::newRow("blank") << "   " << "";
     }
 
-    void saveAfterFailedLoadAsksForAFile()
+    void proposedFileName()
     {
-        QFETCH(QString, saveName);
-        const QString notATheme = path(QStringLiteral("notes.skt"));
-        QVERIFY(writeFile(notATheme, "shopping list\n"));
+        QFETCH(QString, name);
+        QFETCH(QString, proposed);
+        QCOMPARE(proposedThemeFileName(name), proposed);
+    }
+
+    void failedLoadChangesNothing_data()
+    {
+        QTest::addColumn<QByteArray>("bytes"); // null: there is no file
+        QTest::addColumn<bool>("byPath");       // loadPath() rather than the Load command
+        QTest::addColumn<bool>("dirty");
+        const struct {
+            const char *name;
+            QByteArray bytes;
+        } files[] = {
+            {"no theme type", "[Theme Info]\r\nname=Other\r\nresourcefile=pack.zip\r\nifacemain=o.bmp\r\n"},
+            {"unknown theme type", "[Theme Info]\r\nname=Other\r\nthemetype=7\r\n"},
+            {"Type 1 without resource file", "[Theme Info]\r\nname=Other\r\nmidi=o.mid\r\nthemetype=1\r\n"},
+            {"no file", QByteArray()},
+        };
+        for (const auto &f : files) {
+            QTest::addRow("%s, Load command, unchanged theme", f.name) << f.bytes << false << false;
+            QTest::addRow("%s, Load command, changes let go", f.name) << f.bytes << false << true;
+            QTest::addRow("%s, by path, changed theme", f.name) << f.bytes << true << true;
+        }
+    }
+
+    void failedLoadChangesNothing()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, byPath);
+        QFETCH(bool, dirty);
+        qputenv("TMPDIR", QFile::encodeName(m_dir.path()));
+        const QString bad = path(QStringLiteral("other.skt"));
+        if (!bytes.isNull())
+            QVERIFY(writeFile(bad, bytes));
         ThemeDocument doc;
+        doc.resetTheme();
+        doc.setText(u"name", QStringLiteral("Glacier"));
+        doc.setText(u"description", QStringLiteral("//Glacier"));
+        doc.setText(u"midi", QStringLiteral("g.mid"));
+        doc.setSwatch(0, 0x123456);
+        doc.setCurrentThemeFile(path(QStringLiteral("glacier.skt")));
+        doc.setPackageFolder(QStringLiteral("/tmp/stakko/Glacier/"), QStringLiteral("stakko/Glacier/"));
+        doc.setMusicFolder(QStringLiteral("/tmp/stakko/Glacier/"));
+        doc.setDirty(dirty);
+        ThemeDocument before;
+        before.assignFrom(doc);
         ScriptedDialogs dialogs;
-        dialogs.openNames.enqueue(notATheme);
-        if (!saveName.isEmpty())
-            dialogs.saveNames.enqueue(path(saveName));
+        dialogs.answers.enqueue(Answer::No);
+        dialogs.openNames.enqueue(bad);
         FileCommands commands(doc, dialogs);
         commands.setProgramFolder(m_dir.path());
-        int afterLoadsAndSaves = 0;
-        commands.setAfterLoadOrSave([&afterLoadsAndSaves](FileCommands::Done) { ++afterLoadsAndSaves; });
+        int afterLoads = 0;
+        commands.setAfterLoadOrSave([&afterLoads](FileCommands::Done) { ++afterLoads; });
 
-        commands.loadTheme();
-        QCOMPARE(afterLoadsAndSaves, 0);
-        commands.saveTheme();
+        if (byPath)
+            QCOMPARE(commands.loadPath(bad), FileCommands::LoadOutcome::NotLoaded);
+        else
+            commands.loadTheme();
 
-        QCOMPARE(readFile(notATheme), QByteArray("shopping list\n"));
-        QCOMPARE(dialogs.saveFilters.size(), 1);
-        QCOMPARE(doc.currentThemeFile(), saveName.isEmpty() ? notATheme : path(saveName));
-        QCOMPARE(doc.isDirty(), saveName.isEmpty());
-        // Once saved under a name of the author's choosing, Save writes there without asking.
-        commands.saveTheme();
-        QCOMPARE(dialogs.saveFilters.size(), saveName.isEmpty() ? 2 : 1);
+        for (int i = 0; i < int(themeFields().size()); ++i)
+            QCOMPARE(doc.value(i), before.value(i));
+        for (int i = 0; i < int(std::size(colorKeys)); ++i)
+            QCOMPARE(doc.swatch(i), before.swatch(i));
+        QCOMPARE(doc.currentThemeFile(), before.currentThemeFile());
+        QCOMPARE(doc.packageFolder(), before.packageFolder());
+        QCOMPARE(doc.packageFolderTail(), before.packageFolderTail());
+        QCOMPARE(doc.musicFolder(), before.musicFolder());
+        QCOMPARE(doc.isDirty(), dirty);
+        QCOMPARE(afterLoads, 0);
+        const Report report = commands.takeReport();
+        QVERIFY(std::any_of(report.problems.cbegin(), report.problems.cend(),
+                            [](const Problem &p) { return p.code == u"theme-unreadable"; }));
     }
 
-    void loadSetsCurrentFileAndCountsLoaderEdits_data()
+    void currentFileThatNoLongerLoadsIsNotSavedOver()
+    {
+        const QString theme = path(QStringLiteral("glacier.skt"));
+        QVERIFY(writeFile(theme, "[Theme Info]\r\nname=Glacier\r\nthemetype=0\r\n"));
+        ThemeDocument doc;
+        ScriptedDialogs dialogs;
+        FileCommands commands(doc, dialogs);
+        QCOMPARE(commands.loadPath(theme), FileCommands::LoadOutcome::Loaded);
+        // Another program writes something else there; loading it again fails.
+        QVERIFY(writeFile(theme, "shopping list\n"));
+        QCOMPARE(commands.loadPath(theme), FileCommands::LoadOutcome::NotLoaded);
+        QCOMPARE(doc.value(u"name"), QStringLiteral("Glacier"));
+        commands.saveTheme(); // asks for a file: the Save As dialog is cancelled
+        QCOMPARE(dialogs.saveFilters.size(), 1);
+        QCOMPARE(readFile(theme), QByteArray("shopping list\n"));
+    }
+
+    void loadSetsCurrentFileAndLeavesNothingUnsaved_data()
     {
         QTest::addColumn<bool>("byPath");
         QTest::newRow("Load command") << false;
         QTest::newRow("path named outside the dialogs") << true;
     }
 
-    void loadSetsCurrentFileAndCountsLoaderEdits()
+    void loadSetsCurrentFileAndLeavesNothingUnsaved()
     {
         QFETCH(bool, byPath);
         QVERIFY(m_dir.mkdir(QStringLiteral("data")));
@@ -266,25 +339,31 @@ private slots:
             if (byPath)
                 return commands.loadPath(theme);
             commands.loadTheme();
-            return true;
+            return FileCommands::LoadOutcome::Loaded;
         };
 
-        QCOMPARE(load(), !byPath); // "Cancel" stops both; loadPath says so
+        // "Cancel" stops both; loadPath says so.
+        QCOMPARE(load(), byPath ? FileCommands::LoadOutcome::Stopped : FileCommands::LoadOutcome::Loaded);
         QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
         QCOMPARE(doc.currentThemeFile(), QString());
         QCOMPARE(afterLoads, 0);
 
-        QVERIFY(load());
+        QSignalSpy dirtied(&doc, &ThemeDocument::dirtyChanged);
+        QCOMPARE(load(), FileCommands::LoadOutcome::Loaded);
         QCOMPARE(afterLoads, 1);
         QCOMPARE(doc.currentThemeFile(), theme);
         QCOMPARE(doc.value(u"name"), QStringLiteral("Glacier"));
         QCOMPARE(doc.number(u"themetype"), 0);
-        // The loader's writes are edits like any other.
-        QVERIFY(doc.isDirty());
+        // The loader's own writes are no edits: nothing is unsaved, not even for a moment.
+        QVERIFY(!doc.isDirty());
+        QVERIFY(!dirtied.contains(QVariantList{true}));
         dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messageLines(), QStringList(2, promptText));
         const QString dataFolder = m_dir.path() + QStringLiteral("/data/");
         QCOMPARE(dialogs.openFolders, byPath ? QStringList() : QStringList{dataFolder});
+        // The first edit changes that, and a New now asks.
+        doc.setText(u"version", QStringLiteral("2"));
+        QVERIFY(doc.isDirty());
     }
 };
 

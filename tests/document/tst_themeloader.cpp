@@ -95,11 +95,10 @@ private slots:
         back.load(file);
         for (int i = 0; i < int(fields.size()); ++i) {
             const QString key = QLatin1StringView(fields[size_t(i)].key);
-            if (key == u"description" || key == u"skinfile" || key == u"skintransparency" || key.endsWith(u"image"))
+            if (key == u"skinfile" || key == u"skintransparency" || key.endsWith(u"image"))
                 continue;
             QCOMPARE(back.doc.value(i), doc.value(i));
         }
-        QCOMPARE(back.doc.value(u"description"), QStringLiteral("kept"));
         QCOMPARE(back.doc.value(u"skinfile"), QStringLiteral("skin kept"));
         QCOMPARE(back.doc.value(u"bgimage"), doc.value(u"bgfilename") + QStringLiteral("1.") + doc.value(u"bgextension"));
         QCOMPARE(back.doc.value(u"bombimage"), doc.value(u"Bombfilename") + QStringLiteral("1.") + doc.value(u"bombfileextension"));
@@ -109,6 +108,60 @@ private slots:
         QCOMPARE(back.report.problems.size(), 1); // the package named beside the file does not exist
         QVERIFY(back.report.problems[0].text.startsWith(QStringLiteral("Could not load resource file ")
                                                          + m_dir.path() + QStringLiteral("/pack.zip")));
+    }
+
+    void descriptionLoadsAsSaved_data()
+    {
+        QTest::addColumn<QString>("description"); // saved by the writer, unless bytes are given
+        QTest::addColumn<QByteArray>("bytes");    // a file written by hand
+        QTest::addColumn<QString>("loaded");      // as the document holds it after the load
+        QTest::newRow("empty") << "" << QByteArray() << "";
+        QTest::newRow("one line") << "//Ice" << QByteArray() << "//Ice";
+        QTest::newRow("typed lines") << "//Ice\n\n//by Ann" << QByteArray() << "//Ice\r\n\r\n//by Ann";
+        QTest::newRow("generated, ending in a line end") << "//Ice\r\n//---\r\n" << QByteArray()
+                                                         << "//Ice\r\n//---\r\n";
+        QTest::newRow("blank lines and blanks kept") << " \r\n  indented \r\n " << QByteArray()
+                                                     << " \r\n  indented \r\n ";
+        QTest::newRow("a lone CR") << "a\rb\r" << QByteArray() << "a\rb\r";
+        QTest::newRow("Windows-1252") << "//Caf\u00e9 \u2122" << QByteArray() << "//Caf\u00e9 \u2122";
+
+        const QByteArray header("//Stakko Theme File - Created by Stakko Theme Maker\x99");
+        const QByteArray keys("name=Ice\r\nresourcefile=\r\nthemetype=1\r\n");
+        QTest::newRow("by hand, no first line") << "" << "//Ice\r\n \r\n[Theme Info]\r\n" + keys << "";
+        QTest::newRow("by hand, another first line")
+            << "" << "//My theme\r\n//Ice\r\n \r\n[Theme Info]\r\n" + keys << "";
+        QTest::newRow("by hand, no separator above the section")
+            << "" << header + "\r\n//Ice\r\n[Theme Info]\r\n" + keys << "";
+        QTest::newRow("by hand, separator not directly above")
+            << "" << header + "\r\n//Ice\r\n \r\n\r\n[Theme Info]\r\n" + keys << "";
+        QTest::newRow("by hand, lines ended by LF alone")
+            << "" << header + "\n//Ice\n//Ann\n \n[Theme Info]\n" + keys << "//Ice\r\n//Ann";
+        QTest::newRow("by hand, saved by Notepad as UTF-8")
+            << "" << "\xEF\xBB\xBF//Stakko Theme File - Created by Stakko Theme Maker\xE2\x84\xA2\r\nCaf\xC3\xA9\r\n \r\n"
+                     "[Theme Info]\r\n" + keys << "Caf\u00e9";
+    }
+
+    void descriptionLoadsAsSaved()
+    {
+        QFETCH(QString, description);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, loaded);
+        const QString first = path(QStringLiteral("first.skt"));
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setText(u"description", description);
+        QVERIFY(bytes.isNull() ? writeThemeFile(doc, first) : writeFile(first, bytes));
+
+        Loaded back;
+        back.doc.setText(u"description", QStringLiteral("//the theme loaded before"));
+        back.load(first);
+        QVERIFY(back.report.loaded);
+        QCOMPARE(back.doc.value(u"description"), loaded);
+        // Save, load, save: the same bytes.
+        const QString second = path(QStringLiteral("second.skt"));
+        QVERIFY(writeThemeFile(back.doc, second));
+        if (bytes.isNull())
+            QCOMPARE(readFile(second), readFile(first));
     }
 
     void valuesAsTheReaderGivesThem_data()

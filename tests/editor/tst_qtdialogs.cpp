@@ -83,18 +83,22 @@ private slots:
         QCOMPARE(shownIn, (QStringList{data, data, art, art}));
     }
 
-    void saveDialogTakesTypedNameAsIs_data()
+    void saveDialogProposesAndCompletesTheName_data()
     {
-        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("typed"); // "": the proposal is taken as it stands
         QTest::addColumn<bool>("exists");
-        QTest::newRow("no extension added") << "mytheme" << false;
-        QTest::newRow("existing file, no overwrite question") << "existing.skt" << true;
+        QTest::addColumn<QString>("saved");
+        QTest::newRow("proposal taken") << "" << false << "Ice Age.skt";
+        QTest::newRow("typed without extension") << "mytheme" << false << "mytheme.skt";
+        QTest::newRow("typed with another extension") << "mytheme.txt" << false << "mytheme.txt";
+        QTest::newRow("existing file, no overwrite question") << "existing.skt" << true << "existing.skt";
     }
 
-    void saveDialogTakesTypedNameAsIs()
+    void saveDialogProposesAndCompletesTheName()
     {
         QFETCH(QString, typed);
         QFETCH(bool, exists);
+        QFETCH(QString, saved);
         if (exists)
             QVERIFY(QFile(path(typed)).open(QIODevice::WriteOnly));
         QtDialogs dialogs;
@@ -108,8 +112,17 @@ private slots:
                     dialog->reject();
             }
         });
-        onNextFileDialog([&](QFileDialog *d) { typeAndAccept(d, typed); });
-        QCOMPARE(dialogs.saveFileName(QString(themeFileFilter)), path(typed));
+        QString proposed;
+        onNextFileDialog([&](QFileDialog *d) {
+            if (auto *edit = d->findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
+                proposed = edit->text();
+            if (typed.isEmpty())
+                static_cast<QDialog *>(d)->accept();
+            else
+                typeAndAccept(d, typed);
+        });
+        QCOMPARE(dialogs.saveFileName(QString(themeFileFilter), QStringLiteral("Ice Age.skt")), path(saved));
+        QCOMPARE(proposed, QStringLiteral("Ice Age.skt"));
     }
 
     void qtFilterTranslation_data()

@@ -26,73 +26,101 @@ class RecentMenuTest : public QObject
         return path;
     }
 
-    static QStringList entries(QMenu &menu)
+    /** The entries' tooltips (their paths), or with \a texts their captions. */
+    static QStringList entries(QMenu &menu, bool texts = false)
     {
         emit menu.aboutToShow();
-        QStringList tips;
+        QStringList found;
         for (QAction *item : menu.actions()) {
             if (!item->isSeparator() && item->objectName() != u"mnuClearRecent")
-                tips << item->toolTip();
+                found << (texts ? item->text() : item->toolTip());
         }
-        return tips;
+        return found;
     }
+
+    // The submenu over a list of its own, as the editor makes it.
+    struct Recent {
+        QSettings settings;
+        RecentThemes recent{settings};
+        QMenu menu;
+        ScriptedDialogs dialogs;
+        ThemeDocument doc;
+        FileCommands commands{doc, dialogs};
+        RecentMenu recentMenu{menu, recent, commands, dialogs};
+        explicit Recent(const QString &ini) : settings(ini, QSettings::IniFormat) {}
+    };
 
 private slots:
     void newestFirstOnceEachAtMostTen()
     {
-        QSettings settings(m_dir.filePath(QStringLiteral("a.ini")), QSettings::IniFormat);
-        RecentThemes recent(settings);
+        Recent r(m_dir.filePath(QStringLiteral("a.ini")));
         for (int n = 1; n <= 12; ++n)
-            recent.add(theme(n));
-        recent.add(theme(5));
+            r.recent.add(theme(n));
+        r.recent.add(theme(5));
         QStringList expected{theme(5)};
         for (int n = 12; n >= 3; --n) {
             if (n != 5)
                 expected << theme(n);
         }
-        QCOMPARE(recent.paths(), expected);
+        QCOMPARE(r.recent.paths(), expected);
         // Kept across runs, as written.
         QSettings again(m_dir.filePath(QStringLiteral("a.ini")), QSettings::IniFormat);
         QCOMPARE(RecentThemes(again).paths(), expected);
 
-        QMenu menu;
-        ScriptedDialogs dialogs;
-        ThemeDocument doc;
-        FileCommands commands(doc, dialogs);
-        RecentMenu recentMenu(menu, recent, commands, dialogs);
-        QCOMPARE(entries(menu), expected);
-        menu.findChild<QAction *>(QStringLiteral("mnuClearRecent"))->trigger();
-        QCOMPARE(entries(menu), QStringList());
-        QVERIFY(!menu.findChild<QAction *>(QStringLiteral("mnuClearRecent"))->isEnabled());
+        QCOMPARE(entries(r.menu), expected);
+        r.menu.findChild<QAction *>(QStringLiteral("mnuClearRecent"))->trigger();
+        QCOMPARE(entries(r.menu), QStringList());
+        QVERIFY(!r.menu.findChild<QAction *>(QStringLiteral("mnuClearRecent"))->isEnabled());
+    }
+
+    void namesThatAppearTwiceShowTheirFolder()
+    {
+        const QStringList paths{"/home/ann/themes/Ice.skt", "/home/ann/old/ice.skt", "/home/ann/Snow.skt"};
+        QCOMPARE(RecentThemes::labels(paths),
+                 (QStringList{"Ice.skt (/home/ann/themes)", "ice.skt (/home/ann/old)", "Snow.skt"}));
+        Recent r(m_dir.filePath(QStringLiteral("c.ini")));
+        for (const QString &path : paths)
+            r.recent.add(path);
+        QCOMPARE(entries(r.menu, true),
+                 (QStringList{"&1 Snow.skt", "&2 ice.skt (/home/ann/old)", "&3 Ice.skt (/home/ann/themes)"}));
     }
 
     void openingOneLoadsItOrDropsItWhenGone()
     {
-        QSettings settings(m_dir.filePath(QStringLiteral("b.ini")), QSettings::IniFormat);
-        RecentThemes recent(settings);
+        Recent r(m_dir.filePath(QStringLiteral("b.ini")));
         const QString gone = m_dir.filePath(QStringLiteral("gone.skt"));
-        recent.add(gone);
-        recent.add(theme(1));
-        QMenu menu;
-        ScriptedDialogs dialogs;
-        ThemeDocument doc;
-        doc.setDirty(true);
-        FileCommands commands(doc, dialogs);
-        RecentMenu recentMenu(menu, recent, commands, dialogs);
+        r.recent.add(gone);
+        r.recent.add(theme(1));
+        r.doc.setDirty(true);
 
-        recentMenu.open(theme(1)); // the save question is cancelled: nothing loads
-        QCOMPARE(doc.currentThemeFile(), QString());
-        dialogs.answers.enqueue(Dialogs::Answer::No);
-        recentMenu.open(theme(1));
-        QCOMPARE(doc.value(u"name"), QStringLiteral("T1"));
-        QCOMPARE(doc.currentThemeFile(), theme(1));
+        r.recentMenu.open(theme(1)); // the save question is cancelled: nothing loads
+        QCOMPARE(r.doc.currentThemeFile(), QString());
+        r.dialogs.answers.enqueue(Dialogs::Answer::No);
+        r.recentMenu.open(theme(1));
+        QCOMPARE(r.doc.value(u"name"), QStringLiteral("T1"));
+        QCOMPARE(r.doc.currentThemeFile(), theme(1));
 
-        dialogs.messages.clear();
-        recentMenu.open(gone);
-        QCOMPARE(recent.paths(), QStringList{theme(1)});
-        QCOMPARE(dialogs.messages.size(), 1);
-        QVERIFY(dialogs.messages.first().text.contains(QDir::toNativeSeparators(gone)));
-        QCOMPARE(doc.currentThemeFile(), theme(1));
+        r.dialogs.messages.clear();
+        r.recentMenu.open(gone);
+        QCOMPARE(r.recent.paths(), QStringList{theme(1)});
+        QCOMPARE(r.dialogs.messages.size(), 1);
+        QVERIFY(r.dialogs.messages.first().text.contains(QDir::toNativeSeparators(gone)));
+        QCOMPARE(r.doc.currentThemeFile(), theme(1));
+    }
+
+    void oneThatNoLongerLoadsLeavesTheList()
+    {
+        Recent r(m_dir.filePath(QStringLiteral("d.ini")));
+        const QString notes = m_dir.filePath(QStringLiteral("notes.skt"));
+        QVERIFY(writeFile(notes, "shopping list\n"));
+        r.recent.add(theme(2));
+        r.recent.add(notes);
+
+        r.recentMenu.open(notes);
+        QCOMPARE(r.recent.paths(), QStringList{theme(2)});
+        QCOMPARE(r.doc.currentThemeFile(), QString());
+        QCOMPARE(r.dialogs.messages.size(), 2); // why it did not load, and that it left the list
+        QVERIFY(r.dialogs.messages.last().text.contains(QStringLiteral("removed from the recent themes")));
     }
 };
 

@@ -340,7 +340,7 @@ private slots:
         QVERIFY(writeFile(theme, "[Theme Info]\r\nname=Before\r\nthemetype=0\r\n"));
         Editor e;
         e.commands.setAfterLoadOrSave([&e](FileCommands::Done) { e.themeWatch.follow(); });
-        QVERIFY(e.commands.loadPath(theme));
+        QCOMPARE(e.commands.loadPath(theme), FileCommands::LoadOutcome::Loaded);
         // The editor's own save is no change from outside.
         e.commands.saveTheme();
         QTest::qWait(FileWatch::settleMs * 2);
