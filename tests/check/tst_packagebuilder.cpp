@@ -18,16 +18,17 @@
 
 namespace {
 
-QByteArray png(QRgb color)
+// A Windows bitmap, the picture the game reads, whatever its name says.
+QByteArray picture(QRgb color)
 {
     QImage image(8, 8, QImage::Format_RGB32);
     image.fill(color);
-    return imageBytes(image, "PNG");
+    return imageBytes(image, "BMP");
 }
 
 // The art as the theme names it, but in other letter case where Windows would not mind.
 const QList<QPair<QString, QByteArray>> art{
-    {"gfx/bg1.png", png(0xff0000)}, {"gfx/bg2.png", png(0x00ff00)}, {"Main.PNG", png(0x0000ff)},
+    {"gfx/bg1.png", picture(0xff0000)}, {"gfx/bg2.png", picture(0x00ff00)}, {"Main.PNG", picture(0x0000ff)},
     {"rotate.wav", waveBytes(QByteArray(4, '\x80'), 22050, 8)},
     {"song.mid", QByteArray("MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\4\0\xFF\x2F\0", 26)},
 };
