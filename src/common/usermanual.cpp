@@ -53,5 +53,7 @@ QString problemCodeSection(const QString &code)
 
 QUrl problemCodeUrl(const QString &code)
 {
+    if (code.isEmpty())
+        return {};
     return userManualUrl(checkingPage, problemCodeSection(code));
 }

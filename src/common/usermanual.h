@@ -25,5 +25,5 @@ inline const QString checkingPage = QStringLiteral("checking.html");
 /** The section on the checker's problem \a code ("frame-missing"): "code-frame-missing". */
 QString problemCodeSection(const QString &code);
 
-/** userManualUrl() of the section on the checker's problem \a code. */
+/** userManualUrl() of the section on the checker's problem \a code; empty for a problem without one. */
 QUrl problemCodeUrl(const QString &code);
