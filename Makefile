@@ -8,10 +8,12 @@ SAMPLE  ?= samples/StakkoSample.skt
 # of the package benchmarks; xvfb runs the window tests on an X server too. The install tests
 # validate with desktop-file-utils, appstream and shared-mime-info, render the manual pages with
 # groff-base and find the completion folder through bash-completion; dpkg-dev and file let CPack
-# compute the Debian package's dependencies.
+# compute the Debian package's dependencies. Sphinx builds the user manual, whose scripts the
+# installed copy links from libjs-sphinxdoc.
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libarchive-dev \
 	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip xvfb xauth \
-	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file
+	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file \
+	python3-sphinx libjs-sphinxdoc
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
 FUZZ_BUILD    ?= build-fuzz

@@ -29,5 +29,7 @@ if(mixerOwner MATCHES "^([^:, ]+)")
     string(REGEX MATCH "^[0-9]+\\.[0-9]+" mixerVersion "${SDL2_MIXER_VERSION}")
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "${mixerPackage} (>= ${mixerVersion})")
 endif()
+# The manual's search and navigation scripts are links into Debian's libjs-sphinxdoc.
+string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS ${CPACK_DEBIAN_PACKAGE_DEPENDS} ${STAKKO_MANUAL_DEPENDS})
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS timgm6mb-soundfont)
 include(CPack)

@@ -12,6 +12,10 @@ if(STAKKO_APP_ID)
     file(RELATIVE_PATH STAKKO_INSTALLED_MARKER ${CMAKE_INSTALL_FULL_BINDIR}
          ${CMAKE_INSTALL_FULL_DATADIR}/metainfo/${STAKKO_APP_ID}.metainfo.xml)
     set(STAKKO_CORE_DEFINITIONS STAKKO_INSTALLED_MARKER="${STAKKO_INSTALLED_MARKER}")
+    # The manual likewise, relative to the program; a program run from its build reads the build's.
+    file(RELATIVE_PATH manualInstalled ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DOCDIR}/manual)
+    set_property(SOURCE ${CMAKE_CURRENT_LIST_DIR}/common/usermanual.cpp APPEND PROPERTY COMPILE_DEFINITIONS
+                 STAKKO_MANUAL_INSTALLED="${manualInstalled}" STAKKO_MANUAL_BUILT="${STAKKO_MANUAL_HTML}")
 endif()
 
 # The mixer is loaded when sound is first wanted: the core compiles against its headers and

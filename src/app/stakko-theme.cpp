@@ -6,6 +6,7 @@
 #include "check/themechecker.h"
 #include "common/allocator.h"
 #include "common/ansitext.h"
+#include "common/usermanual.h"
 #include "document/description.h"
 #include "document/fieldbrowsing.h"
 #include "document/filecommands.h"
@@ -237,7 +238,8 @@ QByteArray problemsJson(const Report &report)
         const bool error = p.severity == Problem::Severity::Error;
         out += (i == 0 ? "\n  {" : ",\n  {") + QByteArray("\"severity\": ") + jsonText(error ? "error" : "warning")
             + ", \"code\": " + jsonText(p.code) + ", \"field\": " + jsonText(p.field)
-            + ", \"file\": " + jsonText(p.file) + ", \"message\": " + jsonText(p.text) + '}';
+            + ", \"file\": " + jsonText(p.file) + ", \"message\": " + jsonText(p.text)
+            + ", \"manual\": " + jsonText(problemCodeUrl(p.code).toString(QUrl::FullyEncoded)) + '}';
     }
     return out + (report.isEmpty() ? "]\n" : "\n]\n");
 }
@@ -256,10 +258,13 @@ QByteArray problemLines(const Report &report)
     return out;
 }
 
-/** One line per problem, then the count of each severity. */
+/** One line per problem, then the count of each severity and where the manual explains the codes. */
 QByteArray problemsText(const Report &report)
 {
-    return problemLines(report) + report.summary().toUtf8() + '\n';
+    QByteArray out = problemLines(report) + report.summary().toUtf8() + '\n';
+    if (const QUrl manual = userManualUrl(checkingPage); !report.isEmpty() && !manual.isEmpty())
+        out += "What each code means and what to do: " + manual.toEncoded() + '\n';
+    return out;
 }
 
 int build(const Options &o, ThemeDocument &doc, FileCommands &commands)

@@ -1,6 +1,7 @@
 #include "editor/mainwindow.h"
 
 #include "check/backgroundcheck.h"
+#include "common/usermanual.h"
 #include "document/description.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
@@ -8,6 +9,7 @@
 #include "document/themehistory.h"
 #include "editor/aboutwindow.h"
 #include "editor/controlnames.h"
+#include "editor/manualbrowser.h"
 #include "editor/pages.h"
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
@@ -229,6 +231,9 @@ void MainWindow::buildMenus()
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));
+    QAction *manual = addItem(help, "mnuManual", QStringLiteral("Stakko Theme Maker &Manual"));
+    manual->setShortcut(QKeySequence(Qt::Key_F1));
+    connect(manual, &QAction::triggered, this, [this] { showManual(); });
     connect(addItem(help, "mnuAbout", QStringLiteral("About")), &QAction::triggered, this, &MainWindow::showAbout);
 }
 
@@ -255,6 +260,7 @@ ProblemsPanel &MainWindow::problemsPanel()
     connect(m_problems, &QDockWidget::visibilityChanged, this, [this] { QTimer::singleShot(0, this, &MainWindow::applyWindowHeight); });
     connect(m_problems, &QDockWidget::topLevelChanged, this, &MainWindow::applyWindowHeight);
     connect(m_problems, &ProblemsPanel::fieldRequested, this, &MainWindow::revealField);
+    connect(m_problems, &ProblemsPanel::manualRequested, this, &MainWindow::showManual);
     return *m_problems;
 }
 
@@ -716,6 +722,11 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 AboutWindow *MainWindow::aboutWindow() const
 {
     return m_about;
+}
+
+void MainWindow::showManual(const QString &code)
+{
+    openUserManual(code.isEmpty() ? userManualUrl() : problemCodeUrl(code), this);
 }
 
 void MainWindow::showAbout()

@@ -89,6 +89,8 @@ public:
     /** Shows the page and data set of field \a key and puts the focus on its control. */
     void revealField(const QString &key);
 
+    /** Opens the manual in the system's browser: the section on the checker's \a code, or its start. */
+    void showManual(const QString &code = {});
     /** Opens the About window, or brings the open one forward. */
     void showAbout();
     /** The open About window, or nullptr. */

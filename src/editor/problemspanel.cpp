@@ -1,5 +1,6 @@
 #include "editor/problemspanel.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QHeaderView>
 #include <QStyle>
@@ -9,6 +10,7 @@
 namespace {
 
 constexpr int keyRole = Qt::UserRole;
+constexpr int codeRole = Qt::UserRole + 1;
 
 QIcon severityIcon(Problem::Severity severity)
 {
@@ -24,6 +26,7 @@ ProblemsPanel::ProblemsPanel(QWidget *parent)
     : QDockWidget(QStringLiteral("Problems"), parent)
     , m_list(new QTreeWidget)
     , m_count(new QToolButton)
+    , m_explain(new QAction(QStringLiteral("&Explain in the Manual"), this))
 {
     setObjectName(QStringLiteral("dockProblems"));
     m_list->setObjectName(QLatin1StringView(listName));
@@ -39,6 +42,18 @@ ProblemsPanel::ProblemsPanel(QWidget *parent)
         const QString key = item->data(0, keyRole).toString();
         if (!key.isEmpty())
             emit fieldRequested(key);
+    });
+    // Right-click (or the menu key) on a problem: its code's section in the manual.
+    m_explain->setObjectName(QLatin1StringView(explainName));
+    m_explain->setEnabled(false);
+    m_list->addAction(m_explain);
+    m_list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(m_list, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
+        m_explain->setEnabled(item && !item->data(0, codeRole).toString().isEmpty());
+    });
+    connect(m_explain, &QAction::triggered, this, [this] {
+        if (const QTreeWidgetItem *item = m_list->currentItem(); item && !item->data(0, codeRole).toString().isEmpty())
+            emit manualRequested(item->data(0, codeRole).toString());
     });
     setWidget(m_list);
 
@@ -64,6 +79,7 @@ void ProblemsPanel::showReport(const Report &report)
         item->setIcon(0, severityIcon(p.severity));
         item->setToolTip(0, p.file.isEmpty() ? text : text + u'\n' + p.file);
         item->setData(0, keyRole, p.field);
+        item->setData(0, codeRole, p.code);
         items.append(item);
     }
     m_list->addTopLevelItems(items);

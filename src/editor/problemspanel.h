@@ -4,12 +4,14 @@
 
 #include <QDockWidget>
 
+class QAction;
 class QToolButton;
 class QTreeWidget;
 
 /**
  * The list of what the last check found: severity icon, message and field. A double-click asks
- * for the problem's field; the count beside it (for the status bar) opens the panel.
+ * for the problem's field; the count beside it (for the status bar) opens the panel. The list's
+ * context menu asks for the manual's section on the problem's code.
  */
 class ProblemsPanel : public QDockWidget
 {
@@ -18,6 +20,7 @@ class ProblemsPanel : public QDockWidget
 public:
     static constexpr const char *listName = "lstProblems";
     static constexpr const char *countName = "cmdProblemCount";
+    static constexpr const char *explainName = "mnuExplainProblem";
 
     explicit ProblemsPanel(QWidget *parent = nullptr);
 
@@ -27,8 +30,11 @@ public:
 
 signals:
     void fieldRequested(const QString &key);
+    /** The manual's section on the problem \a code ("frame-missing") is wanted. */
+    void manualRequested(const QString &code);
 
 private:
     QTreeWidget *m_list;
     QToolButton *m_count;
+    QAction *m_explain;
 };

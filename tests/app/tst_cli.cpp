@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 
 class CliTest : public QObject
 {
@@ -223,17 +224,23 @@ private slots:
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("status");
         QTest::addColumn<QByteArray>("out");
+        // A program run from its build names the build's manual.
+        const QUrl checking = QUrl::fromLocalFile(qEnvironmentVariable("STAKKO_BUILD_DIR") + QStringLiteral("/docs/html/checking.html"));
+        const QByteArray manualLine = "What each code means and what to do: " + checking.toEncoded() + '\n';
+        QUrl section = checking;
+        section.setFragment(QStringLiteral("code-file-missing"));
         QTest::newRow("clean") << QStringList{"check", "clean.skt"} << 0 << QByteArray("no problems\n");
         QTest::newRow("warnings only") << QStringList{"check", "unused.skt"} << 0
                                        << QByteArray("warning file-unused resourcefile: Package entry \"x.txt\" is "
-                                                     "named by no included section\n0 errors, 1 warning\n");
+                                                     "named by no included section\n0 errors, 1 warning\n") + manualLine;
         QTest::newRow("an error") << QStringList{"check", "broken.skt"} << 1
                                   << QByteArray("error file-missing rotate: Rotate Block \"r.wav\" is missing (r.wav)\n"
-                                                "1 error, 0 warnings\n");
+                                                "1 error, 0 warnings\n") + manualLine;
         QTest::newRow("json") << QStringList{"check", "--json", "broken.skt"} << 1
                               << QByteArray("[\n  {\"severity\": \"error\", \"code\": \"file-missing\", "
                                             "\"field\": \"rotate\", \"file\": \"r.wav\", \"message\": "
-                                            "\"Rotate Block \\\"r.wav\\\" is missing (r.wav)\"}\n]\n");
+                                            "\"Rotate Block \\\"r.wav\\\" is missing (r.wav)\", \"manual\": \"")
+                                     + section.toEncoded() + "\"}\n]\n";
         QTest::newRow("no theme") << QStringList{"check"} << 2 << QByteArray();
         QTest::newRow("build") << QStringList{"build", "unused.skt", "-o", "Y.zip"} << 0 << QByteArray("Y.zip: 0 files\n");
         QTest::newRow("build, a file missing") << QStringList{"build", "broken1.skt"} << 1 << QByteArray();

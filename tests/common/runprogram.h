@@ -34,3 +34,15 @@ inline QByteArray missingTool(const QString &tool, const char *package)
         return {};
     return tool.toUtf8() + " is not installed (Debian package " + package + "; make test installs it)";
 }
+
+/** cmake --install of the build (STAKKO_BUILD_DIR) below \a destDir, with the prefix /usr. */
+inline ProgramRun installBuild(const QString &destDir)
+{
+    const QString build = qEnvironmentVariable("STAKKO_BUILD_DIR");
+    if (build.isEmpty())
+        return {-1, {}, "STAKKO_BUILD_DIR names no build folder"};
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("DESTDIR"), destDir);
+    return runProgram(qEnvironmentVariable("STAKKO_CMAKE"),
+                      {QStringLiteral("--install"), build, QStringLiteral("--prefix"), QStringLiteral("/usr")}, env);
+}

@@ -126,12 +126,7 @@ class InstallTest : public QObject
 private slots:
     void initTestCase()
     {
-        const QString build = qEnvironmentVariable("STAKKO_BUILD_DIR");
-        QVERIFY2(!build.isEmpty(), "STAKKO_BUILD_DIR names the build folder");
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("DESTDIR"), m_destDir.path());
-        const ProgramRun run = runProgram(qEnvironmentVariable("STAKKO_CMAKE"),
-            {QStringLiteral("--install"), build, QStringLiteral("--prefix"), QStringLiteral("/usr")}, env);
+        const ProgramRun run = installBuild(m_destDir.path());
         QVERIFY2(run.status == 0, run.err.constData());
         m_prefix = m_destDir.path() + QStringLiteral("/usr");
         QDirIterator it(m_destDir.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
@@ -159,7 +154,11 @@ private slots:
                      << QStringLiteral("usr/share/icons/hicolor/%1x%1/mimetypes/application-x-stakko-theme.png").arg(size);
         }
         expected.sort();
-        QCOMPARE(m_installed, expected);
+        // The user manual's own test looks at its pages.
+        static const QRegularExpression manualPage(QStringLiteral("^usr/share/doc/[^/]+/manual/"));
+        QStringList outsideManual = m_installed;
+        outsideManual.removeIf([](const QString &path) { return manualPage.match(path).hasMatch(); });
+        QCOMPARE(outsideManual, expected);
     }
 
     void iconsAreDrawnAtTheirSize()

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QUrl>
+
+class QWidget;
+
+/**
+ * Opens \a address, a page of the manual, in the system's browser. When there is no manual
+ * (an empty address) or no browser took the page, a box over \a parent says so.
+ */
+void openUserManual(const QUrl &address, QWidget *parent);
