@@ -9,12 +9,14 @@
 #include "document/themedocument.h"
 #include "document/themeloader.h"
 #include "document/themesections.h"
+#include "package/zipdirectory.h"
 #include "preview/framesequence.h"
 #include "preview/framesettings.h"
 #include "preview/loadingsurface.h"
 #include "sound/soundsystem.h"
 #include "sound/waveformat.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 #include <QSet>
@@ -84,9 +86,9 @@ QList<const char *> writtenTexts(const ThemeDocument &doc)
 }
 
 /** A package entry or a stored name as Windows compares them. */
-QString windowsName(QString name)
+QString windowsName(const QString &name)
 {
-    return name.replace(u'\\', u'/').toCaseFolded();
+    return entryNameParts(name).value_or(QStringList{name}).join(u'/').toCaseFolded();
 }
 
 class Checker
@@ -124,6 +126,8 @@ public:
     void files()
     {
         for (const FileReference &r : m_references) {
+            if (leavesFolder(r))
+                continue;
             if (r.kind == FileKind::FrameSequence) {
                 const AnimatedElement *e = elementWithRoot(r.key);
                 const QLatin1StringView caption(e->caption);
@@ -149,6 +153,20 @@ private:
     void add(Severity severity, const char *code, const QString &field, const QString &file, const QString &text)
     {
         m_found.add({severity, text, field, file, QLatin1StringView(code), {}});
+    }
+
+    /** Reports a reference that leads out of the folder it is looked up in (a package cannot hold it). */
+    bool leavesFolder(const FileReference &r)
+    {
+        const QString folder = r.kind == FileKind::Music ? m_doc.musicFolder() : m_doc.packageFolder();
+        const auto outside = std::find_if(r.files.cbegin(), r.files.cend(),
+                                          [&folder](const QString &f) { return leadsOutOfFolder(folder, f); });
+        if (r.kind == FileKind::ResourcePackage || outside == r.files.cend())
+            return false;
+        add(m_typeOne ? Severity::Error : Severity::Warning, "path-outside", r.key, *outside,
+            QStringLiteral("%1 \"%2\" lies outside the folder %3: a package cannot hold it under that name")
+                .arg(captionOf(r.key), *outside, QDir::toNativeSeparators(folder)));
+        return true;
     }
 
     void droppedSections()
