@@ -23,6 +23,12 @@ QString entryName(const QString &name)
     return entryNameParts(name).value_or(QStringList{name}).join(u'/');
 }
 
+/** The file \a path names, its ".." parts taken away with the part before them first, as on Windows. */
+QString windowsPath(const QString &path)
+{
+    return resolveThemePath(QDir::cleanPath(QString(path).replace(u'\\', u'/')));
+}
+
 bool isMissingFile(const Problem &p)
 {
     return p.code == u"file-missing" || p.code == u"frame-missing";
@@ -142,7 +148,7 @@ private:
         }
     }
 
-    /** Stores \a r under its own file name, read from \a from + its name. */
+    /** Stores \a r under its own file name, read from \a from + its name with ".." resolved as Windows does. */
     void relink(const FileReference &r, const QString &from)
     {
         QString own = r.name.mid(afterLastSeparator(r.name));
@@ -160,7 +166,7 @@ private:
             };
             const QString root = unusedName(own, m_taken, frames);
             for (qsizetype i = 0; i < r.files.size(); ++i)
-                add(root + QString::number(i + 1) + extension, resolveThemePath(from + r.files.at(i)));
+                add(root + QString::number(i + 1) + extension, windowsPath(from + r.files.at(i)));
             const AnimatedElement *e = elementWithRoot(r.key);
             m_doc.setText(QLatin1StringView(e->rootField), root);
             m_doc.setText(QLatin1StringView(e->imageField), root + QStringLiteral("1") + extension);
@@ -171,7 +177,7 @@ private:
             const QString name =
                 unusedName(stem, m_taken, [&extension](const QString &n) { return QStringList{n + extension}; })
                 + extension;
-            add(name, resolveThemePath(from + r.name));
+            add(name, windowsPath(from + r.name));
             m_doc.setText(r.key, name);
             if (r.kind == FileKind::Music)
                 m_doc.setMusicFolder(m_doc.packageFolder());

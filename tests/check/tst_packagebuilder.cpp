@@ -61,6 +61,8 @@ class PackageBuilderTest : public QObject
     QString prepare(ThemeDocument &doc, const Fields &edits = {})
     {
         const QString root = m_dir.filePath(QStringLiteral("row%1").arg(++m_rows));
+        // A temporary folder that exists: else packages would go to the real cache folder.
+        QDir().mkpath(root + QStringLiteral("/tmp"));
         qputenv("TMPDIR", QFile::encodeName(root + QStringLiteral("/tmp")));
         for (const auto &[name, bytes] : art)
             writeFile(root + QStringLiteral("/art/") + name, bytes);
@@ -209,7 +211,7 @@ private slots:
         QVERIFY(!built.written);
         QCOMPARE(calls, 2); // 5 entries: stopped after the second
         QCOMPARE(readFile(zip), QByteArray("the old package"));
-        QCOMPARE(QDir(root).entryList(QDir::Files | QDir::Hidden), (QStringList{"Art.zip", "Theme.skt"}));
+        QCOMPARE(QDir(root).entryList(QDir::Files | QDir::Hidden), (QStringList{"Art.zip", "secret.wav", "Theme.skt"}));
     }
 };
 

@@ -237,7 +237,7 @@ private slots:
         });
         QCOMPARE(asked != e.dialogs.messages.cend(), relinkAnswer >= 0);
         if (relinkAnswer >= 0) // the question names the field and the file
-            QVERIFY2(asked->text.contains(u"\nrotate: " + rotate + u'\n'), qPrintable(asked->text));
+            QVERIFY2(asked->text.contains(QStringLiteral("\nrotate: ") + rotate + u'\n'), qPrintable(asked->text));
         if (stored.isEmpty()) {
             QVERIFY2(e.dialogs.messageLines().last().contains(refusal), qPrintable(e.dialogs.messageLines().last()));
             return;
