@@ -116,6 +116,7 @@ public:
             text(key);
         description();
         for (const FileReference &r : m_references) {
+            leavesFolder(r, false);
             if (isAbsoluteThemePath(r.name))
                 add(m_typeOne ? Severity::Error : Severity::Warning, "path-absolute", r.key, r.name,
                     QStringLiteral("\"%1\" is an absolute path: it will not exist on the player's machine")
@@ -126,7 +127,7 @@ public:
     void files()
     {
         for (const FileReference &r : m_references) {
-            if (leavesFolder(r))
+            if (leavesFolder(r, true))
                 continue;
             if (r.kind == FileKind::FrameSequence) {
                 const AnimatedElement *e = elementWithRoot(r.key);
@@ -155,14 +156,21 @@ private:
         m_found.add({severity, text, field, file, QLatin1StringView(code), {}});
     }
 
-    /** Reports a reference that leads out of the folder it is looked up in (a package cannot hold it). */
-    bool leavesFolder(const FileReference &r)
+    /**
+     * Reports a reference that leads out of the folder it is looked up in (a package cannot hold
+     * it) once: by its name alone, or also through links on the disk when \a followLinks.
+     */
+    bool leavesFolder(const FileReference &r, bool followLinks)
     {
+        if (m_outside.contains(r.key))
+            return true;
         const QString folder = r.kind == FileKind::Music ? m_doc.musicFolder() : m_doc.packageFolder();
+        const QString lookIn = followLinks ? folder : QString();
         const auto outside = std::find_if(r.files.cbegin(), r.files.cend(),
-                                          [&folder](const QString &f) { return leadsOutOfFolder(folder, f); });
+                                          [&lookIn](const QString &f) { return leadsOutOfFolder(lookIn, f); });
         if (r.kind == FileKind::ResourcePackage || outside == r.files.cend())
             return false;
+        m_outside.insert(r.key);
         add(m_typeOne ? Severity::Error : Severity::Warning, "path-outside", r.key, *outside,
             QStringLiteral("%1 \"%2\" lies outside the folder %3: a package cannot hold it under that name")
                 .arg(captionOf(r.key), *outside, QDir::toNativeSeparators(folder)));
@@ -344,6 +352,7 @@ private:
     const bool m_typeOne;
     const bool m_contents; // false: files are only looked for, not read
     const QList<FileReference> m_references;
+    QSet<QString> m_outside; // keys reported as path-outside
     Report m_found;
 };
 

@@ -135,6 +135,9 @@ private slots:
             QTest::addRow("path-outside %s", name)
                 << Fields{{"ifacemain", name}} << Files{} << none << Fields{}
                 << QStringList{"error path-outside ifacemain", "warning file-unused resourcefile"};
+        QTest::newRow("path-outside before any build")
+            << Fields{{"resourcefile", "Nope.zip"}, {"ifacemain", "../main.png"}} << Files{} << none << Fields{}
+            << QStringList{"error package-missing resourcefile", "error path-outside ifacemain"};
         QTest::newRow("path-outside type 0")
             << Fields{{"themetype", "0"}, {"includesounds", "0"}, {"includemusic", "0"}, {"ifacemain", "../main.png"}}
             << Files{} << none << Fields{} << QStringList{"warning path-outside ifacemain"};
