@@ -7,6 +7,7 @@ OUT_DIR/fuzz_themefile/   theme files: the sample theme and small variants
 OUT_DIR/fuzz_package/     zip archives: plain, folders, names that point outside, a link, a password
 OUT_DIR/fuzz_framestrip/  a selector byte and a tiny BMP, PNG, GIF or JPEG picture
 OUT_DIR/fuzz_editorconfig/ skm.ini variants
+OUT_DIR/fuzz_deflate64/   Deflate64 streams: stored, fixed and dynamic blocks, far matches, long runs
 OUT_DIR/<target>.dict     libFuzzer dictionaries, where the format has words worth knowing
 
 Everything is made here with the standard library, from the sample theme in samples/.
@@ -166,7 +167,141 @@ def package_seeds():
         "unicode.zip": zip_bytes([(entry("caf\u00e9.txt"), b"utf-8 flagged name")]),
         "bomb.zip": zip_bytes([(entry("zeros1.bin"), bytes(3 << 20)), (entry("zeros2.bin"), bytes(3 << 20))]),
         "encrypted.zip": encrypted_zip("secret.txt", b"only with the password", b"stakko"),
+        "deflate64-dos-name.zip": deflate64_zip(b"Caf\x82.bmp", *far_match_stream()),
     }
+
+
+# Deflate64 ---------------------------------------------------------------------------------
+
+class BitWriter:
+    def __init__(self):
+        self.bytes = bytearray()
+        self.bits = 0
+        self.count = 0
+
+    def put(self, value, n):
+        """n bits of value, least significant first."""
+        self.bits |= value << self.count
+        self.count += n
+        while self.count >= 8:
+            self.bytes.append(self.bits & 0xFF)
+            self.bits >>= 8
+            self.count -= 8
+
+    def code(self, value, n):
+        """A Huffman code: most significant bit first."""
+        self.put(int(format(value, "0%db" % n)[::-1], 2), n)
+
+    def align(self):
+        if self.count:
+            self.put(0, 8 - self.count)
+
+    def done(self):
+        self.align()
+        return bytes(self.bytes)
+
+
+def fixed_symbol(w, symbol):
+    if symbol < 144:
+        w.code(0x30 + symbol, 8)
+    elif symbol < 256:
+        w.code(0x190 + symbol - 144, 9)
+    elif symbol < 280:
+        w.code(symbol - 256, 7)
+    else:
+        w.code(0xC0 + symbol - 280, 8)
+
+
+LENGTHS = [(257 + i, base, extra) for i, (base, extra) in enumerate(
+    [(3, 0), (4, 0), (5, 0), (6, 0), (7, 0), (8, 0), (9, 0), (10, 0), (11, 1), (13, 1), (15, 1), (17, 1), (19, 2),
+     (23, 2), (27, 2), (31, 2), (35, 3), (43, 3), (51, 3), (59, 3), (67, 4), (83, 4), (99, 4), (115, 4), (131, 5),
+     (163, 5), (195, 5), (227, 5), (3, 16)])]
+DISTANCES = [(1, 0), (2, 0), (3, 0), (4, 0), (5, 1), (7, 1), (9, 2), (13, 2), (17, 3), (25, 3), (33, 4), (49, 4),
+             (65, 5), (97, 5), (129, 6), (193, 6), (257, 7), (385, 7), (513, 8), (769, 8), (1025, 9), (1537, 9),
+             (2049, 10), (3073, 10), (4097, 11), (6145, 11), (8193, 12), (12289, 12), (16385, 13), (24577, 13),
+             (32769, 14), (49153, 14)]
+
+
+def fixed_match(w, length, distance):
+    """A match in a fixed block; long ones take code 285 and its 16 extra bits."""
+    if length > 258:
+        symbol, base, extra = LENGTHS[-1]
+    else:
+        symbol, base, extra = [row for row in LENGTHS[:-1] if row[1] <= length][-1]
+    fixed_symbol(w, symbol)
+    w.put(length - base, extra)
+    code = max(i for i, (base, _) in enumerate(DISTANCES) if base <= distance)
+    w.code(code, 5)
+    w.put(distance - DISTANCES[code][0], DISTANCES[code][1])
+
+
+def noise(size, seed):
+    out = bytearray()
+    for _ in range(size):
+        seed = (seed * 1103515245 + 12345) & 0xFFFFFFFF
+        out.append(seed >> 23 & 0xFF)
+    return bytes(out)
+
+
+def far_match_stream():
+    """A stored block, then a fixed block copying from 40000 and 65536 bytes back: (stream, output)."""
+    stored = noise(40000, 7)
+    w = BitWriter()
+    w.put(0, 1)
+    w.put(0, 2)
+    w.align()
+    w.put(len(stored), 16)
+    w.put(len(stored) ^ 0xFFFF, 16)
+    stream = w.done() + stored
+    w = BitWriter()
+    w.put(1, 1)
+    w.put(1, 2)
+    output = bytearray(stored)
+    for length, distance in ((300, 40000), (30000, 40000), (1000, 65536)):
+        fixed_match(w, length, distance)
+        for _ in range(length):
+            output.append(output[-distance])
+    fixed_symbol(w, 256)
+    return stream + w.done(), bytes(output)
+
+
+def long_run_stream():
+    w = BitWriter()
+    w.put(1, 1)
+    w.put(1, 2)
+    fixed_symbol(w, ord("a"))
+    fixed_match(w, 65538, 1)
+    fixed_symbol(w, 256)
+    return w.done()
+
+
+def deflate_stream(data):
+    """Plain deflate: Deflate64 reads it alike while no match is 258 bytes long."""
+    compressor = zlib.compressobj(9, zlib.DEFLATED, -15)
+    return compressor.compress(data) + compressor.flush()
+
+
+def deflate64_seeds():
+    with open(SAMPLE_THEME, "rb") as f:
+        sample = f.read()
+    return {
+        "far-matches.bin": far_match_stream()[0],
+        "long-run.bin": long_run_stream(),
+        "fixed-text.bin": deflate_stream(b"hello theme " * 20),
+        "dynamic-theme.bin": deflate_stream(sample),
+        "empty-stored.bin": bytes((1, 0, 0, 0xFF, 0xFF)),
+    }
+
+
+def deflate64_zip(name, stream, output):
+    """One Deflate64 entry, as made on MS-DOS (the name in code page 437), without the UTF-8 flag."""
+    crc = zlib.crc32(output)
+    local = struct.pack("<IHHHHHIIIHH", 0x04034B50, 21, 0, 9, 0, 0x21, crc, len(stream), len(output), len(name), 0)
+    central = struct.pack("<IHHHHHHIIIHHHHHII", 0x02014B50, 21, 21, 0, 9, 0, 0x21, crc, len(stream), len(output),
+                          len(name), 0, 0, 0, 0, 0x20, 0)
+    body = local + name + stream
+    end = struct.pack("<IHHHHIIH", 0x06054B50, 0, 0, 1, 1, len(central) + len(name), len(body), 0)
+    return body + central + name + end
 
 
 # Pictures ---------------------------------------------------------------------------------
@@ -424,6 +559,7 @@ def main():
     write_all(os.path.join(out, "fuzz_package"), package_seeds())
     write_all(os.path.join(out, "fuzz_framestrip"), framestrip_seeds())
     write_all(os.path.join(out, "fuzz_editorconfig"), config_seeds())
+    write_all(os.path.join(out, "fuzz_deflate64"), deflate64_seeds())
     write_dict(os.path.join(out, "fuzz_themefile.dict"), theme_words())
     write_dict(os.path.join(out, "fuzz_editorconfig.dict"), CONFIG_WORDS)
     write_dict(os.path.join(out, "fuzz_package.dict"), ZIP_WORDS)

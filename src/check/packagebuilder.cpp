@@ -6,17 +6,27 @@
 #include "document/referencedfiles.h"
 #include "document/themedocument.h"
 #include "document/themeloader.h"
+#include "package/zipdirectory.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
 
+#include <algorithm>
+
 namespace {
 
-// Themes come from Windows: a "\" in a name is a folder, which a zip entry writes as "/".
-QString entryName(QString name)
+// Themes come from Windows: a "\" in a name is a folder, which a zip entry writes as "/". "."
+// and ".." are resolved as Windows resolves them, so no entry holds one.
+QString entryName(const QString &name)
 {
-    return name.replace(u'\\', u'/');
+    return entryNameParts(name).value_or(QStringList{name}).join(u'/');
+}
+
+/** The file \a path names, its ".." parts taken away with the part before them first, as on Windows. */
+QString windowsPath(const QString &path)
+{
+    return resolveThemePath(QDir::cleanPath(QString(path).replace(u'\\', u'/')));
 }
 
 bool isMissingFile(const Problem &p)
@@ -66,6 +76,8 @@ public:
             return m_report;
         }
         const QString from = withFolderEnd(m_options.from.isEmpty() ? defaultBuildSource(m_doc) : m_options.from);
+        for (const FileReference &r : referencesToRelink(m_doc, from))
+            m_relinked.insert(r.key);
         missingFiles(from);
         if (m_report.hasErrors())
             return m_report;
@@ -94,7 +106,8 @@ private:
         const Report atTheirOwnPaths = m_options.relink ? checkThemeFilesExist(copy) : Report();
         for (const Problem &p : found.problems) {
             const bool absolute = isAbsoluteField(p.field);
-            if ((p.code == u"path-absolute" && !m_options.relink) || (isMissingFile(p) && !absolute))
+            const bool leadsAway = p.code == u"path-absolute" || p.code == u"path-outside";
+            if ((leadsAway && !m_options.relink) || (isMissingFile(p) && !absolute))
                 m_report.add(p);
         }
         for (const Problem &p : atTheirOwnPaths.problems) {
@@ -119,7 +132,7 @@ private:
         const QList<FileReference> references = referencedFiles(m_doc);
         // Names the theme already uses stay as they are; relinked ones make way for them.
         for (const FileReference &r : references) {
-            if (!isAbsoluteThemePath(r.name)) {
+            if (!m_relinked.contains(r.key)) {
                 for (const QString &f : r.files)
                     m_taken.insert(entryName(f).toLower());
             }
@@ -127,17 +140,22 @@ private:
         for (const FileReference &r : references) {
             if (r.kind == FileKind::ResourcePackage || r.kind == FileKind::SkinFile || r.name.isEmpty())
                 continue;
-            if (isAbsoluteThemePath(r.name))
-                relink(r);
+            if (m_relinked.contains(r.key))
+                relink(r, isAbsoluteThemePath(r.name) ? QString() : from);
             else
                 for (const QString &f : r.files)
                     add(entryName(f), resolveThemePath(from + f));
         }
     }
 
-    void relink(const FileReference &r)
+    /** Stores \a r under its own file name, read from \a from + its name with ".." resolved as Windows does. */
+    void relink(const FileReference &r, const QString &from)
     {
-        const QString own = r.name.mid(afterLastSeparator(r.name));
+        QString own = r.name.mid(afterLastSeparator(r.name));
+        if (own.size() >= 2 && own.at(1) == u':')
+            own.remove(0, 2); // "C:bg" names "bg" on drive C
+        if (own.isEmpty() || own == u"." || own == u"..")
+            own = QStringLiteral("file");
         if (r.kind == FileKind::FrameSequence) {
             const QString extension = u'.' + r.extension;
             const auto frames = [&r, &extension](const QString &root) {
@@ -148,7 +166,7 @@ private:
             };
             const QString root = unusedName(own, m_taken, frames);
             for (qsizetype i = 0; i < r.files.size(); ++i)
-                add(root + QString::number(i + 1) + extension, resolveThemePath(r.files.at(i)));
+                add(root + QString::number(i + 1) + extension, windowsPath(from + r.files.at(i)));
             const AnimatedElement *e = elementWithRoot(r.key);
             m_doc.setText(QLatin1StringView(e->rootField), root);
             m_doc.setText(QLatin1StringView(e->imageField), root + QStringLiteral("1") + extension);
@@ -159,7 +177,7 @@ private:
             const QString name =
                 unusedName(stem, m_taken, [&extension](const QString &n) { return QStringList{n + extension}; })
                 + extension;
-            add(name, resolveThemePath(r.name));
+            add(name, windowsPath(from + r.name));
             m_doc.setText(r.key, name);
             if (r.kind == FileKind::Music)
                 m_doc.setMusicFolder(m_doc.packageFolder());
@@ -182,9 +200,25 @@ private:
     QList<PackageEntry> m_entries;
     QSet<QString> m_taken; // lower case
     QSet<QString> m_added;
+    QSet<QString> m_relinked; // the keys whose files go in under their own names
 };
 
 } // namespace
+
+QList<FileReference> referencesToRelink(const ThemeDocument &doc, const QString &from)
+{
+    QList<FileReference> found;
+    for (const FileReference &r : referencedFiles(doc)) {
+        if (r.kind == FileKind::ResourcePackage || r.kind == FileKind::SkinFile || r.name.isEmpty())
+            continue;
+        const bool away = isAbsoluteThemePath(r.name)
+                          || std::any_of(r.files.cbegin(), r.files.cend(),
+                                         [&from](const QString &f) { return leadsOutOfFolder(from, f); });
+        if (away)
+            found.append(r);
+    }
+    return found;
+}
 
 QString defaultBuildSource(const ThemeDocument &doc)
 {

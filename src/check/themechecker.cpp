@@ -10,6 +10,7 @@
 #include "document/themedocument.h"
 #include "document/themeloader.h"
 #include "document/themesections.h"
+#include "package/zipdirectory.h"
 #include "preview/framesequence.h"
 #include "preview/framesettings.h"
 #include "preview/loadingsurface.h"
@@ -101,9 +102,9 @@ QString foreignImageKind(const QString &path)
 }
 
 /** A package entry or a stored name as Windows compares them. */
-QString windowsName(QString name)
+QString windowsName(const QString &name)
 {
-    return name.replace(u'\\', u'/').toCaseFolded();
+    return entryNameParts(name).value_or(QStringList{name}).join(u'/').toCaseFolded();
 }
 
 class Checker
@@ -131,6 +132,7 @@ public:
             text(key);
         description();
         for (const FileReference &r : m_references) {
+            leavesFolder(r, false);
             if (isAbsoluteThemePath(r.name))
                 add(m_typeOne ? Severity::Error : Severity::Warning, "path-absolute", r.key, r.name,
                     QStringLiteral("\"%1\" is an absolute path: it will not exist on the player's machine")
@@ -141,6 +143,8 @@ public:
     void files()
     {
         for (const FileReference &r : m_references) {
+            if (leavesFolder(r, true))
+                continue;
             if (r.kind == FileKind::FrameSequence) {
                 const AnimatedElement *e = elementWithRoot(r.key);
                 const QLatin1StringView caption(e->caption);
@@ -178,6 +182,27 @@ private:
     void add(Severity severity, const char *code, const QString &field, const QString &file, const QString &text)
     {
         m_found.add({severity, text, field, file, QLatin1StringView(code), {}});
+    }
+
+    /**
+     * Reports a reference that leads out of the folder it is looked up in (a package cannot hold
+     * it) once: by its name alone, or also through links on the disk when \a followLinks.
+     */
+    bool leavesFolder(const FileReference &r, bool followLinks)
+    {
+        if (m_outside.contains(r.key))
+            return true;
+        const QString folder = r.kind == FileKind::Music ? m_doc.musicFolder() : m_doc.packageFolder();
+        const QString lookIn = followLinks ? folder : QString();
+        const auto outside = std::find_if(r.files.cbegin(), r.files.cend(),
+                                          [&lookIn](const QString &f) { return leadsOutOfFolder(lookIn, f); });
+        if (r.kind == FileKind::ResourcePackage || outside == r.files.cend())
+            return false;
+        m_outside.insert(r.key);
+        add(m_typeOne ? Severity::Error : Severity::Warning, "path-outside", r.key, *outside,
+            QStringLiteral("%1 \"%2\" lies outside the folder %3: a package cannot hold it under that name")
+                .arg(captionOf(r.key), *outside, QDir::toNativeSeparators(folder)));
+        return true;
     }
 
     void droppedSections()
@@ -367,6 +392,7 @@ private:
     const bool m_typeOne;
     const bool m_contents; // false: files are only looked for, not read
     const QList<FileReference> m_references;
+    QSet<QString> m_outside; // keys reported as path-outside
     Report m_found;
 };
 

@@ -66,3 +66,26 @@ QString resolveThemePath(const QString &path)
     }
     return found;
 }
+
+bool leadsOutOfFolder(const QString &folder, const QString &name)
+{
+    if (isAbsoluteThemePath(name))
+        return false;
+    if (name.size() >= 2 && name.at(1) == u':' && name.at(0).isLetter() && name.at(0).unicode() < 128)
+        return true;
+    int depth = 0;
+    for (const QString &part : QString(name).replace(u'\\', u'/').split(u'/', Qt::SkipEmptyParts)) {
+        if (part == u".." && --depth < 0)
+            return true;
+        if (part != u"." && part != u"..")
+            ++depth;
+    }
+    if (folder.isEmpty())
+        return false;
+    // Links: where the file really is must still lie below where the folder really is.
+    const QString real = QFileInfo(resolveThemePath(folder + u'/' + name)).canonicalFilePath();
+    const QString root = QFileInfo(folder).canonicalFilePath();
+    if (real.isEmpty() || root.isEmpty())
+        return false;
+    return real != root && !real.startsWith(root.endsWith(u'/') ? root : root + u'/');
+}

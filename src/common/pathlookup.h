@@ -24,3 +24,10 @@ qsizetype afterLastSeparator(const QString &path);
  * with a drive letter, a colon and a separator.
  */
 bool isAbsoluteThemePath(const QString &name);
+
+/**
+ * Whether the theme's file \a name, looked up below \a folder, leads out of that folder: it
+ * climbs above it with ".." once "." and ".." are resolved, names a drive ("C:x"), or a link
+ * on the way leads elsewhere. Absolute names are not counted here (isAbsoluteThemePath()).
+ */
+bool leadsOutOfFolder(const QString &folder, const QString &name);

@@ -38,17 +38,16 @@ bool BuildCommand::build()
         m_dialogs.show(m_commands.takeReport());
         return false;
     }
-    QStringList absolute;
-    for (const FileReference &r : referencedFiles(m_doc)) {
-        if (r.kind != FileKind::ResourcePackage && isAbsoluteThemePath(r.name))
-            absolute << QStringLiteral("%1: %2").arg(r.key, QDir::toNativeSeparators(r.name));
-    }
+    QStringList away;
+    for (const FileReference &r : referencesToRelink(m_doc, defaultBuildSource(m_doc)))
+        away << QStringLiteral("%1: %2").arg(r.key, isAbsoluteThemePath(r.name) ? QDir::toNativeSeparators(r.name) : r.name);
     const bool relink =
-        !absolute.isEmpty()
-        && m_dialogs.askYesNo(caption, QStringLiteral("These files are named by absolute paths, which will not exist on "
-                                                      "the player's machine:\n\n%1\n\nStore them in the package under "
-                                                      "their own names and change the fields to those names?")
-                                           .arg(absolute.join(u'\n')))
+        !away.isEmpty()
+        && m_dialogs.askYesNo(caption, QStringLiteral("These files are named by absolute paths or lie outside the package "
+                                                      "folder, which the player's machine will not have:\n\n%1\n\nStore "
+                                                      "them in the package under their own names and change the fields to "
+                                                      "those names?")
+                                           .arg(away.join(u'\n')))
                == Dialogs::Answer::Yes;
 
     // The progress dialog lets events through while it writes: no second build may start then.

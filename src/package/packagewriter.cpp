@@ -1,7 +1,9 @@
 #include "package/packagewriter.h"
 
 #include "common/ansitext.h"
+#include "common/pathlookup.h"
 #include "common/safefile.h"
+#include "package/zipdirectory.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -49,7 +51,7 @@ bool collectFiles(const QStringList &files, const QString &root, QList<PackageEn
         const QFileInfo info(file);
         const QString name = rootDir.relativeFilePath(info.absoluteFilePath());
         if (name.isEmpty() || name == u"." || name == u".." || name.startsWith(u"../")
-            || QDir::isAbsolutePath(name))
+            || QDir::isAbsolutePath(name) || leadsOutOfFolder(rootDir.path(), name))
             return fail(error, QStringLiteral("%1 is not inside the folder %2.")
                                    .arg(file, QDir::toNativeSeparators(rootDir.path())));
         if (!info.isFile())
@@ -123,6 +125,14 @@ bool writeResourcePackage(const QString &zipPath, const QStringList &files, cons
 bool writePackageEntries(const QString &zipPath, const QList<PackageEntry> &packed, QString *error,
                          const PackageProgress &progress, const PackageWriteOptions &options)
 {
+    // Whatever asked for it, no entry may unpack outside the folder it is unpacked into.
+    for (const PackageEntry &entry : packed) {
+        const std::optional<QStringList> parts = entryNameParts(entry.name);
+        if (!parts || parts->isEmpty())
+            return fail(error, QStringLiteral("%1 cannot be stored in a package: the name points outside the "
+                                              "folder it unpacks into.")
+                                   .arg(entry.name));
+    }
     SafeFile out(zipPath);
     if (!out.open())
         return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));

@@ -4,6 +4,8 @@
 #include "common/dialogs.h"
 #include "common/pathlookup.h"
 #include "common/safefile.h"
+#include "package/deflate64.h"
+#include "package/zipdirectory.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -15,6 +17,7 @@
 #include <archive_entry.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <map>
@@ -50,26 +53,7 @@ QString sizeText(qint64 bytes)
     return QStringLiteral("%1 bytes").arg(bytes);
 }
 
-/**
- * The entry's place below the package folder as clean "/"-separated parts, or nothing when
- * the name (already with "/" only) points outside it: absolute names, drive letters, "..".
- */
-std::optional<QStringList> safeParts(const QString &name)
-{
-    if (name.startsWith(u'/'))
-        return std::nullopt;
-    if (name.size() >= 2 && name.at(1) == u':' && name.at(0).isLetter())
-        return std::nullopt;
-    QStringList parts;
-    for (const QString &part : name.split(u'/', Qt::SkipEmptyParts)) {
-        if (part == u"..")
-            return std::nullopt;
-        if (part != u".")
-            parts.append(part);
-    }
-    return parts;
-}
-
+/** The name of an entry the archive's directory does not list, as libarchive read it. */
 QString entryName(archive_entry *entry)
 {
     if (const char *utf8 = archive_entry_pathname_utf8(entry))
@@ -78,6 +62,27 @@ QString entryName(archive_entry *entry)
     if (const char *raw = archive_entry_pathname(entry))
         return AnsiText::decode(QByteArray(raw));
     return {};
+}
+
+constexpr quint16 deflate64Method = 9;
+constexpr quint16 encryptedFlag = 1;
+
+quint32 updateCrc32(quint32 crc, const char *data, qint64 size)
+{
+    static const std::array<quint32, 256> table = [] {
+        std::array<quint32, 256> t {};
+        for (quint32 n = 0; n < 256; ++n) {
+            quint32 c = n;
+            for (int k = 0; k < 8; ++k)
+                c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
+            t[n] = c;
+        }
+        return t;
+    }();
+    crc = ~crc;
+    for (qint64 i = 0; i < size; ++i)
+        crc = table[(crc ^ quint8(data[i])) & 0xFF] ^ (crc >> 8);
+    return ~crc;
 }
 
 /** A descriptor that closes itself. */
@@ -330,8 +335,12 @@ private:
 
     static const char *askPassword(archive *, void *client);
     Step extractEntry(archive_entry *entry);
-    Step extractFile(archive_entry *entry, const QStringList &parts);
+    Step extractFile(archive_entry *entry, const QStringList &parts, const ZipRecord *record);
     Outcome copyData(EntryOutput &out, const QString &name, bool encrypted);
+    Outcome copyDeflate64(EntryOutput &out, const QString &name, const ZipRecord &record);
+    /** The directory's record of the entry libarchive has just read, if it lists one. */
+    const ZipRecord *currentRecord();
+    bool fitsUnderCap(qint64 size);
     /** The folder of \a parts below the package folder, made when missing; -1 after a note. */
     int folderFor(const QStringList &parts, const QString &shownName);
     void finish(bool stopped);
@@ -340,6 +349,9 @@ private:
     Dialogs &m_dialogs;
     const ExtractOptions &m_options;
     std::unique_ptr<archive, ArchiveReadDeleter> m_in;
+    // The archive as Info-ZIP reads it: its directory for names and sizes, its bytes for Deflate64.
+    QFile m_file;
+    std::map<quint64, ZipRecord> m_records;   // by local header offset
     int m_root = -1;
     std::map<QString, Folder> m_folders;                        // by "/"-joined parts
     std::vector<std::pair<int, QByteArray>> m_createdFolders;   // parent, name: undone on a stop
@@ -381,6 +393,11 @@ QString Extraction::run(const QString &archivePath, int folder)
     if (!QFileInfo(archivePath).isFile())
         return QStringLiteral("The file does not exist.");
     m_root = folder;
+    m_file.setFileName(archivePath);
+    if (m_file.open(QIODevice::ReadOnly)) {
+        for (const ZipRecord &record : readZipDirectory(m_file).value_or(QList<ZipRecord>()))
+            m_records.emplace(record.localHeaderOffset, record);
+    }
 
     m_in.reset(archive_read_new());
     archive_read_support_format_zip(m_in.get());
@@ -451,10 +468,28 @@ int Extraction::folderFor(const QStringList &parts, const QString &shownName)
     return parent;
 }
 
+const ZipRecord *Extraction::currentRecord()
+{
+    // libarchive reads the first local header at or after this position.
+    const la_int64_t position = archive_read_header_position(m_in.get());
+    const auto found = m_records.lower_bound(quint64(std::max<la_int64_t>(position, 0)));
+    if (found == m_records.end())
+        return nullptr;
+    const qint64 gap = qint64(found->first) - position;
+    if (gap > 0) {
+        if (gap > 1024 * 1024 || !m_file.seek(position))
+            return nullptr;
+        if (m_file.read(gap + 4).indexOf(QByteArrayLiteral("PK\x03\x04")) != gap)
+            return nullptr;
+    }
+    return &found->second;
+}
+
 Extraction::Step Extraction::extractEntry(archive_entry *entry)
 {
-    const QString name = entryName(entry).replace(u'\\', u'/');
-    const std::optional<QStringList> parts = safeParts(name);
+    const ZipRecord *record = currentRecord();
+    const QString name = (record ? record->text() : entryName(entry)).replace(u'\\', u'/');
+    const std::optional<QStringList> parts = entryNameParts(name);
     if (!parts) {
         note(QStringLiteral("The entry %1 points outside the package folder and was skipped.").arg(name));
         return Step::Next;
@@ -469,12 +504,12 @@ Extraction::Step Extraction::extractEntry(archive_entry *entry)
         return Step::Next;
     }
     if (type == AE_IFREG)
-        return extractFile(entry, *parts);
+        return extractFile(entry, *parts, record);
     folderFor(*parts, parts->join(u'/'));
     return Step::Next;
 }
 
-Extraction::Step Extraction::extractFile(archive_entry *entry, const QStringList &parts)
+Extraction::Step Extraction::extractFile(archive_entry *entry, const QStringList &parts, const ZipRecord *record)
 {
     const QString shownName = parts.join(u'/');
     const int folder = folderFor(parts.mid(0, parts.size() - 1), shownName);
@@ -484,7 +519,10 @@ Extraction::Step Extraction::extractFile(archive_entry *entry, const QStringList
     EntryOutput out(folder, QFile::encodeName(parts.last()), !m_pendingNames.contains(shownName));
     // libarchive 3.6 calls an empty LZMA entry damaged; an entry of no bytes has nothing to read.
     const bool empty = archive_entry_size_is_set(entry) && archive_entry_size(entry) == 0;
-    const Outcome outcome = empty ? Outcome::Done : copyData(out, shownName, archive_entry_is_encrypted(entry));
+    const bool deflate64 = record && record->method == deflate64Method;
+    const Outcome outcome = empty       ? Outcome::Done
+                            : deflate64 ? copyDeflate64(out, shownName, *record)
+                                        : copyData(out, shownName, archive_entry_is_encrypted(entry));
     if (outcome == Outcome::Stopped)
         return Step::Stop;
     if (outcome == Outcome::Failed)
@@ -516,17 +554,74 @@ Extraction::Outcome Extraction::copyData(EntryOutput &out, const QString &name, 
                            : QStringLiteral("It is damaged at %1.").arg(name));
             return Outcome::Failed;
         }
-        if (qint64(size) > m_options.maxBytes - m_written) {
-            m_reason = QStringLiteral("Extraction stopped: the package would write more than %1.")
-                           .arg(sizeText(m_options.maxBytes));
+        if (!fitsUnderCap(qint64(size)))
             return Outcome::Stopped;
-        }
         if (!out.add(static_cast<const char *>(block), qint64(size))) {
             note(QStringLiteral("Could not write %1: %2").arg(name, out.errorString()));
             return Outcome::Failed;
         }
         m_written += qint64(size);
     }
+}
+
+bool Extraction::fitsUnderCap(qint64 size)
+{
+    if (size <= m_options.maxBytes - m_written)
+        return true;
+    m_reason = QStringLiteral("Extraction stopped: the package would write more than %1.").arg(sizeText(m_options.maxBytes));
+    return false;
+}
+
+// libarchive has no Deflate64: the entry's bytes are read from the file and inflated here.
+Extraction::Outcome Extraction::copyDeflate64(EntryOutput &out, const QString &name, const ZipRecord &record)
+{
+    if (record.flags & encryptedFlag) {
+        note(QStringLiteral("%1 is encrypted and compressed with Deflate64, which cannot be unpacked here.").arg(name));
+        return Outcome::Failed;
+    }
+    const QString damaged = QStringLiteral("It is damaged at %1.").arg(name);
+    const std::optional<quint64> start = zipDataOffset(m_file, record);
+    if (!start || !m_file.seek(qint64(*start))) {
+        note(damaged);
+        return Outcome::Failed;
+    }
+    quint64 left = record.compressedSize;
+    const ByteSource in = [&](char *buffer, qint64 size) {
+        const qint64 got = m_file.read(buffer, qint64(std::min<quint64>(quint64(size), left)));
+        left -= quint64(std::max<qint64>(got, 0));
+        return got;
+    };
+    quint32 crc = 0;
+    quint64 total = 0;
+    bool capped = false;
+    bool writeFailed = false;
+    const ByteSink sink = [&](const char *data, qint64 size) {
+        if (!fitsUnderCap(size)) {
+            capped = true;
+            return false;
+        }
+        if (!out.add(data, size)) {
+            writeFailed = true;
+            return false;
+        }
+        m_written += size;
+        total += quint64(size);
+        crc = updateCrc32(crc, data, size);
+        return true;
+    };
+    const InflateOutcome outcome = inflateDeflate64(in, sink);
+    if (capped)
+        return Outcome::Stopped;
+    if (writeFailed) {
+        note(QStringLiteral("Could not write %1: %2").arg(name, out.errorString()));
+        return Outcome::Failed;
+    }
+    // Info-ZIP checks both as well.
+    if (outcome != InflateOutcome::Done || crc != record.crc || total != record.size) {
+        note(damaged);
+        return Outcome::Failed;
+    }
+    return Outcome::Done;
 }
 
 } // namespace
@@ -575,20 +670,17 @@ UnpackReport extractResourcePackage(const QString &packagePath, Dialogs &dialogs
 std::optional<QStringList> packageEntryNames(const QString &packagePath)
 {
     // The central directory alone: no entry is read, so encrypted ones need no password.
-    const std::unique_ptr<archive, ArchiveReadDeleter> in(archive_read_new());
-    archive_read_support_format_zip_seekable(in.get());
-    if (archive_read_open_filename(in.get(), QFile::encodeName(resolveThemePath(packagePath)).constData(),
-                                   64 * 1024) != ARCHIVE_OK)
+    QFile file(resolveThemePath(packagePath));
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const std::optional<QList<ZipRecord>> records = readZipDirectory(file);
+    if (!records)
         return std::nullopt;
     QStringList names;
-    archive_entry *entry = nullptr;
-    int status = ARCHIVE_OK;
-    while ((status = archive_read_next_header(in.get(), &entry)) == ARCHIVE_OK || status == ARCHIVE_WARN) {
-        const std::optional<QStringList> parts = safeParts(entryName(entry).replace(u'\\', u'/'));
-        if (parts && !parts->isEmpty() && archive_entry_filetype(entry) == AE_IFREG && !archive_entry_hardlink(entry))
+    for (const ZipRecord &record : *records) {
+        const std::optional<QStringList> parts = entryNameParts(record.text().replace(u'\\', u'/'));
+        if (parts && !parts->isEmpty() && record.isFile())
             names.append(parts->join(u'/'));
     }
-    if (status != ARCHIVE_EOF)
-        return std::nullopt;
     return names;
 }

@@ -2,6 +2,7 @@
 
 #include "common/runprogram.h"
 #include "common/testfiles.h"
+#include "package/rawzip.h"
 
 #include <QImage>
 #include <QJsonArray>
@@ -274,6 +275,55 @@ private slots:
             QCOMPARE(QFile::exists(m_dir.filePath(QStringLiteral("B.zip"))), false);
         if (args.contains(QStringLiteral("--json")))
             QVERIFY(QJsonDocument::fromJson(r.out).isArray());
+    }
+
+    void buildPacksNothingFromOutsideItsFolder_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("relink");
+        for (const char *name : {"../secret.txt", "a/../../secret.txt", "./../secret.txt", "..\\secret.txt",
+                                 "leak.txt", "linked/secret.txt"}) {
+            QTest::addRow("%s", name) << QString::fromLatin1(name) << false;
+            QTest::addRow("%s, --relink", name) << QString::fromLatin1(name) << true;
+        }
+    }
+
+    void buildPacksNothingFromOutsideItsFolder()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, relink);
+        // A folder per row: the theme, its art, private files beside the art and links to them.
+        static int row = 0;
+        const QString folder = QStringLiteral("hostile-%1").arg(++row);
+        QVERIFY(writeFile(m_dir.filePath(folder + "/secret.txt"), "private"));
+        QVERIFY(writeFile(m_dir.filePath(folder + "/outside/secret.txt"), "private"));
+        QVERIFY(writeFile(m_dir.filePath(folder + "/art/main.txt"), "art"));
+        QVERIFY(QFile::link(m_dir.filePath(folder + "/secret.txt"), m_dir.filePath(folder + "/art/leak.txt")));
+        QVERIFY(QFile::link(m_dir.filePath(folder + "/outside"), m_dir.filePath(folder + "/art/linked")));
+        const QString theme = folder + "/H.skt";
+        QCOMPARE(cli({"new", "-s", "resourcefile=H.zip", "-s", "includeinterface=1", "-s", "ifacemain=" + name,
+                      "-s", "ifaceoptions=main.txt", "-o", theme})
+                     .status,
+                 0);
+        QStringList args{"build", theme, "--from", folder + "/art"};
+        if (relink)
+            args << "--relink";
+
+        const ProgramRun r = cli(args);
+
+        const QString package = m_dir.filePath(folder + "/H.zip");
+        if (!relink) {
+            QCOMPARE(r.status, 1);
+            QVERIFY2(r.err.contains("error path-outside ifacemain: ") && r.err.contains(name.toUtf8()), r.err.constData());
+            QVERIFY(!QFile::exists(package));
+            return;
+        }
+        QCOMPARE(r.status, 0);
+        // Stored under its own name, whatever way led to it.
+        const QByteArray own = name.mid(std::max(name.lastIndexOf(u'/'), name.lastIndexOf(u'\\')) + 1).toUtf8();
+        QVERIFY2(r.out.contains("relinked ifacemain: " + own + '\n'), r.out.constData());
+        QVERIFY(fileBytes(theme).contains("\r\nifacemain=" + own + "\r\n"));
+        QCOMPARE(RawZip::centralNames(readFile(package)), (QList<QByteArray>{own, "main.txt"}));
     }
 };
 

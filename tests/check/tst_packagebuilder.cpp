@@ -6,6 +6,7 @@
 #include "document/themedocument.h"
 #include "document/themefilewriter.h"
 #include "document/themeloader.h"
+#include "package/rawzip.h"
 #include "package/resourcepackage.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
@@ -61,9 +62,17 @@ class PackageBuilderTest : public QObject
     QString prepare(ThemeDocument &doc, const Fields &edits = {})
     {
         const QString root = m_dir.filePath(QStringLiteral("row%1").arg(++m_rows));
+        // A temporary folder that exists: else packages would go to the real cache folder.
+        QDir().mkpath(root + QStringLiteral("/tmp"));
         qputenv("TMPDIR", QFile::encodeName(root + QStringLiteral("/tmp")));
         for (const auto &[name, bytes] : art)
             writeFile(root + QStringLiteral("/art/") + name, bytes);
+        // Private files beside the art folder, and links in it that lead to them.
+        writeFile(root + QStringLiteral("/secret.wav"), "private");
+        writeFile(root + QStringLiteral("/outside/secret.wav"), "private too");
+        writeFile(root + QStringLiteral("/art/secret.wav"), "the art's own");
+        QFile::link(root + QStringLiteral("/secret.wav"), root + QStringLiteral("/art/leak.wav"));
+        QFile::link(root + QStringLiteral("/outside"), root + QStringLiteral("/art/linked"));
         ThemeDocument saved;
         saved.resetTheme();
         setFields(saved, baseFields + edits, root);
@@ -136,6 +145,20 @@ private slots:
         QTest::newRow("absolute and missing, relinked") << Fields{{"rotate", "%DIR%/nowhere/x.wav"}} << true
                                                         << QStringList{"file-missing rotate"} << Fields{};
         QTest::newRow("Type 0") << Fields{{"themetype", "0"}} << false << QStringList{"themetype"} << Fields{};
+        // Names that lead out of the folder: refused as absolute ones are, or stored under their own names.
+        for (const char *name : {"../secret.wav", "gfx/../../secret.wav", "./../secret.wav", "..\\secret.wav",
+                                 "leak.wav", "linked/secret.wav"}) {
+            QTest::addRow("%s", name) << Fields{{"rotate", name}} << false << QStringList{"path-outside rotate"}
+                                      << Fields{};
+            QTest::addRow("%s relinked", name) << Fields{{"rotate", name}} << true << QStringList{}
+                                               << Fields{{"rotate", qstrcmp(name, "leak.wav") == 0 ? "leak.wav" : "secret.wav"}};
+        }
+        QTest::newRow("climb relinked beside a name in use")
+            << Fields{{"drop", "secret.wav"}, {"rotate", "../secret.wav"}} << true << QStringList{}
+            << Fields{{"rotate", "secret-2.wav"}, {"drop", "secret.wav"}};
+        QTest::newRow("frames out of the folder relinked")
+            << Fields{{"bgfilename", "../art/gfx/bg"}} << true << QStringList{}
+            << Fields{{"bgfilename", "bg"}, {"bgimage", "bg1.png"}};
     }
 
     void refusedOrRelinked()
@@ -148,6 +171,10 @@ private slots:
         const QString root = prepare(doc, edits);
         const BuildReport built = buildResourcePackage(doc, {root + QStringLiteral("/art"), {}, relink});
         QCOMPARE(codes(built), problems);
+        for (const Problem &p : built.problems) {
+            if (p.code == u"path-outside")
+                QVERIFY2(!p.file.isEmpty() && p.text.contains(p.file), qPrintable(p.text));
+        }
         QCOMPARE(built.written, !after.isEmpty());
         QCOMPARE(QFile::exists(root + QStringLiteral("/Art.zip")), built.written);
         for (const auto &[key, value] : after)
@@ -156,6 +183,17 @@ private slots:
             const QStringList entries = packageEntryNames(built.package).value_or(QStringList());
             for (const auto &[key, value] : after)
                 QVERIFY2(key == u"bgfilename" || entries.contains(value), qPrintable(value));
+            for (const QByteArray &name : RawZip::centralNames(readFile(built.package)))
+                QVERIFY2(!RawZip::leadsOutside(name), name.constData());
+            // A relinked sound carries the bytes its old name led to.
+            ScriptedDialogs dialogs;
+            const QString unpacked = extractResourcePackage(built.package, dialogs).location.folder;
+            QString rotate;
+            for (const auto &[key, value] : edits)
+                rotate = key == u"rotate" ? value : rotate;
+            if (rotate.contains(QStringLiteral("secret")) || rotate == u"leak.wav")
+                QCOMPARE(readFile(unpacked + doc.value(u"rotate")),
+                         rotate.startsWith(u"linked") ? QByteArray("private too") : QByteArray("private"));
         }
     }
 
@@ -174,7 +212,7 @@ private slots:
         QVERIFY(!built.written);
         QCOMPARE(calls, 2); // 5 entries: stopped after the second
         QCOMPARE(readFile(zip), QByteArray("the old package"));
-        QCOMPARE(QDir(root).entryList(QDir::Files | QDir::Hidden), (QStringList{"Art.zip", "Theme.skt"}));
+        QCOMPARE(QDir(root).entryList(QDir::Files | QDir::Hidden), (QStringList{"Art.zip", "secret.wav", "Theme.skt"}));
     }
 };
 

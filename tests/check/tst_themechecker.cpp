@@ -131,6 +131,17 @@ private slots:
             << Fields{{"themetype", "0"}, {"includesounds", "0"}, {"includemusic", "0"},
                       {"ifacemain", "%DIR%/files/main.bmp"}}
             << Files{} << none << Fields{} << QStringList{"warning path-absolute ifacemain"};
+        // Links that lead out are found by the same check, seen from the build of an art folder.
+        for (const char *name : {"../main.png", "gfx/../../main.png", "./../main.png", "..\\main.png"})
+            QTest::addRow("path-outside %s", name)
+                << Fields{{"ifacemain", name}} << Files{} << none << Fields{}
+                << QStringList{"error path-outside ifacemain", "warning file-unused resourcefile"};
+        QTest::newRow("path-outside before any build")
+            << Fields{{"resourcefile", "Nope.zip"}, {"ifacemain", "../main.png"}} << Files{} << none << Fields{}
+            << QStringList{"error package-missing resourcefile", "error path-outside ifacemain"};
+        QTest::newRow("path-outside type 0")
+            << Fields{{"themetype", "0"}, {"includesounds", "0"}, {"includemusic", "0"}, {"ifacemain", "../main.png"}}
+            << Files{} << none << Fields{} << QStringList{"warning path-outside ifacemain"};
         QTest::newRow("frame-size") << Fields{} << Files{{"bg2.bmp", bmp(100, 100)}} << none << Fields{}
                                     << QStringList{"warning frame-size bgfilename"};
         QTest::newRow("frame-limit") << Fields{{"bgframecount", "95"}} << manyFrames << none << Fields{}

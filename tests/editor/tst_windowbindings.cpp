@@ -14,6 +14,7 @@
 #include "preview/previewtesthelpers.h"
 #include "preview/ticktimer.h"
 #include "package/packagewriter.h"
+#include "package/rawzip.h"
 #include "package/resourcepackage.h"
 #include "sound/soundsystem.h"
 
@@ -192,9 +193,16 @@ private slots:
         QTest::addColumn<QString>("rotate");   // %ART% for the art folder
         QTest::addColumn<int>("relinkAnswer"); // -1: no question is asked
         QTest::addColumn<QString>("stored");   // rotate once built; "" when nothing was built
-        QTest::newRow("art folder") << "r.wav" << -1 << "r.wav";
-        QTest::newRow("absolute, relinked") << "%ART%r.wav" << int(Dialogs::Answer::Yes) << "r.wav";
-        QTest::newRow("absolute, kept") << "%ART%r.wav" << int(Dialogs::Answer::No) << "";
+        QTest::addColumn<QString>("refusal");  // what the message says when nothing was built
+        const int yes = int(Dialogs::Answer::Yes), no = int(Dialogs::Answer::No);
+        QTest::newRow("art folder") << "r.wav" << -1 << "r.wav" << "";
+        QTest::newRow("absolute, relinked") << "%ART%r.wav" << yes << "r.wav" << "";
+        QTest::newRow("absolute, kept") << "%ART%r.wav" << no << "" << "absolute path";
+        // private.wav lies beside the art folder; out.wav in it is a link to it.
+        QTest::newRow("climb, relinked") << "..\\private.wav" << yes << "private.wav" << "";
+        QTest::newRow("climb, kept") << "../private.wav" << no << "" << "\"../private.wav\" lies outside the folder";
+        QTest::newRow("link leading out, relinked") << "out.wav" << yes << "out.wav" << "";
+        QTest::newRow("link leading out, kept") << "out.wav" << no << "" << "\"out.wav\" lies outside the folder";
     }
 
     // A new theme from a folder of art: saved through Save As, then packed beside it.
@@ -203,9 +211,12 @@ private slots:
         QFETCH(QString, rotate);
         QFETCH(int, relinkAnswer);
         QFETCH(QString, stored);
+        QFETCH(QString, refusal);
         QTemporaryDir dir;
         const QString art = dir.filePath(QStringLiteral("art/"));
         QVERIFY(writeFile(art + QStringLiteral("r.wav"), "RIFF"));
+        QVERIFY(writeFile(dir.filePath(QStringLiteral("private.wav")), "private"));
+        QVERIFY(QFile::link(dir.filePath(QStringLiteral("private.wav")), art + QStringLiteral("out.wav")));
         Editor e;
         e.dialogs.folders.enqueue(art);
         e.control<QAction>(QStringLiteral("mnuArtFolder"))->trigger();
@@ -221,10 +232,18 @@ private slots:
         const QString zip = dir.filePath(QStringLiteral("art.zip"));
         QCOMPARE(QFile::exists(zip), !stored.isEmpty());
         QCOMPARE(e.doc.value(u"rotate"), stored.isEmpty() ? rotate : stored);
+        const auto asked = std::find_if(e.dialogs.messages.cbegin(), e.dialogs.messages.cend(), [](const auto &m) {
+            return m.kind == ScriptedDialogs::Kind::Question && m.title == u"Build Resource Package";
+        });
+        QCOMPARE(asked != e.dialogs.messages.cend(), relinkAnswer >= 0);
+        if (relinkAnswer >= 0) // the question names the field and the file
+            QVERIFY2(asked->text.contains(QStringLiteral("\nrotate: ") + rotate + u'\n'), qPrintable(asked->text));
         if (stored.isEmpty()) {
-            QVERIFY(e.dialogs.messageLines().last().contains(QStringLiteral("absolute path")));
+            QVERIFY2(e.dialogs.messageLines().last().contains(refusal), qPrintable(e.dialogs.messageLines().last()));
             return;
         }
+        for (const QByteArray &name : RawZip::centralNames(readFile(zip)))
+            QVERIFY2(!RawZip::leadsOutside(name), name.constData());
         QCOMPARE(packageEntryNames(zip).value_or(QStringList()), QStringList{stored});
         QCOMPARE(e.doc.packageFolder(), QDir::cleanPath(art) + u'/'); // previews keep following the art
         QVERIFY(readFile(theme).contains("rotate=" + stored.toLatin1()));

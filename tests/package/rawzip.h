@@ -21,6 +21,8 @@ struct Entry {
     bool badCrc = false;
     quint32 method = 0;       // 0 stored; otherwise \a compressed is written as the entry's bytes
     QByteArray compressed {};
+    quint32 host = 3;         // "version made by": 0 MS-DOS, 3 Unix, 6 OS/2, 11 NTFS
+    bool utf8 = false;        // the flag that marks the name as UTF-8
 };
 
 inline quint32 crc32(const QByteArray &bytes)
@@ -45,7 +47,8 @@ inline QByteArray build(const QList<Entry> &entries)
         const quint32 size = quint32(e.data.size());
         const QByteArray &bytes = e.method == 0 ? e.data : e.compressed;
         const quint32 storedSize = quint32(bytes.size());
-        const quint32 flags = e.method == 14 ? 2 : 0;   // LZMA with an end marker, as Python writes it
+        const quint32 flags = (e.method == 14 ? 2 : 0)   // LZMA with an end marker, as Python writes it
+                              | (e.utf8 ? 1 << 11 : 0);
         const quint32 nameSize = quint32(e.name.size());
         const quint32 mode = e.kind == Kind::Symlink ? 0120777 : e.kind == Kind::Directory ? 040755 : 0100644;
         const quint32 attributes = (mode << 16) | (e.kind == Kind::Directory ? 0x10 : 0);
@@ -55,9 +58,9 @@ inline QByteArray build(const QList<Entry> &entries)
                               {crc, 4}, {storedSize, 4}, {size, 4}, {nameSize, 2}, {0, 2}});
         out.append(e.name).append(bytes);
 
-        // Central entry: made on Unix (so the mode counts), then as above, comment, disk,
-        // internal and external attributes, local header offset.
-        putLittleEndian(central, {{0x02014b50, 4}, {(3u << 8) | 63, 2}, {63, 2}, {flags, 2}, {e.method, 2},
+        // Central entry: made on its host (on Unix the mode counts), then as above, comment,
+        // disk, internal and external attributes, local header offset.
+        putLittleEndian(central, {{0x02014b50, 4}, {(e.host << 8) | 63, 2}, {63, 2}, {flags, 2}, {e.method, 2},
                                   {0, 2}, {date, 2}, {crc, 4}, {storedSize, 4}, {size, 4}, {nameSize, 2},
                                   {0, 2}, {0, 2}, {0, 2}, {0, 2}, {attributes, 4}, {offset, 4}});
         central.append(e.name);
@@ -68,6 +71,38 @@ inline QByteArray build(const QList<Entry> &entries)
     putLittleEndian(out, {{0x06054b50, 4}, {0, 2}, {0, 2}, {count, 2}, {count, 2},
                           {quint32(central.size()), 4}, {centralOffset, 4}, {0, 2}});
     return out;
+}
+
+/** The names a zip archive's central directory lists, read without the program's own zip code. */
+inline QList<QByteArray> centralNames(const QByteArray &zip)
+{
+    const auto at = [&zip](qsizetype offset, int size) {
+        quint32 value = 0;
+        for (int i = size - 1; i >= 0; --i)
+            value = (value << 8) | quint8(zip.at(offset + i));
+        return value;
+    };
+    const qsizetype end = zip.lastIndexOf(QByteArrayLiteral("PK\x05\x06"));
+    QList<QByteArray> names;
+    if (end < 0)
+        return names;
+    qsizetype record = at(end + 16, 4);
+    for (quint32 n = at(end + 10, 2); n > 0 && at(record, 4) == 0x02014b50; --n) {
+        const quint32 nameSize = at(record + 28, 2);
+        names.append(zip.mid(record + 46, nameSize));
+        record += 46 + nameSize + at(record + 30, 2) + at(record + 32, 2);
+    }
+    return names;
+}
+
+/** Whether an entry name unpacks outside its folder anywhere: absolute, a drive letter, a ".." part. */
+inline bool leadsOutside(const QByteArray &name)
+{
+    if (name.startsWith('/') || name.startsWith('\\') || (name.size() >= 2 && name.at(1) == ':'))
+        return true;
+    QByteArray parts = name;
+    parts.replace('\\', '/');
+    return parts.split('/').contains("..");
 }
 
 } // namespace RawZip

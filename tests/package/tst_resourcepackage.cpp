@@ -1,5 +1,8 @@
 #include "package/resourcepackage.h"
 
+#include "common/ansitext.h"
+#include "common/pathlookup.h"
+#include "common/runprogram.h"
 #include "common/scripteddialogs.h"
 #include "common/smalldisk.h"
 #include "common/testfiles.h"
@@ -30,6 +33,17 @@ QStringList makeFiles(const QString &root, const QStringList &names, const QByte
         writeFile(files.last(), content.isNull() ? "content of " + name.toUtf8() : content);
     }
     return files;
+}
+
+/** Bytes no compressor can shorten, the same on every run. */
+QByteArray noise(qsizetype size, quint32 seed)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (char &byte : bytes) {
+        seed = seed * 1103515245u + 12345u;
+        byte = char(seed >> 23);
+    }
+    return bytes;
 }
 
 QString errorLine(const QString &path, const QString &reason)
@@ -147,6 +161,8 @@ private slots:
         QTest::addColumn<QString>("errorStart");
         const PackageWriteOptions plain;
         QTest::newRow("outside the root") << "other/bg1.bmp" << plain << "%1 is not inside the folder ";
+        QTest::newRow("a link leading out of the root") << "src/linked/bg1.bmp" << plain
+                                                        << "%1 is not inside the folder ";
         QTest::newRow("missing file") << "src/none.bmp" << plain << "%1 is not a file that can be packed.";
         QTest::newRow("a folder") << "src/gfx" << plain << "%1 is not a file that can be packed.";
         QTest::newRow("encrypted, no password") << "" << PackageWriteOptions{PackageEncryption::Aes256, {}}
@@ -160,6 +176,7 @@ private slots:
         QFETCH(QString, errorStart);
         QStringList files = makeFiles(work("src"), {"gfx/bg1.bmp"});
         writeFile(work("other/bg1.bmp"), "elsewhere");
+        QVERIFY(QFile::link(work("other"), work("src/linked")));
         if (!badFile.isEmpty())
             files.append(work(badFile));
         const QString package = work("Ice.zip");
@@ -320,6 +337,143 @@ private slots:
         QDirIterator made(m_temp, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
         while (made.hasNext())
             QCOMPARE(QFile::permissions(made.next()) & others, QFile::Permissions());
+    }
+
+    void deflate64UnpacksAsUnzipDoes_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QList<QByteArray>>("contents");
+        QTest::addColumn<bool>("damaged"); // a byte in the middle of the first entry flipped
+        QByteArray text;
+        for (int i = 0; i < 3000; ++i)
+            text += "Frame " + QByteArray::number(i) + " of the falling blocks.\r\n";
+        const QByteArray block = noise(30000, 1);
+        // Each copy of the block can only come from the one 64000 bytes back: distance codes 30 and 31.
+        const QByteArray farMatches = block + noise(34000, 2) + block + noise(34000, 3) + block;
+        // Runs longer than deflate's 258 bytes: length code 285 with its 16 extra bits.
+        const QByteArray longRuns = QByteArray(300000, 'a') + noise(1000, 4) + QByteArray(70000, 'b') + block;
+        QTest::newRow("text") << QStringList{"gfx/readme.txt"} << QList<QByteArray>{text} << false;
+        QTest::newRow("matches up to 64 KiB back") << QStringList{"bg1.bmp"} << QList<QByteArray>{farMatches} << false;
+        QTest::newRow("long runs") << QStringList{"bg2.bmp"} << QList<QByteArray>{longRuns} << false;
+        QTest::newRow("several files and folders")
+            << QStringList{"gfx/bg1.bmp", "snd/drop.wav", "tiny.txt"} << QList<QByteArray>{farMatches, text, text.left(400)}
+            << false;
+        QTest::newRow("damaged") << QStringList{"bg1.bmp"} << QList<QByteArray>{farMatches} << true;
+    }
+
+    void deflate64UnpacksAsUnzipDoes()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(QList<QByteArray>, contents);
+        QFETCH(bool, damaged);
+        for (const auto &[tool, package] : {std::pair("7z", "p7zip-full"), std::pair("unzip", "unzip")}) {
+            if (const QByteArray missing = missingTool(tool, package); !missing.isEmpty())
+                QSKIP(missing.constData());
+        }
+        QStringList expected;
+        for (qsizetype i = 0; i < names.size(); ++i) {
+            QVERIFY(writeFile(work("src/" + names.at(i)), contents.at(i)));
+            expected << names.at(i) + u'=' + QString::fromUtf8(contents.at(i));
+        }
+        expected.sort();
+        const QString package = work("themes/Ice.zip");
+        QVERIFY(QDir().mkpath(work("themes")));
+        const QString before = QDir::currentPath();
+        const auto restore = qScopeGuard([&before] { QDir::setCurrent(before); });
+        QVERIFY(QDir::setCurrent(work("src")));
+        const ProgramRun packed = runProgram("7z", QStringList{"a", "-tzip", "-mm=Deflate64", "-mx=9", package} + names);
+        QVERIFY2(packed.status == 0, packed.err.constData());
+        QDir::setCurrent(before);
+        const ProgramRun listed = runProgram("unzip", {"-v", package});
+        QCOMPARE(listed.out.count("Def64N"), names.size());
+        if (damaged) {
+            QByteArray bytes = readFile(package);
+            bytes[bytes.size() / 3] = char(bytes.at(bytes.size() / 3) ^ 0x5A);
+            QVERIFY(writeFile(package, bytes));
+        }
+        ScriptedDialogs dialogs;
+
+        const UnpackReport unpacked = extractResourcePackage(package, dialogs);
+
+        const ProgramRun unzip = runProgram("unzip", {"-q", package, "-d", work("unzipped")});
+        if (damaged) {
+            QVERIFY(unzip.status != 0);
+            QCOMPARE(unpacked.lines(), QStringList{errorLine(package, "It is damaged at bg1.bmp.")});
+            QCOMPARE(contentsBelow(iceFolder()), QStringList());
+            return;
+        }
+        QCOMPARE(unzip.status, 0);
+        QCOMPARE(unpacked.lines(), QStringList());
+        QCOMPARE(contentsBelow(iceFolder()), contentsBelow(work("unzipped")));
+        QCOMPARE(contentsBelow(iceFolder()), expected);
+        for (qsizetype i = 0; i < names.size(); ++i) { // byte for byte: the lists above read them as text
+            QCOMPARE(readFile(iceFolder() + names.at(i)), readFile(work("unzipped/" + names.at(i))));
+            QVERIFY(readFile(iceFolder() + names.at(i)) == contents.at(i));
+        }
+        // What the checker lists is what was unpacked.
+        QStringList entries = packageEntryNames(package).value_or(QStringList{"unreadable"});
+        QCOMPARE(entries.size(), names.size());
+    }
+
+    void dosNamesAreOemText_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<quint32>("host");
+        QTest::addColumn<bool>("utf8");
+        QTest::addColumn<QString>("unpacked");
+        QTest::newRow("MS-DOS") << QByteArray("Caf\x82.bmp") << 0u << false << QStringLiteral("Café.bmp");
+        QTest::newRow("OS/2") << QByteArray("Caf\x82.bmp") << 6u << false << QStringLiteral("Café.bmp");
+        QTest::newRow("NTFS") << QByteArray("Caf\x82.bmp") << 11u << false << QStringLiteral("Café.bmp");
+        QTest::newRow("MS-DOS, folder and letters beyond Windows-1252")
+            << QByteArray("GFX\\\x9a\x81\xe1\xe3.bmp") << 0u << false << QStringLiteral("GFX/Üüßπ.bmp");
+        QTest::newRow("MS-DOS, marked UTF-8") << QByteArray("Caf\xc3\xa9.bmp") << 0u << true << QStringLiteral("Café.bmp");
+        QTest::newRow("Unix, UTF-8") << QByteArray("Caf\xc3\xa9.bmp") << 3u << false << QStringLiteral("Café.bmp");
+        QTest::newRow("Unix, Windows-1252") << QByteArray("Caf\xe9.bmp") << 3u << false << QStringLiteral("Café.bmp");
+        QTest::newRow("Unix, the MS-DOS byte") << QByteArray("Caf\x82.bmp") << 3u << false << QStringLiteral("Caf‚.bmp");
+    }
+
+    void dosNamesAreOemText()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(quint32, host);
+        QFETCH(bool, utf8);
+        QFETCH(QString, unpacked);
+        RawZip::Entry entry{stored, "pixels"};
+        entry.host = host;
+        entry.utf8 = utf8;
+        const QString package = rawPackage({entry});
+        ScriptedDialogs dialogs;
+
+        QCOMPARE(extractResourcePackage(package, dialogs).lines(), QStringList());
+
+        QCOMPARE(contentsBelow(iceFolder()), QStringList{unpacked + "=pixels"});
+        QCOMPARE(packageEntryNames(package).value_or(QStringList()), QStringList{unpacked});
+        // A theme names its files in Windows-1252, in any letter case.
+        QByteArray ansi;
+        if (AnsiText::encode(unpacked.toUpper(), &ansi))
+            QVERIFY(QFileInfo(resolveThemePath(iceFolder() + AnsiText::decode(ansi))).isFile());
+    }
+
+    void writtenEntriesStayInside_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"../x.bmp", "a/../../x.bmp", "./../x.bmp", "..\\x.bmp", "a\\..\\..\\x.bmp",
+                                 "/tmp/x.bmp", "\\x.bmp", "C:\\x.bmp", "C:x.bmp", ".."})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void writtenEntriesStayInside()
+    {
+        QFETCH(QString, name);
+        writeFile(work("x.bmp"), "pixels");
+        const QString package = work("Ice.zip");
+        writeFile(package, "the old package");
+        QString error;
+
+        QVERIFY(!writePackageEntries(package, {{"ok.bmp", work("x.bmp")}, {name, work("x.bmp")}}, &error));
+
+        QCOMPARE(error, name + " cannot be stored in a package: the name points outside the folder it unpacks into.");
+        QCOMPARE(readFile(package), QByteArray("the old package"));
     }
 
     void unpackingAgainRewritesOnlyWhatDiffers()
