@@ -2,7 +2,6 @@
 
 #include "art/parallel.h"
 
-#include <QCollator>
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
@@ -86,6 +85,36 @@ QStringList pictureFiles(const QStringList &sources, Report &report)
     return files;
 }
 
+// Runs of digits compare by their value, everything else without regard to case.
+bool naturallyBefore(QStringView a, QStringView b)
+{
+    qsizetype i = 0, j = 0;
+    while (i < a.size() && j < b.size()) {
+        if (a[i].isDigit() && b[j].isDigit()) {
+            const qsizetype si = i, sj = j;
+            while (i < a.size() && a[i].isDigit())
+                ++i;
+            while (j < b.size() && b[j].isDigit())
+                ++j;
+            QStringView x = a.mid(si, i - si), y = b.mid(sj, j - sj);
+            while (x.size() > 1 && x[0] == u'0')
+                x = x.mid(1);
+            while (y.size() > 1 && y[0] == u'0')
+                y = y.mid(1);
+            if (x.size() != y.size())
+                return x.size() < y.size();
+            if (const int c = x.compare(y); c != 0)
+                return c < 0;
+            continue;
+        }
+        if (const int c = QStringView(a).mid(i, 1).compare(b.mid(j, 1), Qt::CaseInsensitive); c != 0)
+            return c < 0;
+        ++i;
+        ++j;
+    }
+    return a.size() - i < b.size() - j;
+}
+
 } // namespace
 
 bool isPictureName(const QString &path)
@@ -96,11 +125,8 @@ bool isPictureName(const QString &path)
 
 QStringList naturalOrder(QStringList names)
 {
-    QCollator collator;
-    collator.setNumericMode(true);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::stable_sort(names.begin(), names.end(),
-                     [&collator](const QString &a, const QString &b) { return collator.compare(a, b) < 0; });
+                     [](const QString &a, const QString &b) { return naturallyBefore(a, b); });
     return names;
 }
 
