@@ -11,7 +11,8 @@ SAMPLE  ?= samples/StakkoSample.skt
 # compute the Debian package's dependencies.
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libarchive-dev \
 	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip xvfb xauth \
-	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file
+	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file \
+	libsndfile1-dev libsamplerate0-dev qt6-image-formats-plugins imagemagick
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
 FUZZ_BUILD    ?= build-fuzz

@@ -30,4 +30,5 @@ if(mixerOwner MATCHES "^([^:, ]+)")
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "${mixerPackage} (>= ${mixerVersion})")
 endif()
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS timgm6mb-soundfont)
+string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS ${CPACK_DEBIAN_PACKAGE_DEPENDS} qt6-image-formats-plugins) # import reads WebP, TIFF
 include(CPack)

@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 
 // Enlarging: the least whole factor that covers; shrinking: the largest whole divisor that still covers.
@@ -32,17 +34,35 @@ QImage scaledFor(const QImage &picture, QSize size, FrameFit fit)
     return picture;
 }
 
+/** Whether every pixel is opaque, whatever the format says: painting programs export alpha they do not use. */
+bool isOpaque(const QImage &picture)
+{
+    if (!picture.hasAlphaChannel())
+        return true;
+    const QImage argb = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < argb.height(); ++y) {
+        const QRgb *line = reinterpret_cast<const QRgb *>(argb.constScanLine(y));
+        if (!std::all_of(line, line + argb.width(), [](QRgb p) { return qAlpha(p) == 255; }))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 QImage fitFrame(const QImage &picture, QSize size, FrameFit fit, QColor background)
 {
-    const QImage source = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    // Opaque art that covers the frame needs no painting: its centre is the frame.
+    const bool opaque = isOpaque(picture);
+    const QImage source = picture.convertToFormat(opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     const QImage scaled = source.size() == size ? source : scaledFor(source, size, fit);
+    const QPoint offset((size.width() - scaled.width()) / 2, (size.height() - scaled.height()) / 2);
+    if (opaque && scaled.width() >= size.width() && scaled.height() >= size.height())
+        return scaled.copy(QRect(-offset, size)).convertToFormat(QImage::Format_RGB888);
     QImage frame(size, QImage::Format_RGB32);
     frame.fill(background.rgb());
     QPainter painter(&frame);
-    // Centred: a larger picture loses equal margins, a smaller one gets them.
-    painter.drawImage(QPoint((size.width() - scaled.width()) / 2, (size.height() - scaled.height()) / 2), scaled);
+    painter.drawImage(offset, scaled); // centred: a larger picture loses equal margins, a smaller one gets them
     painter.end();
     return frame.convertToFormat(QImage::Format_RGB888);
 }
