@@ -352,9 +352,10 @@ int main(int argc, char *argv[])
     };
     window.setCloseGuard(endEditor);
     auto *previews = new PreviewBinding(window, doc, dialogs);
-    new ButtonBinding(window, doc, dialogs, sound, commands);
+    auto *buttons = new ButtonBinding(window, doc, dialogs, sound, commands);
     new BuildCommand(window, doc, dialogs, commands);
     auto *importer = new ArtImportCommand(window, doc, dialogs, commands);
+    buttons->setImportOffer([importer](const QString &key, const QString &path) { return importer->offerImport(key, path); });
 
     window.startUp();
     // Beside the per-user skm.ini; the theme files and skm.ini keep the layout the game reads.

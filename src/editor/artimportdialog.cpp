@@ -423,6 +423,21 @@ bool ArtImportCommand::importInto(const QString &key, const QStringList &sources
     return true;
 }
 
+bool ArtImportCommand::offerImport(const QString &key, const QString &path)
+{
+    if (!wantsImport(key, path))
+        return false;
+    const QString name = QFileInfo(path).fileName();
+    const QString question =
+        QStringLiteral("The game reads %1 as numbered bitmap or JPEG frames (%2 is not the first of them: "
+                       "its root would be cut from its name).\n\nImport it instead, as frames of the game's "
+                       "size?").arg(artTarget(key)->label(), name);
+    if (m_dialogs.askYesNo(caption, question) != Dialogs::Answer::Yes)
+        return false;
+    importInto(key, {path});
+    return true;
+}
+
 bool ArtImportCommand::eventFilter(QObject *watched, QEvent *event)
 {
     const auto row = m_dropRows.constFind(watched);

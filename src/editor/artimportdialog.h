@@ -70,6 +70,11 @@ public:
 
     /** The dialog for row \a key with \a sources filled in; true when art was imported. */
     bool importInto(const QString &key, const QStringList &sources = {});
+    /**
+     * Browse chose \a path for row \a key: when it is art the game cannot take as it is, asks
+     * whether to import it. True when the author chose the import (Browse then stores nothing).
+     */
+    bool offerImport(const QString &key, const QString &path);
     /** The dialog open for row \a key, without running it: for screenshots. */
     ArtImportDialog *dialogFor(const QString &key, const QStringList &sources);
 

@@ -140,6 +140,7 @@ class ArtImportTest : public QObject
     {
         m_root = m_dir.filePath(QStringLiteral("row%1").arg(++m_rows));
         qputenv("TMPDIR", QFile::encodeName(m_root + QStringLiteral("/tmp")));
+        QDir().mkpath(m_root + QStringLiteral("/tmp")); // else packages would unpack to the cache folder
         writeFile(m_root + QStringLiteral("/art/bg1.bmp"), imageBytes(filled({192, 352}, red), "BMP"));
         writeFile(m_root + QStringLiteral("/art/bg2.bmp"), imageBytes(filled({192, 352}, green), "BMP"));
         ThemeDocument saved;
@@ -175,6 +176,14 @@ class ArtImportTest : public QObject
     }
 
 private slots:
+    void initTestCase()
+    {
+        // Nothing of these tests reaches the real per-user folders.
+        qputenv("HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("home"))));
+        qputenv("XDG_CACHE_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("home/.cache"))));
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("home/.config"))));
+    }
+
     void sourceKinds_data()
     {
         QTest::addColumn<Source>("source");

@@ -61,6 +61,7 @@ class PackageBuilderTest : public QObject
     {
         const QString root = m_dir.filePath(QStringLiteral("row%1").arg(++m_rows));
         qputenv("TMPDIR", QFile::encodeName(root + QStringLiteral("/tmp")));
+        QDir().mkpath(root + QStringLiteral("/tmp")); // a missing one sends packages to the shared cache folder
         for (const auto &[name, bytes] : art)
             writeFile(root + QStringLiteral("/art/") + name, bytes);
         ThemeDocument saved;

@@ -41,6 +41,15 @@ class ArtImportDialogTest : public QObject
     QTemporaryDir m_dir;
 
 private slots:
+    void initTestCase()
+    {
+        qputenv("HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("home"))));
+        qputenv("XDG_CACHE_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("home/.cache"))));
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("home/.config"))));
+        qputenv("TMPDIR", QFile::encodeName(m_dir.filePath(QStringLiteral("tmp"))));
+        QDir().mkpath(m_dir.filePath(QStringLiteral("tmp")));
+    }
+
     void everyArtRowHasItsOwnImportButton()
     {
         Editor e;
@@ -105,6 +114,36 @@ private slots:
         QApplication::sendEvent(target, &enter);
         if (offered)
             QVERIFY(enter.isAccepted());
+    }
+
+    void browseOffersTheImportFirst_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<bool>("asked");
+        QTest::addColumn<QString>("root"); // stored after the author said No
+
+        QTest::newRow("a picture without its frame number is offered") << "background.png" << true << "backgroun";
+        QTest::newRow("a numbered first frame is not") << "bg1.bmp" << false << "bg";
+    }
+
+    void browseOffersTheImportFirst()
+    {
+        QFETCH(QString, file);
+        QFETCH(bool, asked);
+        QFETCH(QString, root);
+        const QString path = m_dir.filePath(file);
+        QVERIFY(writeFile(path, imageBytes(QImage(8, 8, QImage::Format_RGB32), file.endsWith(u".png") ? "PNG" : "BMP")));
+        Editor e;
+        e.buttons.setImportOffer([&e](const QString &key, const QString &chosen) { return e.importer.offerImport(key, chosen); });
+        e.doc.setNumber(u"includebackground", 1);
+        e.dialogs.openNames.enqueue(path);
+        e.dialogs.answers.enqueue(Dialogs::Answer::No);
+        e.window.findChild<QPushButton *>(QStringLiteral("cmdBrowseBG"))->click();
+        const bool questioned = std::any_of(e.dialogs.messages.cbegin(), e.dialogs.messages.cend(), [](const auto &m) {
+            return m.kind == ScriptedDialogs::Kind::Question && m.text.contains(QStringLiteral("Import it instead"));
+        });
+        QCOMPARE(questioned, asked);
+        QVERIFY2(e.doc.value(u"bgfilename").endsWith(u'/' + root), qPrintable(e.doc.value(u"bgfilename")));
     }
 
     void dialogShowsWhatItFound()
