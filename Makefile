@@ -14,7 +14,8 @@ SAMPLE  ?= samples/StakkoSample.skt
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libarchive-dev \
 	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip p7zip-full xvfb xauth \
 	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file \
-	python3-sphinx libjs-sphinxdoc
+	python3-sphinx libjs-sphinxdoc \
+	libsndfile1-dev libsamplerate0-dev qt6-image-formats-plugins imagemagick
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
 FUZZ_BUILD    ?= build-fuzz

@@ -32,4 +32,5 @@ endif()
 # The manual's search and navigation scripts are links into Debian's libjs-sphinxdoc.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS ${CPACK_DEBIAN_PACKAGE_DEPENDS} ${STAKKO_MANUAL_DEPENDS})
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS timgm6mb-soundfont)
+string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS ${CPACK_DEBIAN_PACKAGE_DEPENDS} qt6-image-formats-plugins) # import reads WebP, TIFF
 include(CPack)

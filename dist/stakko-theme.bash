@@ -28,12 +28,25 @@ _stakko_theme()
             COMPREPLY=($(compgen -d -- "$cur"))
             return
             ;;
-        -o | --password | --max-unpacked-bytes)
+        --fit)
+            COMPREPLY=($(compgen -W $'fill\nfit\nstretch\npixel' -- "$cur"))
+            return
+            ;;
+        --format)
+            COMPREPLY=($(compgen -W $'bmp\njpg' -- "$cur"))
+            return
+            ;;
+        -o | --password | --max-unpacked-bytes | --background | --quality | --sheet | --name | --size)
             return # a file name, or nothing to offer
             ;;
     esac
     if [[ $cur == -* ]]; then
         COMPREPLY=($(compgen -W "$(_stakko_theme_options "$program")" -- "$cur"))
+        return
+    fi
+    # import THEME KEY: the key of a field
+    if [[ ${COMP_WORDS[1]} == import && $COMP_CWORD -eq 3 ]]; then
+        COMPREPLY=($(compgen -W "$("$program" fields 2>/dev/null)" -- "$cur"))
         return
     fi
     local commands word

@@ -4,11 +4,13 @@
 #include "common/allocator.h"
 #include "common/safefile.h"
 #include "document/autorecovery.h"
+#include "document/fieldbrowsing.h"
 #include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/recentthemes.h"
 #include "document/themehistory.h"
 #include "document/themerecovery.h"
+#include "editor/artimportdialog.h"
 #include "editor/buildcommand.h"
 #include "editor/buttonbinding.h"
 #include "editor/editorstyle.h"
@@ -31,6 +33,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QLocale>
 #include <QMenu>
 #include <QProcess>
@@ -251,6 +254,26 @@ bool writeScreenshots(MainWindow &window, const QString &folder, const QString &
     return saveShot(window, folder + QStringLiteral("/problems") + suffix + QStringLiteral(".png")) && ok;
 }
 
+/** The import dialog over the Background page, with the theme's own background frames as its source. */
+bool writeImportShot(MainWindow &window, ArtImportCommand &importer, const ThemeDocument &doc, const QString &folder,
+                     const QString &suffix)
+{
+    window.showPage(MainWindow::Page::Background);
+    QStringList frames;
+    const std::optional<FrameFileName> split = splitFrameFileName(doc.value(u"bgimage"));
+    for (int n = 1; split && n <= 8; ++n) {
+        const QString file = doc.packageFolder() + split->root + QString::number(n) + u'.' + split->extension;
+        if (QFileInfo::exists(file))
+            frames << file;
+    }
+    std::unique_ptr<ArtImportDialog> dialog(importer.dialogFor(QStringLiteral("bgimage"), frames));
+    dialog->show();
+    settle();
+    const bool ok = savePicture(*dialog, folder + QStringLiteral("/import-dialog") + suffix + QStringLiteral(".png"));
+    window.showPage(MainWindow::Page::General);
+    return ok;
+}
+
 /** The 144 DPI pass needs a fresh process: the scale factor is fixed when the application starts. */
 int runScaledPass(const QStringList &arguments)
 {
@@ -332,8 +355,10 @@ int main(int argc, char *argv[])
     };
     window.setCloseGuard(endEditor);
     auto *previews = new PreviewBinding(window, doc, dialogs);
-    new ButtonBinding(window, doc, dialogs, sound, commands);
+    auto *buttons = new ButtonBinding(window, doc, dialogs, sound, commands);
     new BuildCommand(window, doc, dialogs, commands);
+    auto *importer = new ArtImportCommand(window, doc, dialogs, commands);
+    buttons->setImportOffer([importer](const QString &key, const QString &path) { return importer->offerImport(key, path); });
 
     window.startUp();
     // Beside the per-user skm.ini; the theme files and skm.ini keep the layout the game reads.
@@ -350,6 +375,7 @@ int main(int argc, char *argv[])
         }
         bool ok = writeScreenshots(window, screenshotFolder, screenshotSuffix);
         ok = ok && writeToolShots(window, *previews, screenshotFolder, screenshotSuffix);
+        ok = ok && writeImportShot(window, *importer, doc, screenshotFolder, screenshotSuffix);
         if (!scaledPass) {
             QStringList childArgs{QStringLiteral("--screenshot"), screenshotFolder, QStringLiteral("--scaled-pass")};
             if (!themePath.isEmpty())

@@ -1,6 +1,7 @@
 // stakko-theme: the theme core on the command line, for scripts, tests and batch work.
 
 #include "consoledialogs.h"
+#include "importcommand.h"
 
 #include "check/packagebuilder.h"
 #include "check/themechecker.h"
@@ -55,6 +56,13 @@ const char *const usageText =
     "        leading out) are refused; --relink stores them under their own names and\n"
     "        saves the theme with the new names. Nothing is written when a file is missing\n"
     "        or refused; exit status 1 then.\n"
+    "  import THEME KEY SOURCE... [--from DIR] [--fit fill|fit|stretch|pixel]\n"
+    "         [--background R,G,B] [--format bmp|jpg] [--quality 1-100]\n"
+    "         [--sheet COLUMNSxROWS] [--name ROOT] [--size WxH]\n"
+    "        Take art (an animated GIF or WebP, a sprite sheet, pictures, a folder of them, a\n"
+    "        sound, music) to the game's form for the row KEY (bgimage, ifacemain, door1,\n"
+    "        rotate, midi, ...): files written into DIR (default: where build looks), the\n"
+    "        row's fields set, THEME saved and a Type 1 package rebuilt; whole or nothing.\n"
     "  fields\n"
     "        Print every field key that -s takes, one per line, in the order dump prints them.\n"
     "\n"
@@ -422,6 +430,8 @@ int main(int argc, char *argv[])
     }
 
     ConsoleDialogs dialogs;
+    if (args.size() > 1 && args.at(1) == u"import")
+        return runImportCommand(args, dialogs);
     try {
         return run(parse(args, dialogs), dialogs);
     } catch (const UsageError &e) {

@@ -63,6 +63,28 @@ private:
     QString m_file;
 };
 
+/** A Browse whose chosen file may be offered for import first; taken, it is not stored. */
+class ImportOfferDialogs : public DroppedFileDialogs
+{
+public:
+    ImportOfferDialogs(Dialogs &questions, std::function<bool(const QString &)> offer)
+        : DroppedFileDialogs(questions, {}), m_questions(questions), m_offer(std::move(offer))
+    {
+    }
+
+    QString openFileName(const QString &filter, const QString &folder) override
+    {
+        const QString path = m_questions.openFileName(filter, folder);
+        return !path.isEmpty() && m_offer && m_offer(path) ? QString() : path;
+    }
+    QString saveFileName(const QString &filter) override { return m_questions.saveFileName(filter); }
+    std::optional<quint32> chooseColor() override { return m_questions.chooseColor(); }
+
+private:
+    Dialogs &m_questions;
+    std::function<bool(const QString &)> m_offer;
+};
+
 } // namespace
 
 ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs, SoundSystem &sound,
@@ -73,7 +95,13 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
     for (int element = 0; element < AnimatedElementCount; ++element) {
         addBrowseRow(QLatin1StringView(elementControls[element].browse),
                      fieldControl(animatedElements[element].imageField), imageFilter,
-                     [this, element](Dialogs &d) { browseAnimatedImage(m_doc, d, element); });
+                     [this, element](Dialogs &d) {
+                         const QString key = QLatin1StringView(animatedElements[element].imageField);
+                         ImportOfferDialogs offering(d, [this, key](const QString &path) {
+                             return m_importOffer && m_importOffer(key, path);
+                         });
+                         browseAnimatedImage(m_doc, offering, element);
+                     });
     }
     for (int row = 0; row < int(std::size(interfaceRowKeys)); ++row) {
         addBrowseRow(rowControl(interfaceRows.browse, row), fieldControl(interfaceRowKeys[row]), imageFilter,

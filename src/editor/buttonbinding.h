@@ -29,6 +29,12 @@ public:
     ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs, SoundSystem &sound,
                   FileCommands &commands);
 
+    /**
+     * Asked with an animated row's image key and the file its Browse chose, before anything is
+     * stored; true when the file was taken another way (imported), so Browse stores nothing.
+     */
+    void setImportOffer(std::function<bool(const QString &key, const QString &path)> offer) { m_importOffer = std::move(offer); }
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -50,4 +56,5 @@ private:
     SoundSystem &m_sound;
     FileCommands &m_commands;
     QHash<QObject *, DropRow> m_dropRows;
+    std::function<bool(const QString &, const QString &)> m_importOffer;
 };

@@ -65,6 +65,7 @@ class PackageBuilderTest : public QObject
         // A temporary folder that exists: else packages would go to the real cache folder.
         QDir().mkpath(root + QStringLiteral("/tmp"));
         qputenv("TMPDIR", QFile::encodeName(root + QStringLiteral("/tmp")));
+        QDir().mkpath(root + QStringLiteral("/tmp")); // a missing one sends packages to the shared cache folder
         for (const auto &[name, bytes] : art)
             writeFile(root + QStringLiteral("/art/") + name, bytes);
         // Private files beside the art folder, and links in it that lead to them.

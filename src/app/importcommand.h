@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QStringList>
+
+class ConsoleDialogs;
+
+/** `stakko-theme import THEME KEY SOURCE... [options]`; \a args as the program got them. Returns the exit status. */
+int runImportCommand(const QStringList &args, ConsoleDialogs &dialogs);
