@@ -5,12 +5,13 @@ SAMPLE  ?= samples/StakkoSample.skt
 
 # Build tools and libraries (qt6-svg-dev renders the icons at build time); the soundfont plays
 # MIDI; sox, vorbis-tools and lame make the sound tests' files; unzip and zip are the yardsticks
-# of the package benchmarks; xvfb runs the window tests on an X server too. The install tests
+# of the package benchmarks; xvfb runs the window tests on an X server too, and libx11-dev and
+# libxtst-dev let the from-outside benchmark read the screen and click on it. The install tests
 # validate with desktop-file-utils, appstream and shared-mime-info, render the manual pages with
 # groff-base and find the completion folder through bash-completion; dpkg-dev and file let CPack
 # compute the Debian package's dependencies.
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libarchive-dev \
-	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip xvfb xauth \
+	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip xvfb xauth libx11-dev libxtst-dev \
 	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.

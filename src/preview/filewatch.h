@@ -21,7 +21,10 @@ public:
 
     explicit FileWatch(QObject *parent = nullptr);
 
-    /** Watches \a files from now on, as they are now: only later changes are told. */
+    /**
+     * Watches \a files from now on, as they are now: only later changes are told. A file
+     * watched already stays watched as it was, its changes not told yet included.
+     */
     void setFiles(const QStringList &files);
     QStringList files() const { return m_stamps.keys(); }
 
