@@ -6,6 +6,21 @@
 #include <algorithm>
 #include <system_error>
 
+#ifdef Q_OS_LINUX
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
+
+// Workers fill every core; yielding to the window's thread (and the display server) shows each
+// frame as it comes instead of after the last.
+static void yieldToTheWindow()
+{
+#ifdef Q_OS_LINUX
+    setpriority(PRIO_PROCESS, id_t(syscall(SYS_gettid)), 10);
+#endif
+}
+
 int StripLoader::idealWorkers()
 {
     // Each worker holds two decoded frames; past eight, memory bandwidth stops the gain anyway.
@@ -32,7 +47,10 @@ StripLoader::StripLoader(QImage &strip, QSize frame, const FrameSequence &sequen
     m_threads.reserve(m_workers.size());
     try {
         for (Worker &worker : m_workers)
-            m_threads.emplace_back([this, &worker, sequence, folder] { run(worker, sequence, folder); });
+            m_threads.emplace_back([this, &worker, sequence, folder] {
+                yieldToTheWindow();
+                run(worker, sequence, folder);
+            });
     } catch (const std::system_error &) {
         // Out of threads: those running take every frame; with none, this thread does.
         if (m_threads.empty() && !m_workers.empty())
