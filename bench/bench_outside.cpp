@@ -133,6 +133,17 @@ int threadCount(pid_t pid)
     return int(QDir(QStringLiteral("/proc/%1/task").arg(pid)).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
 }
 
+/** Waits (up to 20 s) until \a pid has used under 2 ms of processor time in 300 ms. */
+void waitQuiet(pid_t pid)
+{
+    for (int i = 0; i < 66; ++i) {
+        const qint64 before = cpuNs(pid);
+        sleepMs(300);
+        if (cpuNs(pid) - before < 2000000)
+            return;
+    }
+}
+
 /** The private X server and the client connection to it. */
 class Server
 {
@@ -349,7 +360,7 @@ struct Bench {
     {
         if (server.waitVisible(child.pid(), 20000, window) < 0)
             return false;
-        sleepMs(1500); // the theme loads after the window shows, and the check runs
+        waitQuiet(child.pid()); // the theme loads after the window shows, and the check runs
         server.click(server.origin(*window) + layout.backgroundTab);
         sleepMs(500);
         return true;
@@ -486,7 +497,8 @@ int main(int argc, char **argv)
         Child label(bareLabel, bench.env(), frames);
         if (server.waitVisible(editor.pid(), 20000) < 0 || server.waitVisible(label.pid(), 20000) < 0)
             return 1;
-        sleepMs(3000); // the theme's load and check, and the sound's opening, settle
+        waitQuiet(editor.pid()); // the theme's load and check, and the sound's opening, settle
+        waitQuiet(label.pid());
         measureSide(editor.pid(), label.pid(), idle, idleWakes);
     }
     std::printf("idle %d s: editor %.3f%% of a core (%.1f wake-ups/s), a QLabel window %.3f%% (%.1f wake-ups/s)\n",
@@ -505,7 +517,8 @@ int main(int argc, char **argv)
         if (!bench.openBackground(editor, &window))
             return 1;
         server.click(server.origin(window) + layout->previewButton);
-        sleepMs(3000); // the strip builds, and the bare player decodes
+        sleepMs(1000);
+        waitQuiet(player.pid()); // the bare player decodes, and the strip builds
         const QRect probe(bench.surfaceOnScreen(window).topLeft() + QPoint(90, 170), QSize(8, 8));
         const QList<quint32> seen = server.pixels(probe);
         measureSide(editor.pid(), player.pid(), play, playWakes);

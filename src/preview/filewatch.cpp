@@ -24,27 +24,21 @@ FileWatch::Stamp FileWatch::stampOf(const QString &file)
 
 void FileWatch::setFiles(const QStringList &files)
 {
-    // A file watched already keeps its state, so a change not told yet is still told.
-    const QHash<QString, Stamp> watched = std::exchange(m_stamps, {});
+    m_stamps.clear();
     QSet<QString> folders;
     for (const QString &file : files) {
-        const auto known = watched.constFind(file);
-        m_stamps.insert(file, known != watched.cend() ? *known : stampOf(file));
+        m_stamps.insert(file, stampOf(file));
         folders.insert(QFileInfo(file).absolutePath());
     }
+    if (!m_watcher.files().isEmpty())
+        m_watcher.removePaths(m_watcher.files());
+    if (!m_watcher.directories().isEmpty())
+        m_watcher.removePaths(m_watcher.directories());
     QStringList paths(folders.cbegin(), folders.cend());
     for (const QString &file : files) {
         if (QFileInfo(file).isFile())
             paths << file;
     }
-    // Paths watched already stay: a change the system told of but not yet read is kept.
-    const QSet<QString> wanted(paths.cbegin(), paths.cend());
-    QStringList gone = m_watcher.files() + m_watcher.directories();
-    const QSet<QString> kept(gone.cbegin(), gone.cend());
-    gone.removeIf([&wanted](const QString &path) { return wanted.contains(path); });
-    if (!gone.isEmpty())
-        m_watcher.removePaths(gone);
-    paths.removeIf([&kept](const QString &path) { return kept.contains(path); });
     if (!paths.isEmpty())
         m_watcher.addPaths(paths);
 }

@@ -21,10 +21,7 @@ public:
 
     explicit FileWatch(QObject *parent = nullptr);
 
-    /**
-     * Watches \a files from now on, as they are now: only later changes are told. A file
-     * watched already stays watched as it was, its changes not told yet included.
-     */
+    /** Watches \a files from now on, as they are now: only later changes are told. */
     void setFiles(const QStringList &files);
     QStringList files() const { return m_stamps.keys(); }
 
