@@ -6,7 +6,8 @@ SAMPLE  ?= samples/StakkoSample.skt
 # Build tools and libraries (qt6-svg-dev renders the icons at build time); the soundfont plays
 # MIDI; sox, vorbis-tools and lame make the sound tests' files; unzip and zip are the yardsticks
 # of the package benchmarks and tests, and p7zip-full writes the Deflate64 packages the unpacking
-# is compared with unzip on; xvfb runs the window tests on an X server too. The install tests
+# is compared with unzip on; xvfb runs the window tests on an X server too, and libx11-dev and
+# libxtst-dev let the from-outside benchmark read the screen and click on it. The install tests
 # validate with desktop-file-utils, appstream and shared-mime-info, render the manual pages with
 # groff-base and find the completion folder through bash-completion; dpkg-dev and file let CPack
 # compute the Debian package's dependencies. Sphinx builds the user manual, whose scripts the
@@ -15,7 +16,8 @@ DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev liba
 	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip p7zip-full xvfb xauth \
 	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file \
 	python3-sphinx libjs-sphinxdoc \
-	libsndfile1-dev libsamplerate0-dev qt6-image-formats-plugins imagemagick
+	libsndfile1-dev libsamplerate0-dev qt6-image-formats-plugins imagemagick \
+	libx11-dev libxtst-dev
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
 FUZZ_BUILD    ?= build-fuzz

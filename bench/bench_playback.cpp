@@ -84,6 +84,7 @@ void frameTiming(const QString &folder, const QList<int> &delays)
         });
         clock.start();
         previews.startFramePreview(ElementBackground);
+        previews.finishLoading();
         const double cpuBefore = processCpuSeconds();
         clock.restart();
         changes.clear();

@@ -64,6 +64,7 @@ double stripBuildMs(const QString &folder, const char *format, qint64 *buildByte
     QElapsedTimer timer;
     timer.start();
     previews.startFramePreview(ElementBackground);
+    previews.finishLoading();
     const double ms = double(timer.nsecsElapsed()) / 1e6;
     previews.stopAll();
     const qint64 peak = statusBytes("VmHWM:");

@@ -19,7 +19,7 @@ namespace {
 constexpr int interfaceWindow = -1;
 constexpr int miscWindow = -2;
 
-/** Long frame loads show a window-modal progress dialog with a Cancel button. */
+/** Long frame loads show a progress dialog with a Cancel button; the window stays usable meanwhile. */
 class ProgressDialogReporter : public LoadProgress
 {
 public:
@@ -33,8 +33,7 @@ public:
                                        QStringLiteral("Cancel"), 0, int(total / m_scale),
                                        m_window);
         m_dialog->setWindowTitle(QStringLiteral("Preview"));
-        m_dialog->setWindowModality(Qt::WindowModal);
-        m_dialog->setMinimumDuration(0); // half a second has already passed
+        m_dialog->setMinimumDuration(0); // a second has already passed
         m_dialog->setAutoClose(false);
         m_dialog->setAutoReset(false);
     }
@@ -43,7 +42,7 @@ public:
     {
         if (!m_dialog)
             return true;
-        m_dialog->setValue(int(done / m_scale)); // also lets the Cancel click through
+        m_dialog->setValue(int(done / m_scale));
         return !m_dialog->wasCanceled();
     }
 
@@ -73,6 +72,7 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     bindAnimations();
     bindStills();
     connect(&m_watch, &FileWatch::changed, this, &PreviewBinding::reloadChanged);
+    connect(&m_frames, &FramePreviews::stripLoaded, this, &PreviewBinding::watchShownFiles);
 }
 
 PreviewWindow *PreviewBinding::openPreviewWindow(int element)

@@ -7,17 +7,34 @@
 #include "preview/loadingsurface.h"
 #include "preview/loadprogress.h"
 #include "preview/striploader.h"
-#include "preview/stripprefault.h"
 
 #include <QElapsedTimer>
 #include <QScopeGuard>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
-// A load shorter than this finishes before a progress window would be readable.
-static constexpr quint32 progressDelayMs = 500;
+// A load that ends within a second shows no progress; a longer one shows it from then on,
+// unless it is about to end: a window that came and went at once would only flash.
+static constexpr quint32 progressDelayMs = 1000;
+static constexpr quint32 shortestProgressMs = 500;
+
+struct FramePreviews::PendingLoad {
+    int element = -1;
+    std::unique_ptr<StripLoader> loader;
+    quint32 started = 0;
+    qint64 ready = 0; // slots from the first that hold their frames
+    bool showing = false;
+    // What a cancelled load puts back.
+    QImage previousImage;
+    quint64 previousGeneration = 0;
+    std::vector<QImage> previousViews;
+    const AnimatedElement *previousViewElement = nullptr;
+    AnimationState previousState;
+    bool wasActive = false;
+};
 
 static quint32 systemTickCount()
 {
@@ -53,6 +70,7 @@ FramePreviews::FramePreviews(ThemeDocument &doc, LoadingSurface &loading,
 
 FramePreviews::~FramePreviews()
 {
+    m_pending.reset();
     for (const auto &connection : m_timerConnections)
         disconnect(connection);
 }
@@ -95,8 +113,9 @@ const FramePreviews::Strip &FramePreviews::stripOf(int element) const
     return m_strips[animatedElements[element].strip == FrameStripId::Background ? 0 : 1];
 }
 
-const QImage &FramePreviews::strip(int element) const
+const QImage &FramePreviews::strip(int element)
 {
+    finishLoading();
     return stripOf(element).image;
 }
 
@@ -118,12 +137,10 @@ Report FramePreviews::startFramePreview(int element)
         return report;
     }
 
-    QImage built;
-    if (!buildStrip(element, settings.frameCount, &built, report))
+    if (!startLoad(element, settings.frameCount, report))
         return report;
-    replaceStrip(element, built);
     m_states[size_t(element)] = {settings.startingFrame, 0, settings.frameCount, settings.delay,
-                                 settings.startingFrame, {}};
+                                 settings.startingFrame, {}, {}};
     m_timers[size_t(element)]->start();
     return report;
 }
@@ -133,9 +150,8 @@ Report FramePreviews::reloadStrip(int element)
     Report report;
     if (!m_timers[size_t(element)]->isActive())
         return report;
-    QImage built;
-    if (buildStrip(element, m_states[size_t(element)].frameCount, &built, report))
-        replaceStrip(element, built);
+    if (startLoad(element, m_states[size_t(element)].frameCount, report))
+        finishLoading();
     return report;
 }
 
@@ -154,11 +170,13 @@ void FramePreviews::replaceStrip(int element, QImage &built)
     }
 }
 
-bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Report &report)
+bool FramePreviews::startLoad(int element, double frameCount, Report &report)
 {
+    if (m_handling)
+        return false; // a load is showing its progress, which lets this click through
     const AnimatedElement &e = animatedElements[element];
     const auto sequence = FrameSequence::fromImageText(m_doc.value(m_fields[size_t(element)].image));
-    if (!sequence || m_building)
+    if (!sequence)
         return false;
 
     const QString tooLarge =
@@ -169,36 +187,129 @@ bool FramePreviews::buildStrip(int element, double frameCount, QImage *built, Re
         report.error(tooLarge, QString::fromLatin1(e.frameCountField));
         return false;
     }
-    *built = FrameStrip::allocate(e, frameCount);
-    if (built->isNull()) {
+    finishLoading(); // one load at a time: the one running ends first
+    QImage built = FrameStrip::allocate(e, frameCount);
+    if (built.isNull()) {
         report.error(tooLarge, QString::fromLatin1(e.frameCountField));
         return false;
     }
 
-    const StripPrefault prefault(*built);
-    const qint64 count = frameNumber(frameCount);
-    const quint32 started = m_clock();
-    bool showing = false;
-    // The progress dialog lets events through, and a file watch may ask for a reload then.
-    m_building = true;
-    const auto buildEnded = qScopeGuard([this] { m_building = false; });
-    StripLoader loader(*built, e.frame, *sequence, m_doc.packageFolder(), count);
-    for (qint64 n = 1; m_progress && n <= count; ++n) {
+    auto load = std::make_unique<PendingLoad>();
+    load->element = element;
+    load->started = m_clock();
+    load->previousState = m_states[size_t(element)];
+    load->wasActive = m_timers[size_t(element)]->isActive();
+    // Frames come on worker threads; one queued call at a time takes every frame that came.
+    const auto arrived = [this] { postArrivals(); };
+    load->loader = std::make_unique<StripLoader>(built, e.frame, *sequence, m_doc.packageFolder(),
+                                                 frameNumber(frameCount), arrived);
+    Strip &strip = stripOf(element);
+    load->previousImage = strip.image;
+    load->previousGeneration = strip.generation;
+    load->previousViews = strip.views;
+    load->previousViewElement = strip.viewElement;
+    m_pending = std::move(load);
+    replaceStrip(element, built);
+    if (m_progress) // a load stuck on one file still shows its progress
+        QTimer::singleShot(progressDelayMs, this, [this] {
+            if (m_pending && !m_handling)
+                takeArrivals(false);
+        });
+    return true;
+}
+
+void FramePreviews::postArrivals()
+{
+    if (!m_arrivalPosted.exchange(true))
+        QMetaObject::invokeMethod(this, &FramePreviews::arrivalsPosted, Qt::QueuedConnection);
+}
+
+void FramePreviews::arrivalsPosted()
+{
+    m_arrivalPosted = false;
+    if (m_pending && m_handling)
+        postArrivals(); // taken once the progress shown has let go
+    else if (m_pending)
+        takeArrivals(false);
+}
+
+void FramePreviews::finishLoading()
+{
+    while (m_pending && !m_handling)
+        takeArrivals(true);
+}
+
+void FramePreviews::takeArrivals(bool waitForOne)
+{
+    PendingLoad &load = *m_pending;
+    StripLoader &loader = *load.loader;
+    // Waiting, one frame at a time, so that progress counts every frame.
+    if (!waitForOne)
+        loader.takeArrived();
+    else if (loader.taken() < loader.count())
         loader.waitForFrame();
-        if (!showing && quint32(m_clock() - started) >= progressDelayMs) {
-            m_progress->begin(QString::fromLatin1(e.caption), count);
-            showing = true;
-        }
-        if (showing && !m_progress->update(n)) {
-            m_progress->end();
-            return false;
+    const qint64 ready = loader.settle(m_loading.picture());
+    if (ready > load.ready) {
+        load.ready = ready;
+        for (int other = 0; other < AnimatedElementCount; ++other) {
+            if (&stripOf(other) == &stripOf(load.element) && (m_states[size_t(other)].heldSince || isPaused(other)))
+                wake(other);
         }
     }
-    if (showing)
+    const qint64 done = loader.taken();
+    if (m_progress && done < loader.count()) {
+        const quint32 elapsed = m_clock() - load.started;
+        const double left = double(elapsed) * double(loader.count() - done) / double(std::max<qint64>(done, 1));
+        if (!load.showing && elapsed >= progressDelayMs && left >= shortestProgressMs) {
+            m_progress->begin(QString::fromLatin1(animatedElements[load.element].caption), loader.count());
+            load.showing = true;
+        }
+        if (load.showing) {
+            m_handling = true;
+            const bool goOn = m_progress->update(done);
+            m_handling = false;
+            if (!goOn)
+                return endLoad(true);
+        }
+    }
+    if (done >= loader.count())
+        endLoad(false);
+}
+
+void FramePreviews::endLoad(bool cancelled)
+{
+    const std::unique_ptr<PendingLoad> load = std::move(m_pending);
+    if (load->showing)
         m_progress->end();
-    m_stripFiles[size_t(element)] = loader.finish(m_loading);
-    FrameStrip::clearFrom(*built, count * e.frame.height());
-    return true;
+    const int element = load->element;
+    if (!cancelled) {
+        m_stripFiles[size_t(element)] = load->loader->finish(m_loading);
+        emit stripLoaded(element);
+        return;
+    }
+    load->loader.reset(); // its workers end after the frames in hand
+    Strip &strip = stripOf(element);
+    const quint64 cancelledGeneration = strip.generation;
+    strip.image = load->previousImage;
+    strip.generation = load->previousGeneration;
+    strip.views = load->previousViews;
+    strip.viewElement = load->previousViewElement;
+    releaseViews(cancelledGeneration);
+    m_states[size_t(element)] = load->previousState;
+    if (!load->wasActive)
+        m_timers[size_t(element)]->stop();
+    for (int other = 0; other < AnimatedElementCount; ++other) {
+        if (&stripOf(other) == &strip)
+            wake(other);
+    }
+}
+
+bool FramePreviews::slotReady(int element, qint64 slot) const
+{
+    if (!m_pending || &stripOf(m_pending->element) != &stripOf(element))
+        return true;
+    // Slots outside the frames lie in rows cleared from the start.
+    return slot < m_pending->ready || slot >= m_pending->loader->count() || slot < 0;
 }
 
 std::optional<double> FramePreviews::readNumber(ParsedNumber &parsed, const QString &text)
@@ -253,7 +364,17 @@ void FramePreviews::animationTick(int element)
         return;
     }
     readSettings(element);
-    draw(element, slotToDraw(element));
+    if (!draw(element, slotToDraw(element))) {
+        // The frame is still loading: the animation's time stands still until it is there, so
+        // the frames that follow come on the same ticks as they would have without the wait.
+        if (!state.heldSince)
+            state.heldSince = m_clock();
+        return;
+    }
+    if (state.heldSince) {
+        state.lastAdvanceTime += m_clock() - *state.heldSince;
+        state.heldSince.reset();
+    }
     const quint32 elapsed = m_clock() - state.lastAdvanceTime;
     if (state.delay < double(elapsed))
         advance(element, m_clock());
@@ -276,6 +397,9 @@ bool FramePreviews::surfaceShows(int element, qint64 slot) const
 
 FramePreviews::NextChange FramePreviews::nextChange(int element) const
 {
+    // A frame still loading wakes the timer when it has loaded.
+    if (!slotReady(element, slotToDraw(element)))
+        return {-1};
     // A tick first draws: while the surface already shows that slot, drawing is free.
     if (!surfaceShows(element, slotToDraw(element)))
         return {};
@@ -368,11 +492,13 @@ void FramePreviews::stepFrame(int element, int steps)
     wake(element);
 }
 
-void FramePreviews::draw(int element, qint64 slot)
+bool FramePreviews::draw(int element, qint64 slot)
 {
     // Drawing the same slot again would give the same pixels: most ticks end here.
     if (surfaceShows(element, slot))
-        return;
+        return true;
+    if (!slotReady(element, slot))
+        return false;
     Strip &strip = stripOf(element);
     Surface &surface = m_surfaces[size_t(animatedElements[element].surface)];
     const AnimatedElement &e = animatedElements[element];
@@ -399,6 +525,7 @@ void FramePreviews::draw(int element, qint64 slot)
     surface.drawn = {element, strip.generation, slot};
     wakeOthersOnSurface(element);
     emit surfaceChanged(element, surface.image);
+    return true;
 }
 
 const QImage *FramePreviews::viewOf(Strip &strip, const AnimatedElement &e, qint64 slot)

@@ -9,12 +9,15 @@
 #include "preview/ticktimer.h"
 
 #include <array>
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
 class LoadProgress;
 class LoadingSurface;
+class StripLoader;
 class ThemeDocument;
 
 /**
@@ -47,10 +50,15 @@ public:
 
     /**
      * The element's Preview command: checks its settings (the report names the first bad one),
-     * loads every frame file once into a new strip and starts the element's timer. Any early
-     * end, a cancelled load included, leaves a running animation exactly as it was.
+     * starts loading every frame file once into a new strip and starts the element's timer, so
+     * the animation plays from its first frame on while the rest load; a tick that reaches a
+     * frame not loaded yet holds the picture until it is. Any early end leaves a running
+     * animation exactly as it was, and so does a load cancelled under the progress window.
      */
     Report startFramePreview(int element);
+
+    /** Waits for the strip still loading, if any, showing progress as the load does. */
+    void finishLoading();
 
     /** The frame files the element's strip was last built from, as the loader found them. */
     QStringList stripFiles(int element) const { return m_stripFiles.at(size_t(element)); }
@@ -87,10 +95,13 @@ public:
     /** What the element's preview surface shows now (null before anything was drawn). */
     QImage surfaceImage(int element) const;
 
-    /** The built frame strip the element plays from. */
-    const QImage &strip(int element) const;
+    /** The built frame strip the element plays from; a load still running is waited for. */
+    const QImage &strip(int element);
 
 signals:
+    /** The element's strip has loaded whole, from the files stripFiles() names. */
+    void stripLoaded(int element);
+
     /**
      * The picture of \a element's preview surface changed to \a image. Also sent with the
      * same pixels when a new strip replaces the one the picture was shown from.
@@ -117,6 +128,8 @@ private:
         qint64 startingFrame = 1;
         // The tick a sleeping timer skipped that would only have advanced the frame.
         std::optional<quint32> skippedAdvance;
+        // Since when the frame to draw is waiting to be loaded; the animation's time stands still.
+        std::optional<quint32> heldSince;
     };
     struct SettingTexts {
         ParsedNumber frameCount, delay, startingFrame;
@@ -145,7 +158,13 @@ private:
         const AnimatedElement *viewElement = nullptr; // whose surface size the views have
     };
 
-    bool buildStrip(int element, double frameCount, QImage *strip, Report &report);
+    struct PendingLoad;
+    bool startLoad(int element, double frameCount, Report &report);
+    void postArrivals();
+    void arrivalsPosted();
+    void takeArrivals(bool waitForOne);
+    void endLoad(bool cancelled);
+    bool slotReady(int element, qint64 slot) const;
     struct NextChange {
         qint64 ms = 1;         // from the last tick; -1: none until woken
         bool advances = false; // only the frame counter moves then, not the picture
@@ -163,7 +182,7 @@ private:
     static std::optional<double> readNumber(ParsedNumber &parsed, const QString &text);
     void readSettings(int element);
     void advance(int element, quint32 now);
-    void draw(int element, qint64 slot);
+    bool draw(int element, qint64 slot);
     const QImage *viewOf(Strip &strip, const AnimatedElement &element, qint64 slot);
     void releaseViews(quint64 stripGeneration);
     Strip &stripOf(int element);
@@ -182,5 +201,7 @@ private:
     std::array<Strip, 2> m_strips;
     quint64 m_nextGeneration = 1;
     std::array<QStringList, AnimatedElementCount> m_stripFiles;
-    bool m_building = false; // a strip is being built, perhaps under a progress dialog
+    std::unique_ptr<PendingLoad> m_pending; // the strip loading now, one at a time
+    std::atomic<bool> m_arrivalPosted{false};
+    bool m_handling = false; // progress is being shown, which may let events through
 };

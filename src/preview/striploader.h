@@ -7,6 +7,8 @@
 #include <QStringList>
 
 #include <atomic>
+#include <functional>
+#include <memory>
 #include <semaphore>
 #include <thread>
 #include <vector>
@@ -16,6 +18,7 @@
  * loading surface of its own. The strip gets the pixels that loading the frames one after the
  * other through one surface gives: a frame that does not load repeats the frame before it.
  * Memory beyond the strip stays at two pictures a worker, however many frames there are.
+ * Slots become final from the first on (settle()), so the strip can be shown while it loads.
  */
 class StripLoader
 {
@@ -25,26 +28,36 @@ public:
 
     /**
      * Starts loading frames 1 to \a count of \a sequence, named with \a folder in front, into
-     * the slots of \a strip (slot n - 1 holds frame n) on \a workers threads. The strip must
-     * stay alive, and untouched by anyone else, until finish() returned or the loader is gone.
+     * the slots of \a strip (slot n - 1 holds frame n) on \a workers threads, and clears the
+     * rows below the last frame. The loader writes the strip's pixels, never its header: the
+     * pixels must stay alive until the loader is gone. \a arrived is called on a worker thread
+     * after each frame.
      */
     StripLoader(QImage &strip, QSize frame, const FrameSequence &sequence, const QString &folder,
-                qint64 count, int workers = idealWorkers());
+                qint64 count, std::function<void()> arrived = {}, int workers = idealWorkers());
     /** Cancels what is left: the workers stop after the frames they are decoding. */
     ~StripLoader();
 
     StripLoader(const StripLoader &) = delete;
     StripLoader &operator=(const StripLoader &) = delete;
 
-    /**
-     * Waits until one more frame, in no particular order, has loaded or failed to; as many
-     * calls as there are frames return, a call beyond that waits for ever.
-     */
+    qint64 count() const { return m_count; }
+    /** Frames taken by takeArrived() and waitForFrame() so far. */
+    qint64 taken() const { return m_taken; }
+    /** Takes, without waiting, the frames that loaded or failed to since the last take. */
+    void takeArrived();
+    /** Waits until one more frame has loaded or failed to, and takes it. */
     void waitForFrame();
 
     /**
-     * Waits for every frame; then each slot whose frame did not load repeats the slot before
-     * it, the first slot what \a loading holds. Afterwards \a loading holds the last frame
+     * Makes final, from the first slot on, every slot whose frame is done: a frame that did not
+     * load repeats the slot above, the first slot \a firstFallback. Returns how many slots from
+     * the first are final; on the owner's thread only.
+     */
+    qint64 settle(const QImage &firstFallback);
+
+    /**
+     * Waits for every frame and settles the strip. Afterwards \a loading holds the last frame
      * that loaded, as loading the frames in turn into it leaves it. Returns the frame files as
      * found on this system, in frame order.
      */
@@ -56,14 +69,18 @@ private:
         QImage strip;            // a header of its own over the strip's pixels
         qint64 lastLoaded = 0;   // its frames rise, so its surface holds this one
     };
+    enum SlotState : char { Pending, Loaded, Failed };
 
     void run(Worker &worker, const FrameSequence &sequence, const QString &folder);
 
-    QImage &m_strip;
+    QImage m_strip; // the owner's header over the pixels, for repairs
     const QSize m_frame;
     const qint64 m_count;
+    const std::function<void()> m_arrived;
     std::vector<QString> m_files;   // each slot written by the worker that took the frame
-    std::vector<char> m_loaded;     // char, not bool: workers write neighbouring entries
+    std::unique_ptr<std::atomic<char>[]> m_state; // SlotState per slot
+    qint64 m_settled = 0;
+    qint64 m_taken = 0;
     std::atomic<qint64> m_next{1};
     std::atomic<bool> m_cancelled{false};
     std::counting_semaphore<> m_done{0};

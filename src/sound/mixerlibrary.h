@@ -11,7 +11,8 @@
     X(Mix_Init) X(Mix_Quit) X(Mix_SetSoundFonts) X(Mix_OpenAudioDevice) X(Mix_CloseAudio)            \
     X(Mix_AllocateChannels) X(Mix_ReserveChannels) X(Mix_Volume) X(Mix_VolumeMusic) X(Mix_LoadWAV)   \
     X(Mix_LoadMUS) X(Mix_FreeChunk) X(Mix_FreeMusic) X(Mix_PlayChannel) X(Mix_PlayMusic)             \
-    X(Mix_HaltChannel) X(Mix_HaltMusic)
+    X(Mix_HaltChannel) X(Mix_HaltMusic) X(Mix_Playing) X(Mix_PlayingMusic) X(Mix_ChannelFinished)     \
+    X(Mix_HookMusicFinished)
 
 /**
  * The mixer library, loaded when sound is first wanted: it brings dozens of codec and sound

@@ -4,6 +4,7 @@
 #include "sound/mixerlibrary.h"
 #include "sound/musicformat.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -74,6 +75,7 @@ constexpr const char *soundFonts[] = {
 
 enum SoundError {
     NotInitialised = 2,
+    DeviceFailed = 3,
     FileNotFound = 9,
     UnknownFormat = 10,
     LoadFailed = 11,
@@ -213,18 +215,12 @@ bool SoundSystem::openMixer(const EditorConfig &config)
         return false;
     if (!startAudio(driverForOutput(config.output)))
         return false;
-    if (mixer().Mix_OpenAudioDevice(config.frequency, MIX_DEFAULT_FORMAT, 2, bufferFrames(config.frequency), nullptr, 0)
-        != 0) {
+    if (!openDevice({config.frequency, std::max(config.numchannels, waveChannel + 1), config.output == 0})) {
         stopAudio();
         return false;
     }
     m_mixerOpen = true;
-    mixer().Mix_AllocateChannels(std::max(config.numchannels, waveChannel + 1));
-    mixer().Mix_ReserveChannels(waveChannel + 1);
-    if (config.output == 0) {
-        mixer().Mix_VolumeMusic(0);
-        mixer().Mix_Volume(-1, 0);
-    }
+    suspendIfQuiet(); // opened to see that it opens; nothing sounds yet
     return true;
 }
 
@@ -232,30 +228,83 @@ bool SoundSystem::openWaveDevice()
 {
     if (!startAudio(nullptr))
         return false;
-    if (mixer().Mix_OpenAudioDevice(MIX_DEFAULT_FREQUENCY, MIX_DEFAULT_FORMAT, 2, bufferFrames(MIX_DEFAULT_FREQUENCY),
-                            nullptr, 0)
-        != 0) {
+    if (!openDevice({MIX_DEFAULT_FREQUENCY, waveChannel + 1, false})) {
         stopAudio();
         return false;
     }
     m_mixerOpen = true;
-    mixer().Mix_AllocateChannels(waveChannel + 1);
-    mixer().Mix_ReserveChannels(waveChannel + 1);
     return true;
+}
+
+// The one sound system whose device may be closed when its sounds end.
+static SoundSystem *quietWatch = nullptr;
+
+bool SoundSystem::openDevice(const DeviceSettings &settings)
+{
+    if (mixer().Mix_OpenAudioDevice(settings.frequency, MIX_DEFAULT_FORMAT, 2, bufferFrames(settings.frequency),
+                                    nullptr, 0)
+        != 0)
+        return false;
+    m_device = settings;
+    m_suspended = false;
+    mixer().Mix_AllocateChannels(settings.channels);
+    mixer().Mix_ReserveChannels(waveChannel + 1);
+    if (settings.muted) {
+        mixer().Mix_VolumeMusic(0);
+        mixer().Mix_Volume(-1, 0);
+    }
+    mixer().Mix_ChannelFinished([](int) { soundEnded(); });
+    mixer().Mix_HookMusicFinished(&SoundSystem::soundEnded);
+    quietWatch = this;
+    return true;
+}
+
+void SoundSystem::soundEnded()
+{
+    // Called on the audio thread, which must not close its own device: the UI thread does.
+    if (QCoreApplication *app = QCoreApplication::instance())
+        QMetaObject::invokeMethod(app, [] {
+            if (quietWatch)
+                quietWatch->suspendIfQuiet();
+        }, Qt::QueuedConnection);
+}
+
+void SoundSystem::suspendIfQuiet()
+{
+    if (!deviceOpen() || mixer().Mix_Playing(-1) > 0 || mixer().Mix_PlayingMusic())
+        return;
+    freeMusic(); // a stream that played to its end; the music button still reads as before
+
+    if (m_wave) {
+        mixer().Mix_FreeChunk(m_wave);
+        m_wave = nullptr;
+    }
+    mixer().Mix_CloseAudio();
+    m_suspended = true;
+}
+
+bool SoundSystem::wakeDevice()
+{
+    return !m_suspended || openDevice(m_device);
 }
 
 void SoundSystem::closeMixer()
 {
     if (!m_mixerOpen)
         return;
-    mixer().Mix_HaltChannel(-1);
-    if (m_wave) {
-        mixer().Mix_FreeChunk(m_wave);
-        m_wave = nullptr;
+    if (quietWatch == this)
+        quietWatch = nullptr;
+    if (!m_suspended) {
+        mixer().Mix_HaltChannel(-1);
+        if (m_wave) {
+            mixer().Mix_FreeChunk(m_wave);
+            m_wave = nullptr;
+        }
+        mixer().Mix_CloseAudio();
     }
-    mixer().Mix_CloseAudio();
     stopAudio();
     m_mixerOpen = false;
+    m_suspended = false;
 }
 
 void SoundSystem::closeSound()
@@ -285,6 +334,10 @@ Report SoundSystem::openMusic(const QString &path)
     stopMusic();
     freeMusic();
     m_musicIsStream = isStreamFile(path);
+    if (!wakeDevice()) {
+        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(DeviceFailed), QStringLiteral("midi"), path);
+        return report;
+    }
 
     const QString file = resolveThemePath(path);
     int code = checkMusicFile(file);
@@ -329,7 +382,7 @@ void SoundSystem::freeMusic()
 
 void SoundSystem::playWaveFile(const QString &path)
 {
-    if (!m_mixerOpen && !openWaveDevice())
+    if (m_mixerOpen ? !wakeDevice() : !openWaveDevice())
         return;
     Mix_Chunk *chunk = mixer().Mix_LoadWAV(nativeName(resolveThemePath(path)).constData());
     if (!chunk)

@@ -78,10 +78,26 @@ public:
     bool musicIsStream() const { return m_musicIsStream; }
     bool musicPlaying() const { return m_musicPlaying; }
 
+    /**
+     * Whether the audio device is open now. It is closed while nothing sounds (its thread would
+     * otherwise wake for every buffer of silence) and opened again by the next sound.
+     */
+    bool deviceOpen() const { return m_mixerOpen && !m_suspended; }
+
 private:
+    // How the device was opened, so that it opens the same way again.
+    struct DeviceSettings {
+        int frequency = 0;
+        int channels = 0;
+        bool muted = false;
+    };
     bool openMixer(const EditorConfig &config);
     bool openWaveDevice();
+    bool openDevice(const DeviceSettings &settings);
+    bool wakeDevice();
+    void suspendIfQuiet();
     void closeMixer();
+    static void soundEnded();
 
     bool m_soundAvailable = false;
     Mix_Music *m_musicHandle = nullptr;
@@ -89,5 +105,7 @@ private:
     bool m_musicPlaying = false;
 
     bool m_mixerOpen = false;
+    bool m_suspended = false; // the mixer stands open, its device closed
+    DeviceSettings m_device;
     Mix_Chunk *m_wave = nullptr;
 };

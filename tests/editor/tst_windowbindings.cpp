@@ -270,6 +270,7 @@ private slots:
         QCOMPARE(e.shownFrame("imgIPreview"), 7);
         e.window.showPage(MainWindow::Page::Background);
         e.click("cmdPreviewBG");
+        e.previews.frames().finishLoading(); // the art changes once it has loaded
         QSignalSpy reloads(&e.previews.watch(), &FileWatch::changed);
 
         repaint(m_dir.filePath("bg2.bmp"), 9, {192, 352});

@@ -90,7 +90,12 @@ class FramePreviewsTest : public QObject
         m_doc->setText(QString::fromLatin1(e.delayField), s.delay);
     }
 
-    void startPreview(int element) { m_report.append(m_engine->startFramePreview(element)); }
+    // Starts the element's preview and lets its frames load, as the event loop would.
+    void startPreview(int element)
+    {
+        m_report.append(m_engine->startFramePreview(element));
+        m_engine->finishLoading();
+    }
 
     // Writes frames root1.bmp... in the element's frame size and starts its preview on them.
     void preview(int element, const QString &root, int files, const Settings &s)
@@ -130,22 +135,36 @@ class FramePreviewsTest : public QObject
     }
 
     // (tick, frame) for each picture the next block window shows over 400 ms: ticking every
-    // millisecond, or only on the ticks a sleeping timer asks for, an edit waking it.
-    QList<QPair<quint32, int>> frameChanges(const Settings &settings, const QList<TimedEdit> &edits, bool sleeping)
+    // millisecond, or only on the ticks a sleeping timer asks for, an edit waking it. With
+    // \a arrivesAt, the frames load only at that tick, which wakes the timer, and ticks count
+    // from there as from the first.
+    QList<QPair<quint32, int>> frameChanges(const Settings &settings, const QList<TimedEdit> &edits, bool sleeping,
+                                            int arrivesAt = -1)
     {
         const int element = ElementNextBlock;
-        preview(element, "nb", settings.frames.toInt(), settings);
+        if (arrivesAt < 0) {
+            preview(element, "nb", settings.frames.toInt(), settings);
+        } else {
+            makeFrames("nb", settings.frames.toInt(), animatedElements[element].frame);
+            configure(element, path(QStringLiteral("nb1.bmp")), settings);
+            m_report.append(m_engine->startFramePreview(element));
+        }
+        const quint32 late = quint32(std::max(arrivesAt, 0));
         QList<QPair<quint32, int>> changes;
         // Only a new picture is handed on, and it is the one the surface shows.
         connect(m_engine.get(), &FramePreviews::surfaceChanged, this, [&](int changed, const QImage &image) {
             QCOMPARE(changed, element);
-            changes.append({m_now - 1000, frameOfPixel(image.pixel(0, 0))});
+            changes.append({m_now - 1000 - late, frameOfPixel(image.pixel(0, 0))});
         });
         m_now = 1000;
         qsizetype nextEdit = 0;
         quint32 due = m_now;
-        for (; m_now < 1400; ++m_now) {
+        for (; m_now < 1400 + late; ++m_now) {
             bool edited = false;
+            if (arrivesAt >= 0 && m_now == 1000 + late) {
+                m_engine->finishLoading();
+                edited = true;
+            }
             for (; nextEdit < edits.size() && edits.at(nextEdit).at + 1000 == m_now; ++nextEdit, edited = true)
                 m_doc->setValue(ThemeDocument::requireIndex(edits.at(nextEdit).key), edits.at(nextEdit).value);
             if (!sleeping) {
@@ -188,6 +207,34 @@ private slots:
         const auto sleeping = frameChanges(settings, edits, true);
         QVERIFY(!everyTick.isEmpty());
         QCOMPARE(sleeping, everyTick);
+    }
+
+    void framesArrivingLateKeepTheirTicks_data()
+    {
+        QTest::addColumn<Settings>("settings");
+        QTest::addColumn<int>("arrivesAt");
+        QTest::addColumn<bool>("sleeping");
+        for (const bool sleeping : {false, true}) {
+            const char *timer = sleeping ? ", sleeping timer" : ", every tick";
+            QTest::addRow("delay 10, a tick late%s", timer) << Settings{"5", "1", "10"} << 1 << sleeping;
+            QTest::addRow("delay 0, 37 ticks late%s", timer) << Settings{"3", "1", "0"} << 37 << sleeping;
+            QTest::addRow("reverse from 2, 250 ticks late%s", timer) << Settings{"4", "2", "2.5", true} << 250 << sleeping;
+        }
+    }
+
+    // Playing starts before the frames have loaded: a tick that reaches a frame still loading
+    // holds the picture, and from its arrival on the frames come exactly as if it had been there.
+    void framesArrivingLateKeepTheirTicks()
+    {
+        QFETCH(Settings, settings);
+        QFETCH(int, arrivesAt);
+        QFETCH(bool, sleeping);
+        const auto present = frameChanges(settings, {}, sleeping);
+        cleanup();
+        init();
+        const auto late = frameChanges(settings, {}, sleeping, arrivesAt);
+        QVERIFY(!present.isEmpty());
+        QCOMPARE(late, present);
     }
 
     void editWakesASleepingTimer()
@@ -316,11 +363,33 @@ private slots:
             QCOMPARE(frameOfPixel(m_loading->picture().pixel(0, 0)), files.last());
     }
 
+    void progressShowsOnceForLoadsPastASecond_data()
+    {
+        QTest::addColumn<quint32>("msPerFrame");
+        QTest::addColumn<QStringList>("events");
+        QTest::newRow("ends within a second") << quint32(200) << QStringList{};
+        QTest::newRow("about to end at a second: no flash") << quint32(350) << QStringList{};
+        QTest::newRow("longer") << quint32(600) << QStringList{"begin Game Blocks 4", "end"};
+    }
+
+    void progressShowsOnceForLoadsPastASecond()
+    {
+        QFETCH(quint32, msPerFrame);
+        QFETCH(QStringList, events);
+        RecordingProgress progress;
+        m_engine->setProgress(&progress);
+        m_engine->setClock([this, msPerFrame] { return m_now += msPerFrame; });
+        preview(ElementBlocks, "bk", 4, {"4"});
+        QCOMPARE(progress.events, events);
+        QVERIFY(m_engine->timer(ElementBlocks)->isActive());
+        m_engine->setProgress(nullptr);
+    }
+
     void slowLoadShowsProgressAndStartsThatStopKeepTheRunningAnimation()
     {
         RecordingProgress progress;
         m_engine->setProgress(&progress);
-        const auto slowClock = [this] { return m_now += 200; }; // every frame takes 200 ms
+        const auto slowClock = [this] { return m_now += 600; }; // every frame takes 600 ms
         m_engine->setClock(slowClock);
         makeFrames("bo", 4, {192, 64}, "png");
         // No second build starts while the progress dialog lets events through.

@@ -101,6 +101,7 @@ private slots:
         m_doc->setText(u"bgframecount", QStringLiteral("2"));
         FramePreviews frames(*m_doc, *m_loading);
         QVERIFY(frames.startFramePreview(ElementBackground).isEmpty());
+        frames.finishLoading();
         m_doc->setText(u"warning", path("warning.bmp"));
         QSignalSpy spy(m_stills.get(), &StillPreviews::miscPictureChanged);
         m_stills->showMiscImagePreview(6);
