@@ -151,6 +151,8 @@ private slots:
             QStringLiteral("usr/share/man/man1/stakko-theme.1.gz"),
             QStringLiteral("usr/share/man/man1/stakko-theme-maker.1.gz"),
             QStringLiteral("usr/share/bash-completion/completions/stakko-theme"),
+            QStringLiteral("usr/share/doc/stakko-theme-maker/changelog.gz"),
+            QStringLiteral("usr/share/doc/stakko-theme-maker/copyright"),
             QStringLiteral("usr/share/icons/hicolor/scalable/apps/%1.svg").arg(appId),
             QStringLiteral("usr/share/icons/hicolor/scalable/mimetypes/application-x-stakko-theme.svg"),
         };
