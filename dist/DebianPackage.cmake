@@ -26,6 +26,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/CPackDates.cmake.in ${PROJECT_BINARY_DIR}/CPackDates.cmake @ONLY)
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/CPackDates.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/CPackStrip.cmake)
 # The libraries the binaries link come from dpkg-shlibdeps; the soundfont is data MIDI playback
 # opens by name, which no link shows.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
