@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Quick start: `make run` and `make test`. Both install missing Debian packages first.
 BUILD   ?= build
 JOBS    ?= $(shell nproc)

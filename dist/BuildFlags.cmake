@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Optimised builds carry the distribution's hardening (dpkg-buildflags: PIE, stack protector,
 # fortify, relro, bindnow); Release builds also leave out the folders they were built in, so
 # the same source gives the same programs wherever it is built.

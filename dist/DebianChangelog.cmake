@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # cmake -DCHANGELOG=CHANGELOG.md -DOUTPUT=changelog -DMAINTAINER="Name <address>" -P DebianChangelog.cmake
 # Writes CHANGELOG.md in the Debian changelog format: each "## VERSION (YYYY-MM-DD)" entry with
 # its "- " items, signed by the maintainer at midnight UTC of its date.

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # make package: a Debian package of everything cmake --install puts in place, below /usr.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME stakko-theme-maker)

@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the last commit's Debian package twice, in two clones at different paths and at
 # different times, and compares the two files byte for byte. On a difference it names each
 # member of the package that differs. Usage: check-reproducible.sh [JOBS] [FIRST.deb SECOND.deb]

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What cmake --install puts in place, and whether the desktop would take it: the tree, the
 // validators, the MIME type, the manual pages against --help and the bash completion.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The Debian package as make package builds it: its name and control fields, the programs
 // running from the unpacked tree alone, without the source or build folders, and what a
 // distribution checks: lintian, the programs' hardening and the sources' licences.
