@@ -57,7 +57,7 @@ if [ $# -eq 3 ]; then
     exit
 fi
 
-source=$(git rev-parse --show-toplevel)
+source=$(git -C "$(dirname "$0")" rev-parse --show-toplevel)
 commit=$(git -C "$source" rev-parse HEAD)
 if [ -n "$(git -C "$source" status --porcelain --untracked-files=no)" ]; then
     echo "Note: uncommitted changes are not part of the check; it builds commit $commit."
