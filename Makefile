@@ -74,7 +74,8 @@ test: build
 package: deps
 	@[ -f $(PACKAGE_BUILD)/build.ninja ] || cmake -S . -B $(PACKAGE_BUILD) -G Ninja \
 		-DCMAKE_BUILD_TYPE=Release -DSTAKKO_TESTS=OFF $(CCACHE_LAUNCHER)
-	cmake --build $(PACKAGE_BUILD) -j $(JOBS) --target package
+	# umask 022 as dpkg-buildpackage sets it: CPack writes the builder's modes into the archive.
+	umask 022 && cmake --build $(PACKAGE_BUILD) -j $(JOBS) --target package
 
 # The last commit's package, built twice in two clones at different paths and times: the same bytes.
 check-reproducible: deps
