@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Quick start: `make run` and `make test`. Both install missing Debian packages first.
 BUILD   ?= build
 JOBS    ?= $(shell nproc)
@@ -11,13 +14,27 @@ SAMPLE  ?= samples/StakkoSample.skt
 # validate with desktop-file-utils, appstream and shared-mime-info, render the manual pages with
 # groff-base and find the completion folder through bash-completion; dpkg-dev and file let CPack
 # compute the Debian package's dependencies. Sphinx builds the user manual, whose scripts the
-# installed copy links from libjs-sphinxdoc.
+# installed copy links from libjs-sphinxdoc. The package test checks the package with lintian,
+# the programs with hardening-check (devscripts) and the sources' licences with reuse; ccache
+# makes the package builds cheap.
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libarchive-dev \
 	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip p7zip-full xvfb xauth \
 	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file \
 	python3-sphinx libjs-sphinxdoc \
 	libsndfile1-dev libsamplerate0-dev qt6-image-formats-plugins imagemagick \
-	libx11-dev libxtst-dev
+	libx11-dev libxtst-dev \
+	lintian devscripts reuse ccache git
+
+# The package: a Release build of its own, without the tests.
+PACKAGE_BUILD ?= build-package
+CCACHE_LAUNCHER = $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+
+# Every time stamp a build writes (archive members, resources) is the last commit's, unless the
+# caller gives one.
+SOURCE_DATE_EPOCH ?= $(shell git log -1 --format=%ct 2>/dev/null)
+ifneq ($(SOURCE_DATE_EPOCH),)
+export SOURCE_DATE_EPOCH
+endif
 
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes, in a build of their own.
 FUZZ_BUILD    ?= build-fuzz
@@ -28,7 +45,7 @@ FUZZ_PACKAGES  = clang libclang-rt-dev python3
 FUZZ_TOOLCHAIN = printf 'extern "C" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }\n' | \
 	clang++ -x c++ -fsanitize=fuzzer,address,undefined -o /dev/null - >/dev/null 2>&1
 
-.PHONY: all deps configure build test package run bench sample clean fuzz fuzz-deps fuzz-build fuzz-run fuzz-smoke
+.PHONY: all deps configure build test package check-reproducible run bench sample clean fuzz fuzz-deps fuzz-build fuzz-run fuzz-smoke
 
 all: build
 
@@ -57,10 +74,18 @@ test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy \
 		ctest --output-on-failure -j $(JOBS)
 	@$(MAKE) --no-print-directory fuzz-smoke
+	@$(MAKE) --no-print-directory check-reproducible
 
-# The Debian package: $(BUILD)/stakko-theme-maker_VERSION_ARCH.deb.
-package: build
-	cmake --build $(BUILD) --target package
+# The Debian package: $(PACKAGE_BUILD)/stakko-theme-maker_VERSION_ARCH.deb.
+package: deps
+	@[ -f $(PACKAGE_BUILD)/build.ninja ] || cmake -S . -B $(PACKAGE_BUILD) -G Ninja \
+		-DCMAKE_BUILD_TYPE=Release -DSTAKKO_TESTS=OFF $(CCACHE_LAUNCHER)
+	# umask 022 as dpkg-buildpackage sets it: CPack writes the builder's modes into the archive.
+	umask 022 && cmake --build $(PACKAGE_BUILD) -j $(JOBS) --target package
+
+# The last commit's package, built twice in two clones at different paths and times: the same bytes.
+check-reproducible: deps
+	dist/check-reproducible.sh $(JOBS)
 
 # Each fuzz target for a short while when clang is here; the test run fails on any finding.
 fuzz-smoke:
@@ -108,4 +133,4 @@ sample: build
 	$(BUILD)/samples/make-sample samples
 
 clean:
-	rm -rf $(BUILD) $(FUZZ_BUILD)
+	rm -rf $(BUILD) $(PACKAGE_BUILD) $(FUZZ_BUILD)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // `stakko-theme build` of a theme naming 400 background frames, against Info-ZIP's `zip -q -r`
 // over the same files, the two alternating. Prints the median times and the median of the
 // rounds' ratios (target <= 1.2).

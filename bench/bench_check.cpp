@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // `stakko-theme check` of a Type 1 theme whose package holds 400 background frames, against
 // `stakko-theme dump` of the same theme: both load it and unpack the package, so the ratio is
 // what checking adds. Prints the median times and the median of the rounds' ratios (target <= 1.3).

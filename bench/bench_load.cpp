@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Loading a theme: the whole `stakko-theme dump` of a Type 1 theme whose package holds 400
 // background frames, against `unzip -o -q` of the same package; and the theme file alone.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A playing animation preview, measured with the real system tick counter and event loop: how
 // long each frame stays beyond its delay (median, p99) and the process CPU time over wall time,
 // beside the same wake-ups with nothing done in them.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // From a press of a sound row's play button, and of "Play Music", to the first audible
 // sample, through the editor's own window and bindings. Audio goes through SDL's disk driver,
 // which consumes it at the real rate. Then the processor time the audio thread spends mixing

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Start-up time of the editor against the plainest Qt window (a program of its own, linked to Qt
 // Widgets alone): each run is a fresh process that reports the moment its window first paints,
 // then exits. Teardown is not start-up, so the clock stops at the paint. Prints the medians and

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Building a 400-frame background strip (BMP, then JPEG) against decoding the same files in a
 // bare QImageReader loop, and the memory the build takes at its peak (the strip and whatever
 // frames are being decoded) over the frames' 24-bit pixel bytes.

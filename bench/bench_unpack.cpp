@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Unpacking a package of 400 background frames, against Info-ZIP's unzip on the same file: again
 // over the files of the run before, and into an empty folder. Targets <= 1.15.
 

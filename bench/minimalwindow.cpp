@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The baselines of the start-up benchmark: the plainest Qt window, linked to Qt Widgets and
 // nothing else, empty or ("label") with one line of text, which pays the first font load.
 

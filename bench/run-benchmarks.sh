@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs every benchmark program of a build and closes with one table of measures against targets.
 # Usage: run-benchmarks.sh BUILD [NAME...]
 # A benchmark's own diagnostics (Qt's and SDL's warnings) go to a log shown only when it fails

@@ -1,8 +1,11 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # make package: a Debian package of everything cmake --install puts in place, below /usr.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME stakko-theme-maker)
 set(CPACK_PACKAGE_VENDOR "The Stakko Theme Maker developers")
-set(CPACK_PACKAGE_CONTACT "The Stakko Theme Maker developers <developers@stakko.example.org>")
+set(CPACK_PACKAGE_CONTACT "${STAKKO_PACKAGE_MAINTAINER}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for themes of the falling-blocks game Stakko")
 set(CPACK_PACKAGE_DESCRIPTION
     "Stakko Theme Maker is the desktop editor in which theme authors build themes
@@ -17,7 +20,16 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
-set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${STAKKO_WEB_ADDRESS}")
+if(STAKKO_WEB_ADDRESS)
+    set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${STAKKO_WEB_ADDRESS}")
+endif()
+# Folders in the package are 0755 whatever the builder's umask; its time stamps are those of
+# SOURCE_DATE_EPOCH, taken from the last commit when the caller gives none.
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/CPackDates.cmake.in ${PROJECT_BINARY_DIR}/CPackDates.cmake @ONLY)
+set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/CPackDates.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/CPackStrip.cmake)
 # The libraries the binaries link come from dpkg-shlibdeps; the soundfont is data MIDI playback
 # opens by name, which no link shows.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # bash completion for stakko-theme. Commands and options come from its --help and field keys
 # from its fields command, so the completion never lists what the program no longer knows.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // skm.ini bytes through the settings reader, the writer and the reader again, and through the
 // profile reader with the section and key names the file itself spells.
 

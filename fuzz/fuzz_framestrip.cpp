@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Image bytes as the frame files of a two-frame animation, built into a strip and played as
 // the editor's Preview button does. The strip and the preview surface are checked against
 // the frame decoded on its own and converted by Qt.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Resource package bytes through the unpacker: whatever the archive holds, nothing may land
 // outside the package folder, no link may be made and no more than the cap may be written.
 

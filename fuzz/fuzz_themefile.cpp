@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Theme file bytes through load, save and load again.
 //
 // A first load normalises: missing keys take their fallbacks, empty names become "Unknown",

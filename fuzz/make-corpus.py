@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the seed inputs and dictionaries of the fuzz targets, one folder per target:
 
     make-corpus.py OUT_DIR

@@ -1,4 +1,6 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs every fuzz target in BUILD for SECONDS seconds, JOBS at a time, and prints how many
 # inputs each one ran. Exits non-zero when any target found a crash, a leak, undefined
 # behaviour, a broken property or a slow input; the finding is saved in BUILD/findings/.

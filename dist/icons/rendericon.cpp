@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // render-icon SOURCE.svg SIZE OUTPUT: draws the icon SIZE pixels square, as PNG, or as the raw
 // RGBA rows the editor's window icon reads (OUTPUT ending in .rgba). Build-time only: the
 // programs themselves never read SVG.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Builds the sample theme kept in samples/: a Theme Type 1 theme with every section filled, every
 // animation moving, sounds and a tune. Everything is drawn or synthesised here from fixed tables,
 // without fonts or clocks, so running it again gives the same bytes.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The editor: stakko-theme-maker [THEME.skt], or --screenshot DIR [THEME.skt] (see usageText).
 
 #include "check/backgroundcheck.h"

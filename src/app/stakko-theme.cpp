@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // stakko-theme: the theme core on the command line, for scripts, tests and batch work.
 
 #include "consoledialogs.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "editor/aboutwindow.h"
 
 #include <QDesktopServices>
@@ -83,9 +86,13 @@ AboutWindow::AboutWindow(const QIcon &icon, QWidget *parent)
     text->addWidget(rule(0));
     text->addWidget(description);
     text->addWidget(rule(1));
-    text->addWidget(namedLabel("lblLatest",
-                               QStringLiteral("For the latest version of Stakko and Stakko Theme Maker, visit:")));
+    QLabel *latest = namedLabel("lblLatest",
+                                QStringLiteral("For the latest version of Stakko and Stakko Theme Maker, visit:"));
+    text->addWidget(latest);
     text->addWidget(link);
+    // A build that names no web page leads nowhere rather than to an address nobody holds.
+    latest->setVisible(!address.isEmpty());
+    link->setVisible(!address.isEmpty());
     text->addSpacing(8);
     text->addWidget(ok, 0, Qt::AlignRight);
 

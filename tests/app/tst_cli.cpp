@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The stakko-theme command line, driven as a script would drive it.
 
 #include "common/runprogram.h"

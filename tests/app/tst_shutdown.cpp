@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The editor ended by the system: it exits as Exit does and keeps unsaved changes for the author.
 
 #include "common/testfiles.h"

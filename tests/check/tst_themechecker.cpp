@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The theme checker: one theme per problem code, each a clean theme with one thing broken.
 
 #include "check/backgroundcheck.h"

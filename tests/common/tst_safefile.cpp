@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Every file the program writes goes through one mechanism: whole or not at all.
 
 #include "common/safefile.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What cmake --install puts in place, and whether the desktop would take it: the tree, the
 // validators, the MIME type, the manual pages against --help and the bash completion.
 
@@ -146,6 +149,8 @@ private slots:
             QStringLiteral("usr/share/man/man1/stakko-theme.1.gz"),
             QStringLiteral("usr/share/man/man1/stakko-theme-maker.1.gz"),
             QStringLiteral("usr/share/bash-completion/completions/stakko-theme"),
+            QStringLiteral("usr/share/doc/stakko-theme-maker/changelog.gz"),
+            QStringLiteral("usr/share/doc/stakko-theme-maker/copyright"),
             QStringLiteral("usr/share/icons/hicolor/scalable/apps/%1.svg").arg(appId),
             QStringLiteral("usr/share/icons/hicolor/scalable/mimetypes/application-x-stakko-theme.svg"),
         };

@@ -1,5 +1,9 @@
-// The Debian package as make package builds it: its name and control fields, and the programs
-// running from the unpacked tree alone, without the source or build folders.
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The Debian package as make package builds it: its name and control fields, the programs
+// running from the unpacked tree alone, without the source or build folders, and what a
+// distribution checks: lintian, the programs' hardening and the sources' licences.
 
 #include "common/runprogram.h"
 
@@ -60,7 +64,7 @@ class PackageTest : public QObject
 private slots:
     void initTestCase()
     {
-        for (const auto &[tool, package] : {std::pair{"dpkg-deb", "dpkg"}, {"dpkg-shlibdeps", "dpkg-dev"}, {"file", "file"}}) {
+        for (const auto &[tool, package] : {std::pair{"dpkg-deb", "dpkg"}, {"dpkg-shlibdeps", "dpkg-dev"}, {"file", "file"}, {"dpkg-parsechangelog", "dpkg-dev"}}) {
             if (const QByteArray why = missingTool(QLatin1StringView(tool), package); !why.isEmpty())
                 QSKIP(why.constData());
         }
@@ -127,7 +131,13 @@ private slots:
     void editorWritesTheMetainfoScreenshot()
     {
         const QString metainfo = m_root + QStringLiteral("/usr/share/metainfo/org.stakko.ThemeMaker.metainfo.xml");
-        const QString published = QUrl(xmlText(metainfo, QStringLiteral("image"))).fileName();
+        const QString image = xmlText(metainfo, QStringLiteral("image"));
+        // A build that names no web page points nowhere: no homepage, no screenshot address.
+        const QString address = QStringLiteral(STAKKO_WEB_ADDRESS);
+        QCOMPARE(field(QStringLiteral("Homepage")), address);
+        QCOMPARE(xmlText(metainfo, QStringLiteral("url")), address);
+        QCOMPARE(image.isEmpty(), address.isEmpty());
+        const QString published = image.isEmpty() ? QStringLiteral("general.png") : QUrl(image).fileName();
         QVERIFY(published.endsWith(QLatin1String(".png")));
 
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
@@ -142,6 +152,61 @@ private slots:
         // Screenshots leave nothing beside the program.
         QCOMPARE(QDir(m_root + QStringLiteral("/usr/bin")).entryList(QDir::Files),
                  (QStringList{QStringLiteral("stakko-theme"), QStringLiteral("stakko-theme-maker")}));
+    }
+
+    void docsHoldCopyrightAndChangelog()
+    {
+        const QString docs = m_root + QStringLiteral("/usr/share/doc/") + packageName;
+        QFile copyright(docs + QStringLiteral("/copyright"));
+        QVERIFY(copyright.open(QIODevice::ReadOnly));
+        QVERIFY(copyright.readLine().startsWith("Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/"));
+        const ProgramRun changelog = runProgram(QStringLiteral("dpkg-parsechangelog"),
+            {QStringLiteral("-l"), docs + QStringLiteral("/changelog.gz"), QStringLiteral("-S"), QStringLiteral("Version")});
+        QCOMPARE(changelog.status, 0);
+        QCOMPARE(firstLine(changelog.out), QStringLiteral(STAKKO_VERSION_STRING));
+    }
+
+    /** Every error and warning lintian finds; infos it may give are explained in the README. */
+    void lintianFindsNoErrorOrWarning()
+    {
+        if (const QByteArray why = missingTool(QStringLiteral("lintian"), "lintian"); !why.isEmpty())
+            QSKIP(why.constData());
+        const ProgramRun run = runProgram(QStringLiteral("lintian"),
+            {QStringLiteral("--pedantic"), QStringLiteral("--display-info"), m_deb}, QProcessEnvironment::systemEnvironment(), 600000);
+        QVERIFY2(run.status >= 0, run.err.constData());
+        QStringList found;
+        for (const QString &line : QString::fromUtf8(run.out + run.err).split(u'\n'))
+            if (line.startsWith(QLatin1String("E: ")) || line.startsWith(QLatin1String("W: ")))
+                found << line;
+        QVERIFY2(found.isEmpty(), qPrintable(found.join(u'\n')));
+    }
+
+    void programsAreHardened_data()
+    {
+        QTest::addColumn<QString>("program");
+        QTest::newRow("editor") << "stakko-theme-maker";
+        QTest::newRow("command line") << "stakko-theme";
+    }
+
+    void programsAreHardened()
+    {
+        QFETCH(QString, program);
+        if (const QByteArray why = missingTool(QStringLiteral("hardening-check"), "devscripts"); !why.isEmpty())
+            QSKIP(why.constData());
+        // Control flow protection is left out: this distribution's C start files carry no IBT/SHSTK
+        // note, so no program linked here can (its own programs fail that check too).
+        const ProgramRun run = runProgram(QStringLiteral("hardening-check"),
+            {QStringLiteral("--nocfprotection"), m_root + QStringLiteral("/usr/bin/") + program});
+        QVERIFY2(run.status == 0, run.out + run.err);
+    }
+
+    void sourcesStateTheirLicence()
+    {
+        if (const QByteArray why = missingTool(QStringLiteral("reuse"), "reuse"); !why.isEmpty())
+            QSKIP(why.constData());
+        const ProgramRun run = runProgram(QStringLiteral("reuse"),
+            {QStringLiteral("--root"), qEnvironmentVariable("STAKKO_SOURCE_DIR"), QStringLiteral("lint")});
+        QVERIFY2(run.status == 0, run.out + run.err);
     }
 };
 

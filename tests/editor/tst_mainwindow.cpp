@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "check/backgroundcheck.h"
 #include "document/themesections.h"
 #include "document/description.h"
@@ -609,6 +612,9 @@ private slots:
         QCOMPARE(about->findChild<QLabel *>("lblVersion")->text(), AboutWindow::versionLine());
         QCOMPARE(about->findChild<QLabel *>("lblTitle")->text(), QStringLiteral("Stakko Theme Maker"));
         QCOMPARE(about->findChild<QLabel *>("lblDescription")->text().count(QLatin1Char('\n')), 1);
+        const bool linked = !QStringLiteral(STAKKO_WEB_ADDRESS).isEmpty();
+        QCOMPARE(about->findChild<QLabel *>("lblLink")->isVisibleTo(about), linked);
+        QCOMPARE(about->findChild<QLabel *>("lblLatest")->isVisibleTo(about), linked);
         QVERIFY(about->findChild<QLabel *>("lblLink")->text().contains(QStringLiteral(STAKKO_WEB_ADDRESS)));
         QVERIFY(!about->isModal());
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 cmake_minimum_required(VERSION 3.25)
 # Each source folder may include only the folders listed for it: lower layers, and siblings
 # in one direction only, so no two folders ever include each other.

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws the editor's small icons (16 px plus an @2x variant). The application icon is drawn
 once in dist/icons/app.svg and rendered at build time.
 
