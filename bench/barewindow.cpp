@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The bare Qt programs the from-outside benchmark sets beside the editor, linked to Qt Widgets
 // alone and doing the editor's job the plainest way:
 //   bare-window label                        a window with one label, then waits

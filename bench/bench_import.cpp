@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // `stakko-theme import` of 200 frames of 384x704 PNG into 192x352 bitmaps (the theme saved and its
 // package rebuilt too), against ImageMagick's `convert` doing the same resize, crop and write in
 // one call, the two alternating. Prints the median times and the median of the rounds' ratios

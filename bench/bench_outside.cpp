@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The editor as the author sees it: the built stakko-theme-maker on a private X server, driven
 // from outside with XTest clicks, its processor time read from /proc and the screen read back
 // through Xlib, each figure beside a bare Qt program (bare-window) doing the same job in the

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Installs the built manual (MANUAL_HTML) below MANUAL_DOCDIR. Sphinx's scripts that the system's
 # libjs-sphinxdoc holds byte for byte (SYSTEM_SCRIPTS) become relative links to it, as Debian
 # wants them: no second copy of jQuery and Underscore.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Deflate64 streams through the inflater: it never reads or writes out of bounds, and what it
 // decodes does not depend on how the compressed bytes are handed to it.
 

@@ -1,4 +1,7 @@
 #!/bin/sh
+# SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Runs one test with a home, configuration, cache and data folder of its own, removed afterwards,
 # so that no test reads or writes the settings and caches of the person running the tests.
 home=$(mktemp -d "${TMPDIR:-/tmp}/stakko-test-home.XXXXXX") || exit 1

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The user manual as cmake --install puts it in place: every page with its pictures, Sphinx's
 // scripts linked from Debian's libjs-sphinxdoc, a section for every problem code, and the
 // installed programs pointing at it.

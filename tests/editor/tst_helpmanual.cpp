@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Help opens the manual, and the Problems panel the section on a problem's code, in the
 // system's browser: the addresses are caught where the browser would take them.
 
