@@ -80,7 +80,10 @@ public:
         const QString path = m_questions.openFileName(filter, folder);
         return !path.isEmpty() && m_offer && m_offer(path) ? QString() : path;
     }
-    QString saveFileName(const QString &filter) override { return m_questions.saveFileName(filter); }
+    QString saveFileName(const QString &filter, const QString &proposedName) override
+    {
+        return m_questions.saveFileName(filter, proposedName);
+    }
     std::optional<quint32> chooseColor() override { return m_questions.chooseColor(); }
 
 private:
