@@ -8,6 +8,8 @@
 #include "document/filecommands.h"
 #include "editor/mainwindow.h"
 #include "sound/soundsystem.h"
+#include "sound/waveformat.h"
+#include "common/pathlookup.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -16,6 +18,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QWidget>
 
 namespace {
@@ -97,7 +100,19 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
     });
 
     m_window.onRowClick(soundRows.show, soundRows.keys, this, [this](int row) {
-        m_sound.playWaveFile(m_doc.packageFolder() + m_doc.value(QLatin1StringView(soundRows.keys[row])));
+        const int field = fieldIndex(soundRows.keys[row]);
+        const QString path = m_doc.packageFolder() + m_doc.value(field);
+        // The sound itself is silent about a file it cannot play: the status bar says it.
+        const QString file = QDir::toNativeSeparators(resolveThemePath(path));
+        const QString trouble = m_doc.value(field).isEmpty()     ? QStringLiteral("no sound is chosen")
+                                : !QFileInfo(file).isFile()      ? file + QStringLiteral(" is missing")
+                                : !isPlayableWaveFile(file)      ? file + QStringLiteral(" is no wave file that can be played")
+                                                                 : QString();
+        if (trouble.isEmpty())
+            m_window.statusBar()->clearMessage();
+        else
+            m_window.statusBar()->showMessage(QStringLiteral("Cannot play %1: %2").arg(fieldLabel(field), trouble));
+        m_sound.playWaveFile(path);
     });
     m_window.onClick(QStringLiteral("cmdPlayMusic"), this, [this] { toggleMusic(); });
     connect(m_window.findChild<QAction *>(QStringLiteral("mnuArtFolder")), &QAction::triggered, this,

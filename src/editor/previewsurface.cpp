@@ -1,14 +1,50 @@
 #include "editor/previewsurface.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
+
+namespace {
+
+/** A picture that says what it shows when asked, not on every frame it draws. */
+class SurfaceAccessible : public QAccessibleWidget
+{
+public:
+    explicit SurfaceAccessible(PreviewSurface *surface) : QAccessibleWidget(surface, QAccessible::Graphic) {}
+
+    QString text(QAccessible::Text t) const override
+    {
+        if (t == QAccessible::Description)
+            return static_cast<const PreviewSurface *>(widget())->description();
+        return QAccessibleWidget::text(t);
+    }
+};
+
+QAccessibleInterface *surfaceAccessible(const QString &className, QObject *object)
+{
+    if (className == QLatin1String("PreviewSurface") && object && object->isWidgetType())
+        return new SurfaceAccessible(static_cast<PreviewSurface *>(object));
+    return nullptr;
+}
+
+} // namespace
 
 PreviewSurface::PreviewSurface(const QString &objectName, QSize area, Mode mode, QWidget *parent)
     : QWidget(parent)
     , m_area(area)
     , m_mode(mode)
 {
+    static const bool installed = [] {
+        QAccessible::installFactory(surfaceAccessible);
+        return true;
+    }();
+    Q_UNUSED(installed);
     setObjectName(objectName);
     setFixedSize(area);
+}
+
+QString PreviewSurface::description() const
+{
+    return m_describe ? m_describe() : accessibleDescription();
 }
 
 void PreviewSurface::setImage(const QImage &image)
@@ -32,7 +68,14 @@ void PreviewSurface::setOutlined(bool outlined)
 void PreviewSurface::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), m_fill);
+    if (m_fill.isValid()) {
+        painter.fillRect(rect(), m_fill);
+    } else {
+        // No colour: the page behind, struck through.
+        painter.fillRect(rect(), palette().color(QPalette::Base));
+        painter.setPen(QPen(QColor(0xcc, 0x22, 0x22), 2));
+        painter.drawLine(rect().bottomLeft(), rect().topRight());
+    }
     if (m_outlined) {
         painter.setPen(palette().color(QPalette::Dark));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QAction>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -63,10 +64,10 @@ private:
 } // namespace
 
 PreviewWindow::PreviewWindow(FramePreviews &frames, int element, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element)
+    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(frames.surfaceImage(element))
 {
+    // The picture comes first: the canvas takes its size from it when it is built.
     build(QString::fromLatin1(animatedElements[element].caption));
-    m_image = frames.surfaceImage(element);
     connect(&frames, &FramePreviews::surfaceChanged, this, [this](int changed, const QImage &image) {
         if (changed == m_element)
             setImage(image);
@@ -91,6 +92,12 @@ void PreviewWindow::build(const QString &caption)
     setObjectName(QStringLiteral("frmPreviewWindow"));
     setWindowTitle(QStringLiteral("Preview - %1").arg(caption));
     setAttribute(Qt::WA_DeleteOnClose);
+    // A window of its own, closed as a dialog or a document tab is.
+    auto *closing = new QAction(this);
+    closing->setObjectName(QStringLiteral("actClosePreview"));
+    closing->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence(QStringLiteral("Ctrl+W")), QKeySequence::Close});
+    connect(closing, &QAction::triggered, this, &QWidget::close);
+    addAction(closing);
 
     m_zoom = new QComboBox;
     m_zoom->setObjectName(QStringLiteral("cmbZoom"));
