@@ -102,15 +102,25 @@ QStringList assign(const QStringList &captions, const QString &taken, const QStr
     QList<qsizetype> chosen(captions.size(), -1); // position in the caption's text
     QHash<QChar, int> owner;
     const auto letter = [&](int item, qsizetype at) { return texts.at(item).at(at).toUpper(); };
+    const auto allowed = [&](QChar c, bool avoidedToo) {
+        return !taken.contains(c, Qt::CaseInsensitive) && (avoidedToo || !avoided.contains(c, Qt::CaseInsensitive));
+    };
     std::function<bool(int, bool, QSet<QChar> &)> place = [&](int item, bool avoidedToo, QSet<QChar> &seen) {
+        // A free letter in the caption's own order first; only then one moved from another caption.
         for (const qsizetype at : options.at(item)) {
             const QChar c = letter(item, at);
-            if (taken.contains(c, Qt::CaseInsensitive) || (!avoidedToo && avoided.contains(c, Qt::CaseInsensitive))
-                || seen.contains(c))
+            if (allowed(c, avoidedToo) && !owner.contains(c)) {
+                owner.insert(c, item);
+                chosen[item] = at;
+                return true;
+            }
+        }
+        for (const qsizetype at : options.at(item)) {
+            const QChar c = letter(item, at);
+            if (!allowed(c, avoidedToo) || seen.contains(c))
                 continue;
             seen.insert(c);
-            const auto held = owner.constFind(c);
-            if (held == owner.cend() || place(*held, avoidedToo, seen)) {
+            if (place(owner.value(c), avoidedToo, seen)) {
                 owner.insert(c, item);
                 chosen[item] = at;
                 return true;

@@ -95,7 +95,13 @@ void PreviewWindow::build(const QString &caption)
     // A window of its own, closed as a dialog or a document tab is.
     auto *closing = new QAction(this);
     closing->setObjectName(QStringLiteral("actClosePreview"));
-    closing->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence(QStringLiteral("Ctrl+W")), QKeySequence::Close});
+    QList<QKeySequence> keys{QKeySequence(Qt::Key_Escape), QKeySequence(QStringLiteral("Ctrl+W"))};
+    // The platform's own Close, unless it is one of these: a key bound twice would be ambiguous.
+    for (const QKeySequence &platform : QKeySequence::keyBindings(QKeySequence::Close)) {
+        if (!keys.contains(platform))
+            keys.append(platform);
+    }
+    closing->setShortcuts(keys);
     connect(closing, &QAction::triggered, this, &QWidget::close);
     addAction(closing);
 
@@ -177,6 +183,8 @@ int PreviewWindow::zoom() const
 
 QImage PreviewWindow::rendered() const
 {
+    if (m_canvas->sizeHint().isEmpty())
+        return {};
     QImage out(m_canvas->sizeHint(), QImage::Format_RGB32);
     QPainter painter(&out);
     static_cast<const Canvas *>(m_canvas)->render(painter);

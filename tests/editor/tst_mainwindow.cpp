@@ -713,6 +713,36 @@ private slots:
         QVERIFY(!swatch->fillColor().isValid());
     }
 
+    void acceleratorLetters_data()
+    {
+        QTest::addColumn<QStringList>("captions");
+        QTest::addColumn<QString>("taken");
+        QTest::addColumn<QString>("avoided");
+        QTest::addColumn<QStringList>("lettered");
+        QTest::newRow("first letters of words first")
+            << QStringList{"Theme Name:", "Theme Author:"} << "FETOH" << "" << QStringList{"Theme &Name:", "Theme &Author:"};
+        QTest::newRow("own letter kept") << QStringList{"Theme &Load", "Theme &Save"} << "" << ""
+                                         << QStringList{"Theme &Load", "Theme &Save"};
+        QTest::newRow("shared own letter moves") << QStringList{"&Theme Data", "&Tools"} << "" << ""
+                                                 << QStringList{"&Theme Data", "T&ools"};
+        // A caption taking the only letter another one could have gives it up.
+        QTest::newRow("no caption left without") << QStringList{"Ab", "A"} << "" << "" << QStringList{"A&b", "&A"};
+        QTest::newRow("avoided only when nothing else") << QStringList{"Shield:", "Make Line:"} << "HIED" << "SM"
+                                                        << QStringList{"Shie&ld:", "M&ake Line:"};
+        QTest::newRow("avoided rather than none") << QStringList{"Sm"} << "" << "SM" << QStringList{"&Sm"};
+        QTest::newRow("no letter at all") << QStringList{"Tt"} << "T" << "" << QStringList{"Tt"};
+        QTest::newRow("ampersand in text") << QStringList{"R && D"} << "R" << "" << QStringList{"R && &D"};
+    }
+
+    void acceleratorLetters()
+    {
+        QFETCH(QStringList, captions);
+        QFETCH(QString, taken);
+        QFETCH(QString, avoided);
+        QFETCH(QStringList, lettered);
+        QCOMPARE(Mnemonics::assign(captions, taken, avoided), lettered);
+    }
+
     // Alt and a letter reach one thing: menus, items, tabs and each page's labelled controls.
     void everyAcceleratorIsUnique()
     {

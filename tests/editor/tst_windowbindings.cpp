@@ -441,7 +441,7 @@ private slots:
             e.commands.newTheme();
         for (const char *surface : {"picPreviewBG", "imgIPreview", "imgPreviewMisc"})
             QVERIFY2(e.control<PreviewSurface>(QLatin1StringView(surface))->image().isNull(), surface);
-        QVERIFY(closer->rendered().isNull() || closer->rendered().size().isEmpty());
+        QVERIFY(closer->rendered().isNull());
         // The swatch shows the open theme's colour text: none after New.
         const std::optional<quint32> color = colorOfText(e.doc.value(u"colortitle"));
         QCOMPARE(e.control<PreviewSurface>("picPreviewColor(0)")->fillColor(),
