@@ -402,12 +402,8 @@ int main(int argc, char *argv[])
     commands.setAfterLoadOrSave([&](FileCommands::Done done) {
         recovery.restart();
         themeWatch.follow();
-        if (done == FileCommands::Done::Loaded) {
-            window.history().restart();
-            window.focusThemeName();
-        }
         recent.add(doc.currentThemeFile());
-        window.checkTheme();
+        window.afterLoadOrSave(done);
     });
     const auto offerRecovery = [&] {
         const std::vector<AutoRecovery::Orphan> orphans = recovery.takeOrphans();
@@ -432,9 +428,7 @@ int main(int argc, char *argv[])
             if (!page)
                 report.error(QStringLiteral("The unsaved changes could not be restored: ") + error);
             dialogs.show(report);
-            window.history().restart();
-            if (page && *page >= 0 && *page < MainWindow::pageCount)
-                window.showPage(MainWindow::Page(*page));
+            window.showRestoredTheme(page);
         }
     };
 

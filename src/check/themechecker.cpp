@@ -47,19 +47,6 @@ QString captionOf(QAnyStringView key)
     return caption;
 }
 
-bool isComponent(const QString &part)
-{
-    const auto digit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-    return !part.isEmpty() && part.size() <= 3 && std::all_of(part.cbegin(), part.cend(), digit)
-        && part.toInt() <= 255;
-}
-
-bool isColorText(const QString &text)
-{
-    const QStringList parts = text.split(u',');
-    return parts.size() == 3 && std::all_of(parts.cbegin(), parts.cend(), isComponent);
-}
-
 /** Why the profile reader gives back \a text changed, or "" when it reads back as written. */
 QString readBackChange(const QString &text)
 {
@@ -259,7 +246,7 @@ private:
     {
         // An empty colour is written as white.
         const QString value = m_doc.value(QLatin1StringView(key));
-        if (!value.isEmpty() && !isColorText(value))
+        if (!value.isEmpty() && !colorOfText(value))
             add(Severity::Error, "colour-invalid", QLatin1StringView(key), {},
                 QStringLiteral("\"%1\" is no colour: three whole numbers from 0 to 255 separated by commas, "
                                "without blanks")

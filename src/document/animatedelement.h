@@ -92,3 +92,19 @@ inline const AnimatedElement *elementWithRoot(QAnyStringView rootField)
     }
     return nullptr;
 }
+
+/** The element that field \a key ("bgframecount", "includebackground") belongs to, or nullptr. */
+inline const AnimatedElement *elementOfField(QAnyStringView key)
+{
+    const auto is = [&key](const char *field) { return field && QAnyStringView::equal(key, QLatin1StringView(field)); };
+    for (const AnimatedElement &e : animatedElements) {
+        for (const char *field : {e.includeField, e.imageField, e.rootField, e.extensionField, e.frameCountField,
+                                  e.startingFrameField, e.stillFrameField, e.delayField, e.reverseField,
+                                  e.transparencyField, e.animatedFields[0], e.animatedFields[1], e.animatedFields[2],
+                                  e.animatedFields[3]}) {
+            if (is(field))
+                return &e;
+        }
+    }
+    return nullptr;
+}

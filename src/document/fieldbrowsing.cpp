@@ -156,7 +156,9 @@ bool browseArtFolder(ThemeDocument &doc, Dialogs &dialogs)
     // The whole path is the tail: a file chosen below it is stored relative to it.
     const QString path = folder.absolutePath() + u'/';
     doc.setPackageFolder(path, path);
-    if (!QFileInfo(resourcePackagePath(doc.currentThemeFile(), doc.value(u"resourcefile"))).isFile())
+    // A name the author gave stays, even for a package not built yet; the New-theme one is no choice.
+    const QString resource = doc.value(u"resourcefile");
+    if (resource.isEmpty() || resource == QLatin1StringView(fieldSpec("resourcefile").defaultValue))
         doc.setText(u"resourcefile", folder.dirName() + QStringLiteral(".zip"));
     return true;
 }

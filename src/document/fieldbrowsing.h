@@ -84,6 +84,7 @@ bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs, Report &report)
 /**
  * A folder of art as the package folder, so a theme can start before its package exists:
  * previews read from it, Browse stores names relative to it and Build packs from it. A theme
- * whose resource file does not exist yet is given "FOLDER.zip", beside the theme file.
+ * that names no resource file of its own (none, or the New-theme one) is given "FOLDER.zip",
+ * beside the theme file.
  */
 bool browseArtFolder(ThemeDocument &doc, Dialogs &dialogs);

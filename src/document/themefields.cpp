@@ -176,3 +176,11 @@ const FieldSpec &fieldSpec(QAnyStringView key)
     return fields[index];
 }
 
+
+QString fieldLabel(int index)
+{
+    QString caption = QString::fromLatin1(fields[index].caption);
+    while (caption.endsWith(u':') || caption.endsWith(u' '))
+        caption.chop(1);
+    return caption.isEmpty() ? QString::fromLatin1(fields[index].key) : caption;
+}

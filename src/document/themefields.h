@@ -35,6 +35,9 @@ int fieldIndex(QAnyStringView key);
 /** The field named \a key; the key must exist (a misspelt key is a programming error). */
 const FieldSpec &fieldSpec(QAnyStringView key);
 
+/** The field's caption as a name, without its colon: "Number of frames:" -> "Number of frames". */
+QString fieldLabel(int index);
+
 /** The twelve colour keys, by swatch index. */
 inline constexpr const char *colorKeys[] = {
     "colortitle", "colorfields", "coloroptions", "colortheme", "colorserver", "colorconnect",

@@ -7,19 +7,6 @@
 
 #include <QTimer>
 
-namespace {
-
-// A field's caption without its colon: "Theme Name:" -> "Theme Name".
-QString stepName(int field)
-{
-    QString caption = QString::fromLatin1(themeFields()[size_t(field)].caption);
-    while (caption.endsWith(u':') || caption.endsWith(u' '))
-        caption.chop(1);
-    return caption.isEmpty() ? QString::fromLatin1(themeFields()[size_t(field)].key) : caption;
-}
-
-} // namespace
-
 /** One step: field and swatch changes in the order made, undone in reverse. */
 class ThemeStep : public QUndoCommand
 {
@@ -130,7 +117,7 @@ void ThemeHistory::recordField(int index)
     step.typedField = typed && step.changes.isEmpty() ? index : -1;
     step.changes.append({index, -1, m_values.at(index), now, {}, {}});
     if (step.text().isEmpty())
-        step.setText(stepName(index));
+        step.setText(fieldLabel(index));
     m_values[index] = now;
 }
 
@@ -152,6 +139,6 @@ void ThemeHistory::closeStep()
     m_typed = -1;
     ThemeStep *step = std::exchange(m_open, nullptr);
     if (step->text().isEmpty())
-        step->setText(stepName(fieldIndex(colorKeys[step->changes.first().swatch])));
+        step->setText(fieldLabel(fieldIndex(colorKeys[step->changes.first().swatch])));
     m_stack.push(step);
 }

@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -226,6 +227,22 @@ quint32 textToColor(const QString &text)
     if (!red || !green || !blue)
         return white;
     return *red + 256 * *green + 65536 * *blue;
+}
+
+std::optional<quint32> colorOfText(const QString &text)
+{
+    const QStringList parts = text.split(u',');
+    if (parts.size() != 3)
+        return std::nullopt;
+    quint32 color = 0;
+    for (int i = 0; i < 3; ++i) {
+        const QString &part = parts.at(i);
+        const bool digits = std::all_of(part.cbegin(), part.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+        if (part.isEmpty() || part.size() > 3 || !digits || part.toInt() > 255)
+            return std::nullopt;
+        color += quint32(part.toInt()) << (8 * i);
+    }
+    return color;
 }
 
 QString colorToText(quint32 colorValue)

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class Dialogs;
 class ThemeDocument;
 
@@ -34,6 +36,12 @@ QString resourcePackagePath(const QString &themePath, const QString &resourceFil
 
 /** A colour text "R,G,B" as red + 256 green + 65536 blue; white (0xFFFFFF) when unreadable. */
 quint32 textToColor(const QString &text);
+
+/**
+ * The colour a well-formed colour text names: exactly three whole numbers from 0 to 255, no
+ * blanks, no signs, separated by commas ("255,0,0"); nullopt for anything else.
+ */
+std::optional<quint32> colorOfText(const QString &text);
 
 /** The colour text "R,G,B" of a colour value. */
 QString colorToText(quint32 colorValue);

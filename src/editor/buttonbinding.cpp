@@ -5,11 +5,12 @@
 
 #include "editor/editordialogs.h"
 
+#include "check/themechecker.h"
 #include "common/pathlookup.h"
-#include "document/themedocument.h"
-#include "editor/controlnames.h"
 #include "document/fieldbrowsing.h"
 #include "document/filecommands.h"
+#include "document/themedocument.h"
+#include "editor/controlnames.h"
 #include "editor/mainwindow.h"
 #include "sound/soundsystem.h"
 
@@ -20,6 +21,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QWidget>
 
 namespace {
@@ -132,7 +134,14 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
     });
 
     m_window.onRowClick(soundRows.show, soundRows.keys, this, [this](int row) {
-        m_sound.playWaveFile(themeFilePath(m_doc.packageFolder(), m_doc.value(QLatin1StringView(soundRows.keys[row]))));
+        const QString key = QLatin1StringView(soundRows.keys[row]);
+        // The sound itself is silent about a file it cannot play: the status bar says it.
+        const QString trouble = playProblem(m_doc, key);
+        if (trouble.isEmpty())
+            m_window.statusBar()->clearMessage();
+        else
+            m_window.statusBar()->showMessage(trouble);
+        m_sound.playWaveFile(themeFilePath(m_doc.packageFolder(), m_doc.value(key)));
     });
     m_window.onClick(QStringLiteral("cmdPlayMusic"), this, [this] { toggleMusic(); });
     connect(m_window.findChild<QAction *>(QStringLiteral("mnuArtFolder")), &QAction::triggered, this,

@@ -10,7 +10,10 @@
 #include "document/themedocument.h"
 #include "document/themefields.h"
 #include "document/themehistory.h"
+#include "document/themeloader.h"
 #include "editor/aboutwindow.h"
+#include "editor/accessiblenames.h"
+#include "editor/mnemonics.h"
 #include "editor/controlnames.h"
 #include "editor/manualbrowser.h"
 #include "editor/pages.h"
@@ -24,7 +27,9 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QFrame>
 #include <QGridLayout>
@@ -44,6 +49,8 @@
 #include <span>
 
 namespace {
+
+constexpr char programName[] = "Stakko Theme Maker";
 
 // Edits check again this long after typing pauses.
 constexpr int recheckDelayMs = 500;
@@ -157,12 +164,14 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
     }
     setCentralWidget(buildPageArea());
     connect(&m_doc, &ThemeDocument::fieldChanged, this, &MainWindow::showFieldValue);
-    connect(&m_doc, &ThemeDocument::swatchChanged, this, &MainWindow::showSwatch);
+    connect(&m_doc, &ThemeDocument::stateChanged, this, &MainWindow::showTitle);
+    connect(&m_doc, &ThemeDocument::dirtyChanged, this, &MainWindow::showTitle);
     connect(&m_doc, &ThemeDocument::themeReset, this, [this] {
         for (TickTimer *timer : m_timers)
             timer->stop();
         refreshThemeType();
         focusThemeName();
+        emit themeOpened();
     });
     buildPage(int(Page::General));
 }
@@ -192,13 +201,22 @@ void MainWindow::buildMenus()
 
     QMenu *file = menuBar()->addMenu(QStringLiteral("&File"));
     file->setObjectName(QStringLiteral("mnuFile"));
-    addItem(file, "mnuNewTheme", QStringLiteral("Theme &New"))->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
-    addItem(file, "mnuLoadTheme", QStringLiteral("Theme &Load"))->setShortcut(QKeySequence(QStringLiteral("Ctrl+L")));
-    addItem(file, "mnuSaveTheme", QStringLiteral("Theme &Save"))->setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
-    addItem(file, "mnuSaveAs", QStringLiteral("Theme Save &As"))->setShortcut(QKeySequence(QStringLiteral("Ctrl+A")));
+    // The first shortcut is the one the menu shows; the desktop's usual ones follow it.
+    const auto keys = [](std::initializer_list<const char *> sequences) {
+        QList<QKeySequence> list;
+        for (const char *sequence : sequences)
+            list.append(QKeySequence(QLatin1StringView(sequence)));
+        return list;
+    };
+    addItem(file, "mnuNewTheme", QStringLiteral("Theme &New"))->setShortcuts(keys({"Ctrl+N"}));
+    addItem(file, "mnuLoadTheme", QStringLiteral("Theme &Load"))->setShortcuts(keys({"Ctrl+L", "Ctrl+O"}));
+    addItem(file, "mnuSaveTheme", QStringLiteral("Theme &Save"))->setShortcuts(keys({"Ctrl+S"}));
+    addItem(file, "mnuSaveAs", QStringLiteral("Theme Save &As"))->setShortcuts(keys({"Ctrl+A", "Ctrl+Shift+S"}));
     file->addMenu(QStringLiteral("&Recent Themes"))->setObjectName(QStringLiteral("mnuRecent"));
     file->addSeparator()->setObjectName(QStringLiteral("mnuSpacer"));
-    connect(addItem(file, "mnuExit", QStringLiteral("E&xit")), &QAction::triggered, this, &QWidget::close);
+    QAction *exit = addItem(file, "mnuExit", QStringLiteral("E&xit"));
+    exit->setShortcuts(keys({"Ctrl+Q"}));
+    connect(exit, &QAction::triggered, this, &QWidget::close);
 
     QMenu *edit = menuBar()->addMenu(QStringLiteral("&Edit"));
     edit->setObjectName(QStringLiteral("mnuEdit"));
@@ -219,7 +237,18 @@ void MainWindow::buildMenus()
         m_pageActions[i] = item;
     }
 
-    QMenu *tools = menuBar()->addMenu(QStringLiteral("&Tools"));
+    // Pages in turn, as tabs elsewhere on the desktop: forward and back, wrapping round.
+    for (const auto &[name, step, sequences] : {std::tuple{"actNextPage", 1, keys({"Ctrl+Tab", "Ctrl+PgDown"})},
+                                               std::tuple{"actPreviousPage", -1, keys({"Ctrl+Shift+Tab", "Ctrl+PgUp"})}}) {
+        auto *turn = new QAction(this);
+        turn->setObjectName(QLatin1StringView(name));
+        turn->setShortcuts(sequences);
+        connect(turn, &QAction::triggered, this, [this, step] { showPage(Page((int(m_page) + step + pageCount) % pageCount)); });
+        addAction(turn);
+    }
+
+    // "Theme Data" has the menu bar's T.
+    QMenu *tools = menuBar()->addMenu(QStringLiteral("T&ools"));
     tools->setObjectName(QStringLiteral("mnuTools"));
     QAction *check = addItem(tools, "mnuCheckTheme", QStringLiteral("&Check Theme"));
     check->setShortcut(QKeySequence(Qt::Key_F7));
@@ -237,7 +266,7 @@ void MainWindow::buildMenus()
     QAction *manual = addItem(help, "mnuManual", QStringLiteral("Stakko Theme Maker &Manual"));
     manual->setShortcut(QKeySequence(Qt::Key_F1));
     connect(manual, &QAction::triggered, this, [this] { showManual(); });
-    connect(addItem(help, "mnuAbout", QStringLiteral("About")), &QAction::triggered, this, &MainWindow::showAbout);
+    connect(addItem(help, "mnuAbout", QStringLiteral("&About")), &QAction::triggered, this, &MainWindow::showAbout);
 }
 
 void MainWindow::buildTimers()
@@ -317,6 +346,11 @@ void MainWindow::revealField(const QString &key)
     QWidget *control = m_controls.at(index);
     if (!control)
         return;
+    // A box the program fills takes no input: the author edits the image name it comes from.
+    if (control->focusPolicy() == Qt::NoFocus) {
+        if (const AnimatedElement *element = elementOfField(key))
+            control = m_controls.at(fieldIndex(element->imageField));
+    }
     for (int page = 0; page < pageCount; ++page) {
         if (!m_panels[page]->isAncestorOf(control))
             continue;
@@ -363,6 +397,13 @@ QWidget *MainWindow::buildPageArea()
                        QString::fromLatin1(pageRows[i].tabCaption));
         m_tabs->setTabToolTip(i, QString::fromLatin1(pageRows[i].tabToolTip));
     }
+    QStringList tabCaptions;
+    for (int i = 0; i < pageCount; ++i)
+        tabCaptions.append(m_tabs->tabText(i));
+    // Alt and a letter switch pages too, apart from the menu bar's letters.
+    const QStringList lettered = Mnemonics::assign(tabCaptions, menuBarLetters());
+    for (int i = 0; i < pageCount; ++i)
+        m_tabs->setTabText(i, lettered.at(i));
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) {
         if (index >= 0 && index < pageCount)
             showPage(Page(index));
@@ -410,9 +451,11 @@ void MainWindow::buildPage(int page)
             switched.frame = panel->findChild<QWidget *>(QLatin1StringView(switched.name));
     }
     bindFields(panel);
+    nameControls(panel);
     for (int i = 0; i < int(colorRows.keys.size()); ++i)
         showSwatch(i);
     bindSelector(panel, page);
+    assignAccelerators(page);
     refreshSwitchedFrames();
     refreshThemeType();
 
@@ -427,6 +470,58 @@ void MainWindow::buildPage(int page)
             ++i;
     }
     panel->setVisible(page == int(m_page));
+}
+
+void MainWindow::nameControls(QWidget *panel)
+{
+    nameRowButtons(panel);
+    // A box without a label of its own (the music file) is named by its field.
+    QList<const QWidget *> labelled;
+    for (const QLabel *label : panel->findChildren<QLabel *>())
+        labelled.append(label->buddy());
+    for (int i = 0; i < int(m_controls.size()); ++i) {
+        QWidget *control = m_controls.at(i);
+        if (control && panel->isAncestorOf(control) && !labelled.contains(control) && control->accessibleName().isEmpty()
+            && !qobject_cast<QAbstractButton *>(control))
+            control->setAccessibleName(fieldLabel(i));
+    }
+}
+
+QString MainWindow::menuBarLetters() const
+{
+    QString letters;
+    for (const QAction *menu : menuBar()->actions())
+        letters += Mnemonics::letterOf(menu->text());
+    return letters;
+}
+
+void MainWindow::assignAccelerators(int page)
+{
+    // The menu bar's letters stay the menu bar's; the page's own controls share the rest.
+    // Controls shown with every data set come first, then each set beside them.
+    const QString bar = menuBarLetters();
+    // The tabs' letters go to a control only where nothing else is left: Alt+letter then cycles.
+    QString tabs;
+    for (int i = 0; i < m_tabs->count(); ++i)
+        tabs += Mnemonics::letterOf(m_tabs->tabText(i));
+    QWidget *panel = m_panels[page];
+    QList<QList<QWidget *>> sets;
+    QList<QWidget *> setParts;
+    for (const SectionFrame &set : dataSetsOf(page)) {
+        auto *frame = panel->findChild<QWidget *>(QLatin1StringView(set.frame));
+        auto *include = panel->findChild<QWidget *>(fieldControl(set.includeKey));
+        QList<QWidget *> controls = Mnemonics::captionedControls(frame);
+        controls.prepend(include);
+        sets.append(controls);
+        setParts << frame << include;
+    }
+    const QList<QWidget *> common = Mnemonics::captionedControls(panel, setParts);
+    Mnemonics::assignControls(common, bar, tabs);
+    QString taken = bar;
+    for (const QWidget *control : common)
+        taken += Mnemonics::letterOf(Mnemonics::captionOf(control));
+    for (const QList<QWidget *> &set : std::as_const(sets))
+        Mnemonics::assignControls(set, taken, tabs);
 }
 
 void MainWindow::buildAllPages()
@@ -523,6 +618,10 @@ void MainWindow::showFieldValue(int index)
     }
     m_showingField = false;
 
+    for (int row = 0; row < int(colorRows.keys.size()); ++row) {
+        if (qstrcmp(colorRows.keys[row], field.key) == 0)
+            showSwatch(row);
+    }
     if (field.kind == FieldKind::Switch)
         refreshSwitchedFrames();
     else if (field.kind == FieldKind::TypeIndex && m_type->count() > m_doc.number(index))
@@ -534,9 +633,13 @@ void MainWindow::showSwatch(int index)
     auto *swatch = findChild<PreviewSurface *>(rowControl(colorRows.show, index));
     if (!swatch)
         return;
-    const auto value = m_doc.swatch(index);
-    // No colour yet is saved as white, so that is what the swatch shows.
-    swatch->setFillColor(value ? swatchColor(*value) : QColor(Qt::white));
+    // The swatch shows the text as it stands, so typing, choosing, New and Load agree.
+    const int field = fieldIndex(colorRows.keys[index]);
+    const QString text = m_doc.value(field);
+    const auto color = colorOfText(text);
+    swatch->setFillColor(color ? swatchColor(*color) : QColor());
+    swatch->setAccessibleDescription(
+        QStringLiteral("%1: %2").arg(fieldLabel(field), color ? text : QStringLiteral("no colour")));
 }
 
 void MainWindow::bindSelector(QWidget *panel, int page)
@@ -669,9 +772,44 @@ void MainWindow::applyWindowHeight()
     centralWidget()->setMinimumHeight(pageMinimum);
 }
 
+void MainWindow::showTitle()
+{
+    const QString file = m_doc.currentThemeFile();
+    // The mark shows the unsaved changes of a file; a new theme is named by the program alone.
+    setWindowTitle(file.isEmpty() ? QString::fromLatin1(programName)
+                                  : QStringLiteral("%1[*] - %2").arg(QFileInfo(file).fileName(), QLatin1StringView(programName)));
+    setWindowModified(!file.isEmpty() && m_doc.isDirty());
+}
+
+void MainWindow::afterLoadOrSave(FileCommands::Done done)
+{
+    if (done == FileCommands::Done::Loaded) {
+        m_history->restart();
+        focusThemeName();
+        emit themeOpened();
+    } else {
+        statusBar()->showMessage(QStringLiteral("Saved %1").arg(QFileInfo(m_doc.currentThemeFile()).fileName()));
+    }
+    checkTheme();
+}
+
+void MainWindow::showRestoredTheme(std::optional<int> page)
+{
+    m_history->restart();
+    if (page && *page >= 0 && *page < pageCount)
+        showPage(Page(*page));
+    // The author sees at once what the restored theme still lacks.
+    checkTheme();
+}
+
 void MainWindow::startUp()
 {
-    setWindowTitle(QStringLiteral("Stakko Theme Maker"));
+    showTitle();
+    // Items added by anyone, now or later, get letters of their own when their menu opens.
+    for (QMenu *menu : menuBar()->findChildren<QMenu *>()) {
+        Mnemonics::assignMenu(menu);
+        connect(menu, &QMenu::aboutToShow, menu, [menu] { Mnemonics::assignMenu(menu); });
+    }
 
     m_type->addItems({QStringLiteral("Theme Type 0"), QStringLiteral("Theme Type 1")});
     m_type->setCurrentIndex(1);

@@ -4,11 +4,13 @@
 #pragma once
 
 #include "document/animatedelement.h"
+#include "document/filecommands.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
 #include <functional>
+#include <optional>
 #include <span>
 
 class AboutWindow;
@@ -94,6 +96,14 @@ public:
 
     /** Opens the manual in the system's browser: the section on the checker's \a code, or its start. */
     void showManual(const QString &code = {});
+    /**
+     * What the window does once a theme has loaded (a fresh undo history, the cursor in the name
+     * box) or been written ("Saved NAME.skt" in the status bar); either way the theme is checked.
+     */
+    void afterLoadOrSave(FileCommands::Done done);
+    /** A theme brought back from a crash: a fresh history, the page it was on, checked at once. */
+    void showRestoredTheme(std::optional<int> page);
+
     /** Opens the About window, or brings the open one forward. */
     void showAbout();
     /** The open About window, or nullptr. */
@@ -103,6 +113,10 @@ public:
     static QString pageSlug(Page page);
     /** The object name of the page's data-set selector, or nullptr when it has none. */
     static const char *dataSetSelector(Page page);
+
+signals:
+    /** Another theme is open (New, or a Load that loaded): what showed the old one empties. */
+    void themeOpened();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -119,6 +133,13 @@ private:
     void bindSelector(QWidget *panel, int page);
     void fillSelector(QComboBox *combo, int page);
     void showSwatch(int index);
+    /** Names for assistive technology where the page says nothing on its own. */
+    void nameControls(QWidget *panel);
+    /** Accelerator letters for the page's controls, data set by data set. */
+    void assignAccelerators(int page);
+    QString menuBarLetters() const;
+    /** "NAME.skt - Stakko Theme Maker", marked while there are unsaved changes. */
+    void showTitle();
     void showDataSet(int page);
     void showFieldValue(int index);
     void refreshSwitchedFrames();

@@ -24,7 +24,7 @@ QWidget *previewColumn()
     auto *column = new QWidget;
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
-    QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124));
+    QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124), QStringLiteral("Interface screen preview"));
     layout->addWidget(label(QStringLiteral("Preview:")));
     layout->addWidget(area, 0, Qt::AlignLeft);
     layout->addWidget(fieldCheckBox("ifacemenutransparent"));

@@ -37,6 +37,7 @@ QGroupBox *colorFrame()
         auto *swatch = new PreviewSurface(rowControl(colorRows.show, i), QSize(21, 21),
                                           PreviewSurface::Mode::Natural);
         swatch->setOutlined(true);
+        swatch->setAccessibleName(fieldLabel(fieldIndex(colorRows.keys[i])) + QStringLiteral(" swatch"));
         grid->addWidget(swatch, row, column + 2);
         grid->addWidget(iconButton(rowControl(colorRows.browse, i), "color",
                                    QStringLiteral("Choose Color")),
@@ -52,7 +53,7 @@ QGroupBox *miscPreview()
     QGroupBox *box = frame("fraPreviewMisc", QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 2, 6, 6);
-    layout->addWidget(stillImageBox("Picture1", "imgPreviewMisc", QSize(209, 169)));
+    layout->addWidget(stillImageBox("Picture1", "imgPreviewMisc", QSize(209, 169), QStringLiteral("Miscellaneous image preview")));
     return box;
 }
 

@@ -135,7 +135,7 @@ QLabel *label(const QString &text, QWidget *buddy)
     return caption;
 }
 
-QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area)
+QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area, const QString &accessibleName)
 {
     auto *box = new QFrame;
     box->setObjectName(QLatin1StringView(boxName));
@@ -143,7 +143,9 @@ QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area)
     box->setFrameShadow(QFrame::Sunken);
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(1, 1, 1, 1);
-    layout->addWidget(new PreviewSurface(QLatin1StringView(displayName), area, PreviewSurface::Mode::Stretch));
+    auto *display = new PreviewSurface(QLatin1StringView(displayName), area, PreviewSurface::Mode::Stretch);
+    display->setAccessibleName(accessibleName);
+    layout->addWidget(display);
     return box;
 }
 
@@ -219,13 +221,14 @@ QGroupBox *animationSettings(const AnimatedElement &e, const char *name)
     return settings;
 }
 
-QGroupBox *previewFrame(const ElementControls &names, QSize area)
+QGroupBox *previewFrame(const ElementControls &names, QSize area, const QString &caption)
 {
     QGroupBox *box = frame(names.previewFrame, QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 4, 6, 6);
-    layout->addWidget(new PreviewSurface(QLatin1StringView(names.surface), area, PreviewSurface::Mode::Natural),
-                      0, Qt::AlignCenter);
+    auto *surface = new PreviewSurface(QLatin1StringView(names.surface), area, PreviewSurface::Mode::Natural);
+    surface->setAccessibleName(caption + QStringLiteral(" preview"));
+    layout->addWidget(surface, 0, Qt::AlignCenter);
     return box;
 }
 
@@ -248,6 +251,10 @@ QGroupBox *animatedFrame(int element)
     buttons->addWidget(button(QLatin1StringView(names.preview), QStringLiteral("Preview")));
     buttons->addStretch(1);
     fields->addLayout(buttons, 2, 0, 1, 2);
+    // What the game cuts each frame to, so the author paints the right size.
+    auto *frameSize = new QLabel(QStringLiteral("%1 x %2 per frame").arg(e.frame.width()).arg(e.frame.height()));
+    frameSize->setObjectName(rowControl("lblFrameSize", element));
+    fields->addWidget(frameSize, 3, 0, 1, 2);
     addFormRow(fields, derivedBox(e.rootField), e.rootField);
     addFormRow(fields, derivedBox(e.extensionField), e.extensionField);
     for (const char *key : e.animatedFields) {
@@ -264,7 +271,7 @@ QGroupBox *animatedFrame(int element)
     columns->addLayout(fields, 1);
     columns->addWidget(animationSettings(e, names.aniFrame), 0, Qt::AlignTop);
     if (names.previewFrame)
-        columns->addWidget(previewFrame(names, e.surfaceSize), 0, Qt::AlignTop);
+        columns->addWidget(previewFrame(names, e.surfaceSize, QString::fromLatin1(e.caption)), 0, Qt::AlignTop);
     return box;
 }
 

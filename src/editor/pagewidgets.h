@@ -44,7 +44,7 @@ QToolButton *iconButton(const QString &name, const char *icon, const QString &to
 QGroupBox *frame(const char *name, const QString &caption);
 QLabel *label(const QString &text, QWidget *buddy = nullptr);
 /** A sunken picture box holding a still-image display that stretches pictures to \a area. */
-QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area);
+QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area, const QString &accessibleName);
 /** "Data Set to Edit:" with its selector. */
 QWidget *dataSetRow(const char *selectorName);
 

@@ -10,10 +10,14 @@
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
 #include "editor/previewwindow.h"
+#include "preview/framesequence.h"
 #include "preview/loadprogress.h"
 
+#include <QDir>
 #include <QEvent>
+#include <QFileInfo>
 #include <QProgressDialog>
+#include <QStatusBar>
 #include <QTimer>
 #include <QWidget>
 
@@ -76,6 +80,12 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     bindStills();
     connect(&m_watch, &FileWatch::changed, this, &PreviewBinding::reloadChanged);
     connect(&m_frames, &FramePreviews::stripLoaded, this, &PreviewBinding::watchShownFiles);
+    connect(&window, &MainWindow::themeOpened, this, [this] {
+        m_frames.clearSurfaces();
+        m_stills.clear();
+        m_interfaceRow = m_miscRow = -1;
+        watchShownFiles();
+    });
 }
 
 PreviewWindow *PreviewBinding::openPreviewWindow(int element)
@@ -111,6 +121,59 @@ bool PreviewBinding::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     return QObject::eventFilter(watched, event);
+}
+
+QString PreviewBinding::describeSurface(const PreviewSurface *surface) const
+{
+    // A shared surface shows the element that drew on it last; a playing one first.
+    int shown = -1;
+    for (int element = 0; element < AnimatedElementCount; ++element) {
+        if (m_surfaces[size_t(element)] != surface || m_frames.shownFrame(element) == 0)
+            continue;
+        if (shown < 0 || m_frames.timer(element)->isActive())
+            shown = element;
+    }
+    if (shown < 0 || surface->image().isNull())
+        return surface->accessibleName() + QStringLiteral(", empty");
+    return QStringLiteral("%1 preview, frame %2 of %3, %4")
+        .arg(QLatin1StringView(animatedElements[shown].caption))
+        .arg(m_frames.shownFrame(shown))
+        .arg(m_frames.frameCount(shown))
+        .arg(m_frames.timer(shown)->isActive() ? QStringLiteral("playing") : QStringLiteral("paused"));
+}
+
+void PreviewBinding::showTrouble(const QString &text)
+{
+    if (text.isEmpty())
+        m_window.statusBar()->clearMessage();
+    else
+        m_window.statusBar()->showMessage(text);
+}
+
+QString PreviewBinding::missingFrame(int element) const
+{
+    const AnimatedElement &e = animatedElements[element];
+    const QString imageText = m_doc.value(QLatin1StringView(e.imageField));
+    const auto sequence = FrameSequence::fromImageText(imageText);
+    if (!sequence) {
+        return imageText.isEmpty() ? QStringLiteral("%1: no image is chosen").arg(QLatin1StringView(e.caption))
+                                   : QStringLiteral("%1: \"%2\" names no frame file (it has no extension)")
+                                         .arg(QLatin1StringView(e.caption), imageText);
+    }
+    if (!m_frames.timer(element)->isActive())
+        return {};
+    for (qint64 n = 1; n <= m_frames.frameCount(element); ++n) {
+        const QString file = resolveThemePath(sequence->frameName(m_doc.packageFolder(), n));
+        const char *trouble = !QFileInfo(file).isFile()               ? "is missing"
+                              : !LoadingSurface::headerSize(file) ? "cannot be read as an image"
+                                                                  : nullptr;
+        if (trouble) {
+            return QStringLiteral("Frame %1 of %2 %3: %4")
+                .arg(n)
+                .arg(QLatin1StringView(e.caption), QLatin1StringView(trouble), QDir::toNativeSeparators(file));
+        }
+    }
+    return {};
 }
 
 QString PreviewBinding::stillFile(const char *key) const
@@ -160,11 +223,16 @@ void PreviewBinding::bindAnimations()
         if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(names.timer)))
             m_frames.attachTimer(element, timer);
         m_window.onClick(QLatin1StringView(names.preview), this, [this, element] {
-            m_dialogs.show(m_frames.startFramePreview(element));
+            // A setting that stops the preview is a message of its own; files it cannot show are told quietly.
+            const Report report = m_frames.startFramePreview(element);
+            m_dialogs.show(report);
+            showTrouble(report.isEmpty() ? missingFrame(element) : QString());
             watchShownFiles();
         });
         m_window.withControl(QLatin1StringView(names.surface), this, [this, element](QWidget *control) {
-            m_surfaces[size_t(element)] = qobject_cast<PreviewSurface *>(control);
+            auto *surface = qobject_cast<PreviewSurface *>(control);
+            m_surfaces[size_t(element)] = surface;
+            surface->setDescriber([this, surface] { return describeSurface(surface); });
             // One surface serves several elements: it opens the one its page shows now.
             if (!m_zoomable.contains(control)) {
                 m_zoomable.insert(control, element);
@@ -183,10 +251,15 @@ void PreviewBinding::bindStills()
 {
     m_window.onRowClick(interfaceRows.show, interfaceRows.keys, this, [this](int row) {
         m_dialogs.show(m_stills.showInterfaceScreenPreview(row));
+        showTrouble({});
         m_interfaceRow = row;
         watchShownFiles();
     });
     m_window.onRowClick(miscImageRows.show, miscImageRows.keys, this, [this](int row) {
+        const QString file = stillFile(miscImageKeys[row]);
+        // The display then keeps the last picture loaded: say that this one is not it.
+        const bool shown = m_doc.value(QLatin1StringView(miscImageKeys[row])).isEmpty() || LoadingSurface::headerSize(file);
+        showTrouble(shown ? QString() : QStringLiteral("Unable to load image: ") + QDir::toNativeSeparators(file));
         m_stills.showMiscImagePreview(row);
         m_miscRow = row;
         watchShownFiles();

@@ -57,6 +57,12 @@ private:
     void watchShownFiles();
     void reloadChanged(const QStringList &files);
     QString stillFile(const char *key) const;
+    /** A preview's trouble in the status bar, where it does not stop the author; "" clears it. */
+    void showTrouble(const QString &text);
+    /** Why the element's preview shows nothing or not every frame: the first frame file missing or unreadable. */
+    QString missingFrame(int element) const;
+    /** "Game Background preview, frame 3 of 12, playing": what the surface shows now. */
+    QString describeSurface(const PreviewSurface *surface) const;
 
     MainWindow &m_window;
     ThemeDocument &m_doc;

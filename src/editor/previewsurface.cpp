@@ -3,17 +3,53 @@
 
 #include "editor/previewsurface.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
+
+namespace {
+
+/** A picture that says what it shows when asked, not on every frame it draws. */
+class SurfaceAccessible : public QAccessibleWidget
+{
+public:
+    explicit SurfaceAccessible(PreviewSurface *surface) : QAccessibleWidget(surface, QAccessible::Graphic) {}
+
+    QString text(QAccessible::Text t) const override
+    {
+        if (t == QAccessible::Description)
+            return static_cast<const PreviewSurface *>(widget())->description();
+        return QAccessibleWidget::text(t);
+    }
+};
+
+QAccessibleInterface *surfaceAccessible(const QString &className, QObject *object)
+{
+    if (className == QLatin1String("PreviewSurface") && object && object->isWidgetType())
+        return new SurfaceAccessible(static_cast<PreviewSurface *>(object));
+    return nullptr;
+}
+
+} // namespace
 
 PreviewSurface::PreviewSurface(const QString &objectName, QSize area, Mode mode, QWidget *parent)
     : QWidget(parent)
     , m_area(area)
     , m_mode(mode)
 {
+    static const bool installed = [] {
+        QAccessible::installFactory(surfaceAccessible);
+        return true;
+    }();
+    Q_UNUSED(installed);
     setObjectName(objectName);
     setFixedSize(area);
     // Every pixel is painted here, so a new frame repaints nothing behind it.
     setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+QString PreviewSurface::description() const
+{
+    return m_describe ? m_describe() : accessibleDescription();
 }
 
 void PreviewSurface::setImage(const QImage &image)
@@ -50,10 +86,15 @@ void PreviewSurface::setOutlined(bool outlined)
 void PreviewSurface::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const bool covered = m_mode == Mode::Natural && !m_outlined && !m_image.hasAlphaChannel()
-                         && QRect(QPoint(0, 0), m_image.size()).contains(rect());
-    if (!covered)
+    if (!m_fill.isValid()) {
+        // No colour: the page behind, struck through.
+        painter.fillRect(rect(), palette().color(QPalette::Base));
+        painter.setPen(QPen(QColor(0xcc, 0x22, 0x22), 2));
+        painter.drawLine(rect().bottomLeft(), rect().topRight());
+    } else if (m_mode != Mode::Natural || m_outlined || m_image.hasAlphaChannel()
+               || !QRect(QPoint(0, 0), m_image.size()).contains(rect())) {
         painter.fillRect(rect(), m_fill);
+    }
     if (m_outlined) {
         painter.setPen(palette().color(QPalette::Dark));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include <functional>
+
 /**
  * A fixed-size picture area for previews. Natural mode draws the image unscaled from the
  * top-left corner (larger images are cut off); Stretch mode fills the whole area, ignoring the
@@ -24,11 +26,19 @@ public:
     void setImage(const QImage &image);
     QImage image() const { return m_image; }
 
+    /** An invalid colour shows "no colour": the page's base, struck through. */
     void setFillColor(const QColor &color);
     QColor fillColor() const { return m_fill; }
 
     /** A thin border, for small colour swatches that would otherwise vanish into the page. */
     void setOutlined(bool outlined);
+
+    /**
+     * What the surface shows, for assistive technology, asked for only when someone reads it
+     * ("Game Background preview, frame 3 of 12, playing"); without it, the accessible description.
+     */
+    void setDescriber(std::function<QString()> describe) { m_describe = std::move(describe); }
+    QString description() const;
 
     QSize sizeHint() const override { return m_area; }
 
@@ -41,4 +51,5 @@ private:
     QImage m_image;
     QColor m_fill = Qt::black;
     bool m_outlined = false;
+    std::function<QString()> m_describe;
 };

@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QAction>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -66,10 +67,10 @@ private:
 } // namespace
 
 PreviewWindow::PreviewWindow(FramePreviews &frames, int element, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element)
+    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(frames.surfaceImage(element))
 {
+    // The picture comes first: the canvas takes its size from it when it is built.
     build(QString::fromLatin1(animatedElements[element].caption));
-    m_image = frames.surfaceImage(element);
     connect(&frames, &FramePreviews::surfaceChanged, this, [this](int changed, const QImage &image) {
         if (changed == m_element)
             setImage(image);
@@ -94,6 +95,18 @@ void PreviewWindow::build(const QString &caption)
     setObjectName(QStringLiteral("frmPreviewWindow"));
     setWindowTitle(QStringLiteral("Preview - %1").arg(caption));
     setAttribute(Qt::WA_DeleteOnClose);
+    // A window of its own, closed as a dialog or a document tab is.
+    auto *closing = new QAction(this);
+    closing->setObjectName(QStringLiteral("actClosePreview"));
+    QList<QKeySequence> keys{QKeySequence(Qt::Key_Escape), QKeySequence(QStringLiteral("Ctrl+W"))};
+    // The platform's own Close, unless it is one of these: a key bound twice would be ambiguous.
+    for (const QKeySequence &platform : QKeySequence::keyBindings(QKeySequence::Close)) {
+        if (!keys.contains(platform))
+            keys.append(platform);
+    }
+    closing->setShortcuts(keys);
+    connect(closing, &QAction::triggered, this, &QWidget::close);
+    addAction(closing);
 
     m_zoom = new QComboBox;
     m_zoom->setObjectName(QStringLiteral("cmbZoom"));
@@ -173,6 +186,8 @@ int PreviewWindow::zoom() const
 
 QImage PreviewWindow::rendered() const
 {
+    if (m_canvas->sizeHint().isEmpty())
+        return {};
     QImage out(m_canvas->sizeHint(), QImage::Format_RGB32);
     QPainter painter(&out);
     static_cast<const Canvas *>(m_canvas)->render(painter);

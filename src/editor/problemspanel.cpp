@@ -3,6 +3,9 @@
 
 #include "editor/problemspanel.h"
 
+#include "document/animatedelement.h"
+#include "document/themefields.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QHeaderView>
@@ -21,6 +24,17 @@ QIcon severityIcon(Problem::Severity severity)
                                           : severity == Problem::Severity::Warning ? QStyle::SP_MessageBoxWarning
                                                                                    : QStyle::SP_MessageBoxInformation;
     return QApplication::style()->standardIcon(pixmap);
+}
+
+/** A field as the author sees it: "Number of frames (Game Background)"; the key when it has no control. */
+QString shownField(const QString &key)
+{
+    const int index = fieldIndex(key);
+    if (index < 0)
+        return key;
+    const AnimatedElement *element = elementOfField(key);
+    return element ? QStringLiteral("%1 (%2)").arg(fieldLabel(index), QLatin1StringView(element->caption))
+                   : fieldLabel(index);
 }
 
 } // namespace
@@ -78,9 +92,10 @@ void ProblemsPanel::showReport(const Report &report)
     for (const Problem &p : report.problems) {
         QString text = p.text;
         text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-        auto *item = new QTreeWidgetItem({text, p.field});
+        auto *item = new QTreeWidgetItem({text, shownField(p.field)});
         item->setIcon(0, severityIcon(p.severity));
         item->setToolTip(0, p.file.isEmpty() ? text : text + u'\n' + p.file);
+        item->setToolTip(1, p.field);
         item->setData(0, keyRole, p.field);
         item->setData(0, codeRole, p.code);
         items.append(item);

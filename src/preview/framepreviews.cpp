@@ -106,6 +106,19 @@ void FramePreviews::stopAll()
     }
 }
 
+void FramePreviews::clearSurfaces()
+{
+    stopAll();
+    for (Surface &surface : m_surfaces) {
+        surface.image = QImage();
+        surface.showsView = false;
+        surface.drawnAny = false;
+        surface.drawn = {};
+    }
+    for (int element = 0; element < AnimatedElementCount; ++element)
+        emit surfaceChanged(element, QImage());
+}
+
 FramePreviews::Strip &FramePreviews::stripOf(int element)
 {
     return m_strips[animatedElements[element].strip == FrameStripId::Background ? 0 : 1];

@@ -94,6 +94,8 @@ public:
 
     /** Stops every element's timer; the surfaces keep their last frame. */
     void stopAll();
+    /** Stops every element and empties every surface: another theme is open. */
+    void clearSurfaces();
 
     /** What the element's preview surface shows now (null before anything was drawn). */
     QImage surfaceImage(int element) const;

@@ -48,3 +48,11 @@ void StillPreviews::chooseThemeColor(int row)
     m_doc.setSwatch(row, *color);
     m_doc.setText(QString::fromLatin1(colorKeys[row]), colorToText(*color));
 }
+
+void StillPreviews::clear()
+{
+    m_interfacePicture = QImage();
+    m_miscPicture = QImage();
+    emit interfacePictureChanged(m_interfacePicture);
+    emit miscPictureChanged(m_miscPicture);
+}

@@ -44,6 +44,9 @@ public:
     /** Lets the author pick theme colour \a row (0-11); cancelling changes nothing. */
     void chooseThemeColor(int row);
 
+    /** Empties both displays: another theme is open. */
+    void clear();
+
     QImage interfacePicture() const { return m_interfacePicture; }
     QImage miscPicture() const { return m_miscPicture; }
 

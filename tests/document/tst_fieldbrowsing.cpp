@@ -247,18 +247,19 @@ private slots:
         QVERIFY(dialogs.openFilters.isEmpty());
     }
 
-    void artFolderNamesThePackageUnlessItExists_data()
+    void artFolderNamesThePackageWhenNoneIsNamed_data()
     {
         QTest::addColumn<QString>("chosen");   // "" cancels
         QTest::addColumn<QString>("resource"); // before
         QTest::addColumn<QString>("resourceAfter");
         QTest::newRow("cancelled") << "" << "" << "";
         QTest::newRow("no package named") << "art" << "" << "art.zip";
-        QTest::newRow("a package not made yet") << "art" << "Ice.zip" << "art.zip";
+        QTest::newRow("the New-theme name") << "art" << "StakkoTheme.zip" << "art.zip";
+        QTest::newRow("a package not made yet keeps its name") << "art" << "Ice.zip" << "Ice.zip";
         QTest::newRow("an existing package") << "art" << "Old.zip" << "Old.zip";
     }
 
-    void artFolderNamesThePackageUnlessItExists()
+    void artFolderNamesThePackageWhenNoneIsNamed()
     {
         QFETCH(QString, chosen);
         QFETCH(QString, resource);

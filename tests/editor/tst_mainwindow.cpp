@@ -6,14 +6,19 @@
 #include "document/description.h"
 #include "document/themedocument.h"
 #include "document/themefields.h"
+#include "document/animatedelement.h"
+#include "document/filecommands.h"
 #include "editor/aboutwindow.h"
 #include "editor/controlnames.h"
 #include "editor/editorstyle.h"
 #include "editor/mainwindow.h"
+#include "editor/mnemonics.h"
 #include "editor/previewsurface.h"
 #include "editor/problemspanel.h"
 #include "preview/ticktimer.h"
 
+#include <QAbstractScrollArea>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -32,6 +37,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
+#include <functional>
 #include <memory>
 
 namespace {
@@ -95,6 +101,27 @@ private:
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    /** Calls \a visit with every page and data set shown in turn, and the controls then visible on it. */
+    void forEveryPageAndDataSet(const std::function<void(const QString &, const QList<QWidget *> &)> &visit)
+    {
+        window->buildAllPages();
+        for (int page = 0; page < MainWindow::pageCount; ++page) {
+            window->showPage(MainWindow::Page(page));
+            const char *selector = MainWindow::dataSetSelector(MainWindow::Page(page));
+            auto *combo = selector ? control<QComboBox>(QLatin1StringView(selector)) : nullptr;
+            for (int set = 0; set < (combo ? combo->count() : 1); ++set) {
+                if (combo)
+                    combo->setCurrentIndex(set);
+                QList<QWidget *> shown;
+                for (QWidget *w : control(panels.at(page))->findChildren<QWidget *>()) {
+                    if (w->isVisibleTo(window.get()))
+                        shown.append(w);
+                }
+                visit(panels.at(page) + (combo ? u'/' + combo->currentText() : QString()), shown);
+            }
+        }
     }
 
     int pixelsOf(int twips) { return qRound(twips * window->logicalDpiY() / 1440.0); }
@@ -164,7 +191,7 @@ private slots:
         doc->setText(u"bgframecount", QStringLiteral("12"));
         doc->setNumber(u"includebackground", 1);
         doc->setNumber(u"bganimated", 1);
-        doc->setSwatch(2, 0x0000FFu); // red in the low byte
+        doc->setText(u"coloroptions", QStringLiteral("255,0,0"));
         window->showPage(MainWindow::Page::Background);
         QCOMPARE(window->findChild<QLineEdit *>(QStringLiteral("txtBGNum"))->text(), QStringLiteral("12"));
         QVERIFY(window->findChild<QWidget *>(QStringLiteral("fraBGAni"))->isEnabled());
@@ -500,6 +527,9 @@ private slots:
         QTest::newRow("internet background start, animation off")
             << "inetbgstartingframe" << "-1" << "1" << 2 << "cmbFields" << "Internet Background" << "inetbganimated";
         QTest::newRow("sound") << "rotate" << "/abs/rotate.wav" << "" << 5 << "" << "" << "rotate";
+        // The root box takes no input: the image name it comes from takes the focus.
+        QTest::newRow("background root, read-only")
+            << "bgfilename" << "/abs/bg" << "" << 2 << "cmbFields" << "Background" << "bgimage";
     }
 
     // Found by Check Theme, shown below the page, reached by a double-click, gone once fixed.
@@ -537,8 +567,22 @@ private slots:
         QCOMPARE(window->centralWidget()->height(), pageHeight - window->statusBar()->height());
         window->problemsPanel().show();
 
-        const QList<QTreeWidgetItem *> rows = list->findItems(key, Qt::MatchExactly, 1);
+        // The field by its label (and its element), the key in the tooltip.
+        const auto rowsOf = [list](const QString &key) {
+            QList<QTreeWidgetItem *> found;
+            for (int i = 0; i < list->topLevelItemCount(); ++i) {
+                if (list->topLevelItem(i)->toolTip(1) == key)
+                    found.append(list->topLevelItem(i));
+            }
+            return found;
+        };
+        const QList<QTreeWidgetItem *> rows = rowsOf(key);
         QVERIFY(!rows.isEmpty());
+        const AnimatedElement *element = elementOfField(key);
+        const QString label = fieldLabel(fieldIndex(key));
+        QCOMPARE(rows.first()->text(1),
+                 element ? QStringLiteral("%1 (%2)").arg(label, QLatin1StringView(element->caption)) : label);
+        QVERIFY(!label.endsWith(u':'));
         list->scrollToItem(rows.first());
         // A double-click is a click, then the second press that the view reads as one.
         const QPoint row = list->visualItemRect(rows.first()).center();
@@ -549,8 +593,256 @@ private slots:
             QCOMPARE(control<QComboBox>(selector)->currentText(), dataSet);
         QTRY_COMPARE(QApplication::focusWidget(), control(fieldControl(focused)));
 
+        if (key == QLatin1String("bgfilename"))
+            return; // a root names frames, found or missing, whatever it is
         doc->setText(key, good);
-        QTRY_VERIFY(list->findItems(key, Qt::MatchExactly, 1).isEmpty());
+        QTRY_VERIFY(rowsOf(key).isEmpty());
+    }
+
+    // "NAME.skt - Stakko Theme Maker", marked while changed; the program's name alone without a file.
+    void titleNamesTheFileAndItsChanges()
+    {
+        QCOMPARE(window->windowTitle(), QStringLiteral("Stakko Theme Maker"));
+        doc->setText(u"name", QStringLiteral("Changed"));
+        QCOMPARE(window->windowTitle(), QStringLiteral("Stakko Theme Maker"));
+        doc->setCurrentThemeFile(QStringLiteral("/themes/Night.skt"));
+        QCOMPARE(window->windowTitle(), QStringLiteral("Night.skt[*] - Stakko Theme Maker"));
+        QVERIFY(window->isWindowModified());
+        doc->setDirty(false);
+        QVERIFY(!window->isWindowModified());
+        window->afterLoadOrSave(FileCommands::Done::Saved);
+        QCOMPARE(window->statusBar()->currentMessage(), QStringLiteral("Saved Night.skt"));
+        doc->setText(u"name", QStringLiteral("Changed again"));
+        QVERIFY(window->isWindowModified());
+        doc->resetTheme();
+        QCOMPARE(window->windowTitle(), QStringLiteral("Stakko Theme Maker"));
+    }
+
+    void desktopShortcuts_data()
+    {
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<QString>("keys");
+        QTest::newRow("New") << "mnuNewTheme" << "Ctrl+N";
+        QTest::newRow("Load") << "mnuLoadTheme" << "Ctrl+L";
+        QTest::newRow("Load, desktop") << "mnuLoadTheme" << "Ctrl+O";
+        QTest::newRow("Save") << "mnuSaveTheme" << "Ctrl+S";
+        QTest::newRow("Save As") << "mnuSaveAs" << "Ctrl+A";
+        QTest::newRow("Save As, desktop") << "mnuSaveAs" << "Ctrl+Shift+S";
+        QTest::newRow("Exit") << "mnuExit" << "Ctrl+Q";
+        QTest::newRow("next page") << "actNextPage" << "Ctrl+Tab";
+        QTest::newRow("next page, page down") << "actNextPage" << "Ctrl+PgDown";
+        QTest::newRow("previous page") << "actPreviousPage" << "Ctrl+Shift+Tab";
+        QTest::newRow("previous page, page up") << "actPreviousPage" << "Ctrl+PgUp";
+    }
+
+    void desktopShortcuts()
+    {
+        QFETCH(QString, item);
+        QFETCH(QString, keys);
+        QAction *action = control<QAction>(item);
+        QVERIFY(action);
+        QVERIFY2(action->shortcuts().contains(QKeySequence(keys)), qPrintable(keys));
+        // The menu shows the spec's own shortcut first.
+        if (item.startsWith(u"mnu"))
+            QVERIFY(action->shortcuts().first() != QKeySequence(QStringLiteral("Ctrl+O")));
+    }
+
+    // Ctrl+Tab and Ctrl+PgDn walk the pages round, backwards with Shift and PgUp.
+    void pagesInTurnFromTheKeyboard()
+    {
+        showActive();
+        QCOMPARE(window->currentPage(), MainWindow::Page::General);
+        QTest::keyClick(window.get(), Qt::Key_PageUp, Qt::ControlModifier);
+        QCOMPARE(window->currentPage(), MainWindow::Page::Sounds);
+        QTest::keyClick(window.get(), Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(window->currentPage(), MainWindow::Page::General);
+        control<QAction>("actNextPage")->trigger();
+        QCOMPARE(window->currentPage(), MainWindow::Page::Interface);
+        control<QAction>("actPreviousPage")->trigger();
+        QCOMPARE(window->currentPage(), MainWindow::Page::General);
+    }
+
+    void frameSizeBesideEachElement_data()
+    {
+        QTest::addColumn<int>("element");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("Game Background") << int(ElementBackground) << "192 x 352 per frame";
+        QTest::newRow("Internet Background") << int(ElementInternetBackground) << "96 x 176 per frame";
+        QTest::newRow("Game Blocks") << int(ElementBlocks) << "96 x 80 per frame";
+        QTest::newRow("Next Block Window") << int(ElementNextBlock) << "77 x 77 per frame";
+        QTest::newRow("Special Window") << int(ElementSpecialWindow) << "160 x 16 per frame";
+        QTest::newRow("Explosion") << int(ElementExplosion) << "192 x 64 per frame";
+        QTest::newRow("Block Bomb") << int(ElementBomb) << "192 x 64 per frame";
+    }
+
+    void frameSizeBesideEachElement()
+    {
+        QFETCH(int, element);
+        QFETCH(QString, shown);
+        auto *label = control<QLabel>(rowControl("lblFrameSize", element));
+        QVERIFY(label);
+        QCOMPARE(label->text(), shown);
+        QVERIFY(control(QLatin1StringView(elementControls[element].frame))->isAncestorOf(label));
+    }
+
+    void swatchesFollowTheColourText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QColor>("shown"); // invalid: "no colour"
+        QTest::newRow("red") << "255,0,0" << QColor(255, 0, 0);
+        QTest::newRow("black") << "0,0,0" << QColor(0, 0, 0);
+        QTest::newRow("mixed") << "1,2,3" << QColor(1, 2, 3);
+        QTest::newRow("two numbers") << "1,2" << QColor();
+        QTest::newRow("out of range") << "256,0,0" << QColor();
+        QTest::newRow("blanks") << "1, 2,3" << QColor();
+        QTest::newRow("sign") << "+1,2,3" << QColor();
+        QTest::newRow("empty") << "" << QColor();
+    }
+
+    // The swatch shows what the text says as it is typed; New shows the new theme's (none).
+    void swatchesFollowTheColourText()
+    {
+        QFETCH(QString, text);
+        QFETCH(QColor, shown);
+        window->showPage(MainWindow::Page::Misc);
+        auto *swatch = control<PreviewSurface>("picPreviewColor(3)");
+        doc->setText(u"colortheme", QStringLiteral("9,9,9"));
+        QCOMPARE(swatch->fillColor(), QColor(9, 9, 9));
+        control<QLineEdit>("txtColor(3)")->setText(text);
+        QCOMPARE(swatch->fillColor(), shown);
+        QCOMPARE(swatch->description(),
+                 QStringLiteral("Theme Screen Color: %1").arg(shown.isValid() ? text : QStringLiteral("no colour")));
+        doc->resetTheme();
+        QVERIFY(!swatch->fillColor().isValid());
+    }
+
+    void acceleratorLetters_data()
+    {
+        QTest::addColumn<QStringList>("captions");
+        QTest::addColumn<QString>("taken");
+        QTest::addColumn<QString>("avoided");
+        QTest::addColumn<QStringList>("lettered");
+        QTest::newRow("first letters of words first")
+            << QStringList{"Theme Name:", "Theme Author:"} << "FETOH" << "" << QStringList{"Theme &Name:", "Theme &Author:"};
+        QTest::newRow("own letter kept") << QStringList{"Theme &Load", "Theme &Save"} << "" << ""
+                                         << QStringList{"Theme &Load", "Theme &Save"};
+        QTest::newRow("shared own letter moves") << QStringList{"&Theme Data", "&Tools"} << "" << ""
+                                                 << QStringList{"&Theme Data", "T&ools"};
+        // A caption taking the only letter another one could have gives it up.
+        QTest::newRow("no caption left without") << QStringList{"Ab", "A"} << "" << "" << QStringList{"A&b", "&A"};
+        QTest::newRow("avoided only when nothing else") << QStringList{"Shield:", "Make Line:"} << "HIED" << "SM"
+                                                        << QStringList{"Shie&ld:", "M&ake Line:"};
+        QTest::newRow("avoided rather than none") << QStringList{"Sm"} << "" << "SM" << QStringList{"&Sm"};
+        QTest::newRow("no letter at all") << QStringList{"Tt"} << "T" << "" << QStringList{"Tt"};
+        QTest::newRow("ampersand in text") << QStringList{"R && D"} << "R" << "" << QStringList{"R && &D"};
+    }
+
+    void acceleratorLetters()
+    {
+        QFETCH(QStringList, captions);
+        QFETCH(QString, taken);
+        QFETCH(QString, avoided);
+        QFETCH(QStringList, lettered);
+        QCOMPARE(Mnemonics::assign(captions, taken, avoided), lettered);
+    }
+
+    // Alt and a letter reach one thing: menus, items, tabs and each page's labelled controls.
+    void everyAcceleratorIsUnique()
+    {
+        const auto unique = [](const QString &where, const QStringList &captions) {
+            QHash<QChar, QString> seen;
+            for (const QString &caption : captions) {
+                const QChar letter = Mnemonics::letterOf(caption);
+                QVERIFY2(!letter.isNull(), qPrintable(where + QStringLiteral(": ") + caption));
+                QVERIFY2(!seen.contains(letter), qPrintable(where + QStringLiteral(": ") + seen.value(letter) + QStringLiteral(" and ") + caption));
+                seen.insert(letter, caption);
+            }
+        };
+        QStringList bar;
+        for (const QAction *menu : window->menuBar()->actions())
+            bar << menu->text();
+        unique(QStringLiteral("menu bar"), bar);
+        QString barLetters;
+        for (const QString &caption : std::as_const(bar))
+            barLetters += Mnemonics::letterOf(caption);
+        for (const QMenu *menu : window->menuBar()->findChildren<QMenu *>()) {
+            QStringList items;
+            for (const QAction *item : menu->actions()) {
+                if (!item->isSeparator())
+                    items << item->text();
+            }
+            unique(menu->title(), items);
+        }
+        auto *tabs = control<QTabBar>("tabMain");
+        QStringList tabCaptions;
+        for (int i = 0; i < tabs->count(); ++i) {
+            tabCaptions << tabs->tabText(i);
+            QVERIFY(!barLetters.contains(Mnemonics::letterOf(tabs->tabText(i))));
+        }
+        unique(QStringLiteral("tabs"), tabCaptions);
+
+        forEveryPageAndDataSet([&](const QString &where, const QList<QWidget *> &shown) {
+            QStringList captions;
+            for (QWidget *w : shown) {
+                auto *label = qobject_cast<QLabel *>(w);
+                auto *button = qobject_cast<QAbstractButton *>(w);
+                const bool labelsInput = label && label->buddy() && label->buddy()->focusPolicy() != Qt::NoFocus;
+                const QString caption = labelsInput ? label->text() : button ? button->text() : QString();
+                // Every label of an input and every check box has a letter; other buttons when they have one.
+                if (labelsInput || qobject_cast<QCheckBox *>(w) || !Mnemonics::letterOf(caption).isNull())
+                    captions << caption;
+                QVERIFY2(!barLetters.contains(Mnemonics::letterOf(caption)) || Mnemonics::letterOf(caption).isNull(),
+                         qPrintable(where + QStringLiteral(": ") + caption));
+            }
+            unique(where, captions);
+        });
+    }
+
+    // A screen reader tells every control apart: each has a name, no two buttons say the same.
+    void everyControlHasItsOwnAccessibleName()
+    {
+        forEveryPageAndDataSet([&](const QString &where, const QList<QWidget *> &shown) {
+            QHash<QString, QString> buttons; // name and description -> object name
+            for (QWidget *w : shown) {
+                const bool control = w->focusPolicy() != Qt::NoFocus || qobject_cast<PreviewSurface *>(w);
+                if (!control || qobject_cast<QAbstractScrollArea *>(w->parentWidget()))
+                    continue;
+                QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(w);
+                QVERIFY(accessible);
+                const QString name = accessible->text(QAccessible::Name);
+                QVERIFY2(!name.trimmed().isEmpty(), qPrintable(where + QStringLiteral(": ") + w->objectName() + u' ' + w->metaObject()->className()));
+                if (!qobject_cast<QAbstractButton *>(w))
+                    continue;
+                const QString said = name + u'|' + accessible->text(QAccessible::Description);
+                QVERIFY2(!buttons.contains(said), qPrintable(where + QStringLiteral(": ") + buttons.value(said) + QStringLiteral(" and ") + w->objectName() + QStringLiteral(" say ") + said));
+                buttons.insert(said, w->objectName());
+            }
+        });
+        // Named after their rows, from the field table.
+        const QList<std::pair<const char *, const char *>> named = {
+            {"cmdBrowseSound(0)", "Browse for Rotate Block"}, {"cmdPlaySound(0)", "Play Rotate Block"},
+            {"cmdPreviewIface(0)", "Preview Main/Fields Screen"}, {"cmdBrowseColor(0)", "Choose Title Bar Color"},
+            {"cmdBrowseBG", "Browse for Game Background"}, {"cmdPreviewSpec", "Preview Special Window"},
+            {"cmdBrowseMusic", "Browse for Music"}, {"cmdBrowseMisc(7)", "Browse for Team Font Image"}};
+        for (const auto &[object, name] : named)
+            QCOMPARE(QAccessible::queryAccessibleInterface(control(QLatin1StringView(object)))->text(QAccessible::Name), QLatin1StringView(name));
+        auto *swatch = QAccessible::queryAccessibleInterface(control("picPreviewColor(0)"));
+        doc->setText(u"colortitle", QStringLiteral("255,255,255"));
+        QCOMPARE(swatch->text(QAccessible::Description), QStringLiteral("Title Bar Color: 255,255,255"));
+    }
+
+    // Restored after a crash: the check runs at once, its count in the status bar.
+    void restoredThemeIsCheckedAtOnce()
+    {
+        QSignalSpy finished(&window->themeCheck(), &BackgroundCheck::finished);
+        doc->setText(u"bgframecount", QStringLiteral("x"));
+        doc->setNumber(u"includebackground", 1);
+        window->showRestoredTheme(int(MainWindow::Page::Background));
+        QCOMPARE(window->currentPage(), MainWindow::Page::Background);
+        QVERIFY(finished.wait());
+        auto *count = control<QToolButton>(ProblemsPanel::countName);
+        QVERIFY(count && count->isVisibleTo(window.get()));
+        QVERIFY(!window->themeCheck().report().isEmpty());
     }
 
     // One history behind the Edit menu, reached also while a text box has the focus.

@@ -6,6 +6,7 @@
 #include "document/filecommands.h"
 #include "document/themedocument.h"
 #include "document/themesections.h"
+#include "document/themeloader.h"
 #include "editor/buildcommand.h"
 #include "editor/buttonbinding.h"
 #include "editor/controlnames.h"
@@ -22,6 +23,10 @@
 #include "sound/soundsystem.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QComboBox>
+#include <QPointer>
+#include <QStatusBar>
 #include <QAction>
 #include <QLineEdit>
 #include <QLabel>
@@ -391,6 +396,154 @@ private slots:
         e.click(QStringLiteral("cmdPlayMusic"));
         QCOMPARE(music->text(), QStringLiteral("Play Music"));
         QVERIFY(e.dialogs.messages.isEmpty()); // without sound, music does nothing and says nothing
+    }
+
+    void closerLookDrawsAtOnceAndClosesFromTheKeyboard_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::newRow("Esc") << int(Qt::Key_Escape) << int(Qt::NoModifier);
+        QTest::newRow("Ctrl+W") << int(Qt::Key_W) << int(Qt::ControlModifier);
+    }
+
+    void closerLookDrawsAtOnceAndClosesFromTheKeyboard()
+    {
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        Editor e;
+        prepareBackground(e);
+        e.click("cmdPreviewBG");
+        QTRY_VERIFY(!e.control<PreviewSurface>("picPreviewBG")->image().isNull());
+        QPointer<PreviewWindow> closer = e.previews.openPreviewWindow(ElementBackground);
+        // Drawn before any zoom is chosen: the picture at 2x, not an empty area.
+        auto *canvas = closer->findChild<QWidget *>(QStringLiteral("picZoomed"));
+        QCOMPARE(canvas->size(), QSize(192 * 2, 352 * 2));
+        QCOMPARE(closer->rendered().size(), QSize(192 * 2, 352 * 2));
+        closer->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(closer));
+        QTest::keyClick(closer->findChild<QComboBox *>(QStringLiteral("cmbZoom")), Qt::Key(key),
+                        Qt::KeyboardModifiers(modifiers));
+        QTRY_VERIFY(closer.isNull());
+    }
+
+    void newAndLoadShowTheThemeThatIsOpen_data()
+    {
+        QTest::addColumn<bool>("load");
+        QTest::newRow("New") << false;
+        QTest::newRow("Load") << true;
+    }
+
+    // Nothing of the theme before stays on screen: animations, still images and swatches.
+    void newAndLoadShowTheThemeThatIsOpen()
+    {
+        QFETCH(bool, load);
+        QTemporaryDir dir;
+        const QString theme = dir.filePath(QStringLiteral("Other.skt"));
+        QVERIFY(writeFile(theme, "[Theme Info]\r\nname=Other\r\nthemetype=0\r\n"));
+        Editor e;
+        e.commands.setAfterLoadOrSave([&e](FileCommands::Done done) { e.window.afterLoadOrSave(done); });
+        prepareBackground(e);
+        for (const char *include : {"includeinterface", "includemiscimages", "includecolors"})
+            e.doc.setNumber(QLatin1StringView(include), 1);
+        e.click("cmdPreviewBG");
+        QTRY_VERIFY(!e.control<PreviewSurface>("picPreviewBG")->image().isNull());
+        e.doc.setText(u"ifacemain", m_dir.filePath("bg1.bmp"));
+        e.click("cmdPreviewIface(0)");
+        e.doc.setText(u"door1", m_dir.filePath("bg2.bmp"));
+        e.click("cmdPreviewMisc(0)");
+        e.doc.setText(u"colortitle", QStringLiteral("1,2,3"));
+        QVERIFY(!e.control<PreviewSurface>("imgIPreview")->image().isNull());
+        QVERIFY(!e.control<PreviewSurface>("imgPreviewMisc")->image().isNull());
+        QCOMPARE(e.control<PreviewSurface>("picPreviewColor(0)")->fillColor(), QColor(1, 2, 3));
+        QPointer<PreviewWindow> closer = e.previews.openPreviewWindow(ElementBackground);
+        e.doc.setDirty(false);
+
+        if (load)
+            QVERIFY(e.commands.loadPath(theme));
+        else
+            e.commands.newTheme();
+        for (const char *surface : {"picPreviewBG", "imgIPreview", "imgPreviewMisc"})
+            QVERIFY2(e.control<PreviewSurface>(QLatin1StringView(surface))->image().isNull(), surface);
+        QVERIFY(closer->rendered().isNull());
+        // The swatch shows the open theme's colour text: none after New.
+        const std::optional<quint32> color = colorOfText(e.doc.value(u"colortitle"));
+        QCOMPARE(e.control<PreviewSurface>("picPreviewColor(0)")->fillColor(),
+                 color ? QColor(int(*color & 0xFF), int(*color >> 8 & 0xFF), int(*color >> 16)) : QColor());
+        if (!load)
+            QVERIFY(!color);
+        QVERIFY(!e.control<TickTimer>("tmrBGPreview")->isActive());
+    }
+
+    void previewSaysWhatItCannotShow_data()
+    {
+        QTest::addColumn<QString>("image");
+        QTest::addColumn<QString>("second"); // frame 2's content; "" for no file
+        QTest::addColumn<QString>("said");   // in the status bar, FILE the frame's path
+        QTest::newRow("a frame missing") << "bg1.bmp" << "" << "Frame 2 of Game Background is missing: FILE";
+        QTest::newRow("a frame unreadable") << "bg1.bmp" << "not a picture"
+                                            << "Frame 2 of Game Background cannot be read as an image: FILE";
+        QTest::newRow("no extension") << "bg" << "" << "Game Background: \"PATHbg\" names no frame file (it has no extension)";
+    }
+
+    // Told in the status bar, where the author goes on working; no box.
+    void previewSaysWhatItCannotShow()
+    {
+        QFETCH(QString, image);
+        QFETCH(QString, second);
+        QFETCH(QString, said);
+        QTemporaryDir dir;
+        writeFrame(dir.filePath(QStringLiteral("bg1.bmp")), frameColor(1), {192, 352});
+        if (!second.isEmpty())
+            QVERIFY(writeFile(dir.filePath(QStringLiteral("bg2.bmp")), second.toLatin1()));
+        Editor e;
+        prepareBackground(e);
+        e.doc.setText(u"bgimage", dir.filePath(image));
+        e.doc.setText(u"bgframecount", QStringLiteral("2"));
+        e.click("cmdPreviewBG");
+        QVERIFY(e.dialogs.messages.isEmpty());
+        QCOMPARE(e.window.statusBar()->currentMessage(),
+                 QString(said).replace(QStringLiteral("FILE"), dir.filePath(QStringLiteral("bg2.bmp")))
+                     .replace(QStringLiteral("PATH"), dir.path() + u'/'));
+
+        // All frames there: the message goes.
+        writeFrame(dir.filePath(QStringLiteral("bg2.bmp")), frameColor(2), {192, 352});
+        e.doc.setText(u"bgimage", dir.filePath(QStringLiteral("bg1.bmp")));
+        e.click("cmdPreviewBG");
+        QCOMPARE(e.window.statusBar()->currentMessage(), QString());
+    }
+
+    void playButtonSaysWhatItCannotPlay()
+    {
+        Editor e;
+        everyRowEnabled(e);
+        const QString missing = m_dir.filePath(QStringLiteral("nothing.wav"));
+        e.doc.setText(u"rotate", missing);
+        e.click("cmdPlaySound(0)");
+        QVERIFY(e.window.statusBar()->currentMessage().contains(missing));
+        QVERIFY(e.window.statusBar()->currentMessage().contains(QStringLiteral("missing")));
+        QVERIFY(writeFile(m_dir.filePath(QStringLiteral("noise.wav")), "not a wave"));
+        e.doc.setText(u"rotate", m_dir.filePath(QStringLiteral("noise.wav")));
+        e.click("cmdPlaySound(0)");
+        QVERIFY(e.window.statusBar()->currentMessage().startsWith(QStringLiteral("Rotate Block")));
+        QVERIFY(e.window.statusBar()->currentMessage().contains(QStringLiteral("noise.wav")));
+        QVERIFY(e.dialogs.messages.isEmpty());
+    }
+
+    // What a screen reader hears of a preview: the element, the frame, whether it plays.
+    void previewSurfaceSaysWhatItShows()
+    {
+        Editor e;
+        prepareBackground(e);
+        auto *surface = QAccessible::queryAccessibleInterface(e.control("picPreviewBG"));
+        QCOMPARE(surface->text(QAccessible::Name), QStringLiteral("Background preview"));
+        QCOMPARE(surface->text(QAccessible::Description), QStringLiteral("Background preview, empty"));
+        e.click("cmdPreviewBG");
+        QTRY_VERIFY(e.previews.frames().shownFrame(ElementBackground) > 0);
+        e.control<TickTimer>("tmrBGPreview")->stop();
+        QCOMPARE(surface->text(QAccessible::Description),
+                 QStringLiteral("Game Background preview, frame %1 of 3, paused").arg(e.previews.frames().shownFrame(ElementBackground)));
+        e.control<TickTimer>("tmrBGPreview")->start();
+        QVERIFY(surface->text(QAccessible::Description).endsWith(QStringLiteral("of 3, playing")));
     }
 
     void colorButtonSetsSwatchAndText()

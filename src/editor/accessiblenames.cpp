@@ -1,0 +1,70 @@
+#include "editor/accessiblenames.h"
+
+#include <QAbstractButton>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHash>
+#include <QLabel>
+#include <QRegularExpression>
+
+namespace {
+
+QString plain(QString text)
+{
+    text.remove(QRegularExpression(QStringLiteral("&(?!&)")));
+    while (text.endsWith(u':') || text.endsWith(u'.') || text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+QString captionOf(const QAbstractButton *button)
+{
+    return plain(button->text().isEmpty() ? button->toolTip() : button->text());
+}
+
+/** The label nearest to the left of \a button in its grid row, or the frame around it. */
+QString rowOf(QAbstractButton *button)
+{
+    for (QGridLayout *grid : button->parentWidget()->findChildren<QGridLayout *>()) {
+        const int index = grid->indexOf(button);
+        if (index < 0)
+            continue;
+        int row = 0, column = 0, rows = 0, columns = 0;
+        grid->getItemPosition(index, &row, &column, &rows, &columns);
+        for (int c = column - 1; c >= 0; --c) {
+            QLayoutItem *item = grid->itemAtPosition(row, c);
+            auto *label = item ? qobject_cast<QLabel *>(item->widget()) : nullptr;
+            if (label && label->buddy())
+                return plain(label->text());
+        }
+    }
+    for (QWidget *w = button->parentWidget(); w; w = w->parentWidget()) {
+        if (auto *frame = qobject_cast<QGroupBox *>(w))
+            return plain(frame->title());
+    }
+    return {};
+}
+
+} // namespace
+
+void nameRowButtons(QWidget *scope)
+{
+    const QList<QAbstractButton *> buttons = scope->findChildren<QAbstractButton *>();
+    QHash<QString, int> seen;
+    for (const QAbstractButton *button : buttons)
+        ++seen[captionOf(button)];
+    for (QAbstractButton *button : buttons) {
+        const QString caption = captionOf(button);
+        if (seen.value(caption) < 2 || !button->accessibleName().isEmpty())
+            continue;
+        const QString row = rowOf(button);
+        if (row.isEmpty())
+            continue;
+        // The caption's verb carries the row: "Browse for Shield", "Play Shield", "Import Shield".
+        const QString verb = caption.section(u' ', 0, 0);
+        button->setAccessibleName(verb == QLatin1String("Browse") ? QStringLiteral("Browse for %1").arg(row)
+                                                                  : QStringLiteral("%1 %2").arg(verb, row));
+        if (button->toolTip().isEmpty())
+            button->setToolTip(button->accessibleName());
+    }
+}
