@@ -118,6 +118,10 @@ public:
     {
         return m_target->askYesNoCancel(title, text);
     }
+    Answer askToSave(const QString &title, const QString &text, const QString &file) override
+    {
+        return m_target->askToSave(title, text, file);
+    }
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override
     {
         return m_target->inputBox(prompt, title);

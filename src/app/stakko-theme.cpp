@@ -300,8 +300,11 @@ int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
     loaded.problems.removeIf([](const Problem &p) { return p.code == u"package-missing"; });
     ConsoleDialogs::print(loaded);
 
-    // Judged before relinking changes the names: the files as they go into the package.
-    const Report packedErrors = checkBuildFiles(doc, o.from.isEmpty() ? defaultBuildSource(doc) : o.from);
+    // Judged before relinking changes the names: the files as they go into the package. Where a
+    // file lies is the build's own question, answered in its report.
+    Report packedErrors = checkBuildFiles(doc, o.from.isEmpty() ? defaultBuildSource(doc) : o.from);
+    packedErrors.problems.removeIf(
+        [](const Problem &p) { return p.code == u"path-absolute" || p.code == u"path-outside"; });
     const BuildReport built = buildResourcePackage(doc, {o.from, o.output, o.relink});
     const QByteArray problems = problemLines(built) + (built.written ? problemLines(packedErrors) : QByteArray());
     std::fwrite(problems.constData(), 1, size_t(problems.size()), stderr);

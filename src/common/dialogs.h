@@ -24,6 +24,16 @@ public:
     /** A warning with Yes, No and Cancel, Yes the default: the save prompt. */
     virtual Answer askYesNoCancel(const QString &title, const QString &text) = 0;
 
+    /**
+     * The save prompt about the theme in \a file (a file name, "" for a theme never saved): the
+     * same question, the file named beside it where a window can show it.
+     */
+    virtual Answer askToSave(const QString &title, const QString &text, const QString &file)
+    {
+        Q_UNUSED(file);
+        return askYesNoCancel(title, text);
+    }
+
     /** A question with Yes and No only; where a Cancel exists it counts as No. */
     virtual Answer askYesNo(const QString &title, const QString &text)
     {

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <utility>
@@ -43,9 +44,10 @@ FileCommands::FileCommands(ThemeDocument &doc, Dialogs &dialogs)
 
 bool FileCommands::promptToSave()
 {
-    const Dialogs::Answer answer = m_dialogs.askYesNoCancel(
+    const QString file = m_doc.currentThemeFile().isEmpty() ? QString() : QFileInfo(m_doc.currentThemeFile()).fileName();
+    const Dialogs::Answer answer = m_dialogs.askToSave(
         QStringLiteral("Caution"),
-        QStringLiteral("This action will cause all previous changes to be lost, do you wish to save?"));
+        QStringLiteral("This action will cause all previous changes to be lost, do you wish to save?"), file);
     switch (answer) {
     case Dialogs::Answer::No:
         return true;

@@ -20,8 +20,15 @@ QtDialogs::QtDialogs(QWidget *parent)
 
 Dialogs::Answer QtDialogs::askYesNoCancel(const QString &title, const QString &text)
 {
+    return askToSave(title, text, {});
+}
+
+Dialogs::Answer QtDialogs::askToSave(const QString &title, const QString &text, const QString &file)
+{
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
                     m_parent);
+    if (!file.isEmpty())
+        box.setInformativeText(QStringLiteral("Unsaved changes to %1").arg(file));
     box.setDefaultButton(QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::Cancel);
     switch (box.exec()) {

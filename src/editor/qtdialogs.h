@@ -20,6 +20,7 @@ public:
     explicit QtDialogs(QWidget *parent = nullptr);
 
     Answer askYesNoCancel(const QString &title, const QString &text) override;
+    Answer askToSave(const QString &title, const QString &text, const QString &file) override;
     void show(const Report &report) override;
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override;
     QString openFileName(const QString &filter, const QString &initialFolder) override;

@@ -295,12 +295,16 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(bool, relink);
-        // A folder per row: the theme, its art, private files beside the art and links to them.
+        // A folder per row: the theme, its art, private files beside the art and links to them; all
+        // pictures the game reads, so that only where they lie can fail the build.
+        QImage picture(4, 4, QImage::Format_RGB888);
+        picture.fill(Qt::blue);
+        const QByteArray bitmap = imageBytes(picture, "BMP");
         static int row = 0;
         const QString folder = QStringLiteral("hostile-%1").arg(++row);
-        QVERIFY(writeFile(m_dir.filePath(folder + "/secret.txt"), "private"));
-        QVERIFY(writeFile(m_dir.filePath(folder + "/outside/secret.txt"), "private"));
-        QVERIFY(writeFile(m_dir.filePath(folder + "/art/main.txt"), "art"));
+        QVERIFY(writeFile(m_dir.filePath(folder + "/secret.txt"), bitmap));
+        QVERIFY(writeFile(m_dir.filePath(folder + "/outside/secret.txt"), bitmap));
+        QVERIFY(writeFile(m_dir.filePath(folder + "/art/main.txt"), bitmap));
         QVERIFY(QFile::link(m_dir.filePath(folder + "/secret.txt"), m_dir.filePath(folder + "/art/leak.txt")));
         QVERIFY(QFile::link(m_dir.filePath(folder + "/outside"), m_dir.filePath(folder + "/art/linked")));
         const QString theme = folder + "/H.skt";

@@ -38,6 +38,7 @@ public:
     QStringList openFolders;
     QStringList saveFilters;
     QStringList saveProposals;
+    QStringList savePromptFiles; // the file each save prompt named
     int colorRequests = 0;
 
     void show(const Report &report) override
@@ -51,6 +52,12 @@ public:
     {
         messages.append({title, text, Kind::Question});
         return answers.isEmpty() ? Answer::Cancel : answers.dequeue();
+    }
+
+    Answer askToSave(const QString &title, const QString &text, const QString &file) override
+    {
+        savePromptFiles.append(file);
+        return askYesNoCancel(title, text);
     }
 
     std::optional<QString> inputBox(const QString &prompt, const QString &) override

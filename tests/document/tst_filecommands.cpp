@@ -91,6 +91,7 @@ private slots:
 
         dialogs.show(commands.takeReport());
         QCOMPARE(dialogs.messageLines(), dirty ? QStringList{promptText} : QStringList());
+        QCOMPARE(dialogs.savePromptFiles, dirty ? QStringList{QStringLiteral("current.skt")} : QStringList());
         if (dirty)
             QCOMPARE(dialogs.messages.first().kind, ScriptedDialogs::Kind::Question);
         // "Yes" always asks for a new file, even when the theme has one.
