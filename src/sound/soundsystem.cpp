@@ -185,6 +185,13 @@ int SoundSystem::checkMusicFile(const QString &path)
     return UnknownFormat;
 }
 
+SoundSystem::SoundSystem()
+{
+    m_quietTimer.setSingleShot(true);
+    m_quietTimer.setInterval(std::chrono::seconds(5));
+    m_quietTimer.callOnTimeout([this] { suspendIfQuiet(); });
+}
+
 SoundSystem::~SoundSystem()
 {
     closeSound();
@@ -268,7 +275,7 @@ void SoundSystem::soundEnded()
     if (QCoreApplication *app = QCoreApplication::instance())
         QMetaObject::invokeMethod(app, [] {
             if (quietWatch)
-                quietWatch->suspendIfQuiet();
+                quietWatch->m_quietTimer.start();
         }, Qt::QueuedConnection);
 }
 

@@ -8,6 +8,7 @@
 #include "sound/editorconfig.h"
 
 #include <QString>
+#include <QTimer>
 
 
 // The mixer's own handle types, declared here so that callers need no SDL headers.
@@ -23,7 +24,7 @@ struct Mix_Chunk;
 class SoundSystem
 {
 public:
-    SoundSystem() = default;
+    SoundSystem();
     ~SoundSystem();
     SoundSystem(const SoundSystem &) = delete;
     SoundSystem &operator=(const SoundSystem &) = delete;
@@ -110,5 +111,8 @@ private:
     bool m_mixerOpen = false;
     bool m_suspended = false; // the mixer stands open, its device closed
     DeviceSettings m_device;
+    // Closing waits a little after the last sound: an author plays sounds again and again, and
+    // opening the device anew costs a song its soundfont's set-up.
+    QTimer m_quietTimer;
     Mix_Chunk *m_wave = nullptr;
 };
