@@ -79,7 +79,7 @@ test: build
 # The Debian package: $(PACKAGE_BUILD)/stakko-theme-maker_VERSION_ARCH.deb.
 package: deps
 	@[ -f $(PACKAGE_BUILD)/build.ninja ] || cmake -S . -B $(PACKAGE_BUILD) -G Ninja \
-		-DCMAKE_BUILD_TYPE=Release -DSTAKKO_TESTS=OFF $(CCACHE_LAUNCHER)
+		-DCMAKE_BUILD_TYPE=Release -DSTAKKO_TESTS=OFF -DSTAKKO_BUILD_TREE_MANUAL=OFF $(CCACHE_LAUNCHER)
 	# umask 022 as dpkg-buildpackage sets it: CPack writes the builder's modes into the archive.
 	umask 022 && cmake --build $(PACKAGE_BUILD) -j $(JOBS) --target package
 

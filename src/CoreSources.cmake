@@ -21,7 +21,12 @@ if(STAKKO_APP_ID)
     # The manual likewise, relative to the program; a program run from its build reads the build's.
     file(RELATIVE_PATH manualInstalled ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DOCDIR}/manual)
     set_property(SOURCE ${CMAKE_CURRENT_LIST_DIR}/common/usermanual.cpp APPEND PROPERTY COMPILE_DEFINITIONS
-                 STAKKO_MANUAL_INSTALLED="${manualInstalled}" STAKKO_MANUAL_BUILT="${STAKKO_MANUAL_HTML}")
+                 STAKKO_MANUAL_INSTALLED="${manualInstalled}")
+    # A packaged program never looks into the folder it was built in (nor carries its path).
+    if(STAKKO_BUILD_TREE_MANUAL)
+        set_property(SOURCE ${CMAKE_CURRENT_LIST_DIR}/common/usermanual.cpp APPEND PROPERTY COMPILE_DEFINITIONS
+                     STAKKO_MANUAL_BUILT="${STAKKO_MANUAL_HTML}")
+    endif()
 endif()
 
 # The mixer is loaded when sound is first wanted: the core compiles against its headers and

@@ -180,6 +180,8 @@ void playVisiblePreviews(MainWindow &window)
         if (button && button->isVisibleTo(&window) && button->isEnabled())
             button->click();
     }
+    if (auto *previews = window.findChild<PreviewBinding *>())
+        previews->frames().finishLoading();
     settle();
 }
 
@@ -375,6 +377,9 @@ int main(int argc, char *argv[])
     new RecentMenu(*window.findChild<QMenu *>(QStringLiteral("mnuRecent")), recent, commands, dialogs);
 
     if (!screenshotFolder.isEmpty()) {
+        // Pictures of one moment: the previews' clock stands still, so every run (and every
+        // rebuild of the manual) shows the same frames.
+        previews->frames().setClock([] { return quint32(0); });
         if (!themePath.isEmpty()) {
             commands.loadPath(themePath);
             dialogs.show(commands.takeReport());
