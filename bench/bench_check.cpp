@@ -7,8 +7,8 @@
 
 #include "benchstats.h"
 
-#include "document/themedocument.h"
-#include "document/themefilewriter.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
 #include "package/packagewriter.h"
 
 #include <QCoreApplication>

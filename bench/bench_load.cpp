@@ -7,10 +7,10 @@
 #include "benchstats.h"
 
 #include "common/scripteddialogs.h"
-#include "document/themedocument.h"
-#include "document/themesections.h"
-#include "document/themefilewriter.h"
-#include "document/themeloader.h"
+#include "theme/themedocument.h"
+#include "theme/themesections.h"
+#include "theme/themefilewriter.h"
+#include "theme/themeloader.h"
 #include "package/packagewriter.h"
 
 #include <QCoreApplication>

@@ -9,7 +9,7 @@
 
 #include "benchstats.h"
 #include "previewframes.h"
-#include "document/themefilewriter.h"
+#include "theme/themefilewriter.h"
 #include "editor/editorstyle.h"
 #include "editor/mainwindow.h"
 

@@ -8,10 +8,10 @@
 
 #include "benchstats.h"
 #include "firstpaint.h"
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 #include "editor/buttonbinding.h"
 #include "editor/editorstyle.h"
-#include "document/filecommands.h"
+#include "editing/filecommands.h"
 #include "editor/mainwindow.h"
 #include "editor/previewbinding.h"
 #include "editor/qtdialogs.h"

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "document/themedocument.h"
-#include "document/themefilewriter.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
 
 #include <QColor>
 #include <QElapsedTimer>

@@ -5,7 +5,7 @@
 
 // Shared by the preview benchmarks: frames that look like backgrounds and a background set up to play them.
 
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 
 #include <QImage>
 #include <QList>

@@ -14,8 +14,8 @@
 #include "fuzzsupport.h"
 #include "scratchfolder.h"
 
-#include "document/animatedelement.h"
-#include "document/themedocument.h"
+#include "theme/animatedelement.h"
+#include "theme/themedocument.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
 

@@ -13,9 +13,9 @@
 #include "scratchfolder.h"
 #include "silentdialogs.h"
 
-#include "document/themedocument.h"
-#include "document/themefilewriter.h"
-#include "document/themeloader.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
+#include "theme/themeloader.h"
 
 #include <QFile>
 #include <QStringList>

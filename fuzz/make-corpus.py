@@ -8,7 +8,7 @@
 OUT_DIR/fuzz_themefile/   theme files: the sample theme and small variants
 OUT_DIR/fuzz_package/     zip archives: plain, folders, names that point outside, a link, a password
 OUT_DIR/fuzz_framestrip/  a selector byte and a tiny BMP, PNG, GIF or JPEG picture
-OUT_DIR/fuzz_editorconfig/ skm.ini variants
+OUT_DIR/fuzz_mixersettings/ skm.ini variants
 OUT_DIR/fuzz_deflate64/   Deflate64 streams: stored, fixed and dynamic blocks, far matches, long runs
 OUT_DIR/<target>.dict     libFuzzer dictionaries, where the format has words worth knowing
 
@@ -560,10 +560,10 @@ def main():
     write_all(os.path.join(out, "fuzz_themefile"), theme_seeds())
     write_all(os.path.join(out, "fuzz_package"), package_seeds())
     write_all(os.path.join(out, "fuzz_framestrip"), framestrip_seeds())
-    write_all(os.path.join(out, "fuzz_editorconfig"), config_seeds())
+    write_all(os.path.join(out, "fuzz_mixersettings"), config_seeds())
     write_all(os.path.join(out, "fuzz_deflate64"), deflate64_seeds())
     write_dict(os.path.join(out, "fuzz_themefile.dict"), theme_words())
-    write_dict(os.path.join(out, "fuzz_editorconfig.dict"), CONFIG_WORDS)
+    write_dict(os.path.join(out, "fuzz_mixersettings.dict"), CONFIG_WORDS)
     write_dict(os.path.join(out, "fuzz_package.dict"), ZIP_WORDS)
 
 

@@ -4,9 +4,10 @@
 # The widget-free core's sources, listed once for the main build and the sanitizer build in fuzz/.
 file(GLOB STAKKO_CORE_SOURCES CONFIGURE_DEPENDS
     ${CMAKE_CURRENT_LIST_DIR}/common/*.cpp
-    ${CMAKE_CURRENT_LIST_DIR}/document/*.cpp ${CMAKE_CURRENT_LIST_DIR}/package/*.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/package/*.cpp ${CMAKE_CURRENT_LIST_DIR}/theme/*.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/editing/*.cpp ${CMAKE_CURRENT_LIST_DIR}/art/*.cpp
     ${CMAKE_CURRENT_LIST_DIR}/preview/*.cpp ${CMAKE_CURRENT_LIST_DIR}/sound/*.cpp
-    ${CMAKE_CURRENT_LIST_DIR}/check/*.cpp ${CMAKE_CURRENT_LIST_DIR}/art/*.cpp)
+    ${CMAKE_CURRENT_LIST_DIR}/check/*.cpp)
 # Import reads and writes sounds with these; only src/art/ includes them.
 pkg_check_modules(STAKKO_ART_AUDIO REQUIRED IMPORTED_TARGET sndfile samplerate)
 set(STAKKO_CORE_PRIVATE_LIBRARIES PkgConfig::STAKKO_ART_AUDIO)

@@ -5,10 +5,10 @@
 // animation moving, sounds and a tune. Everything is drawn or synthesised here from fixed tables,
 // without fonts or clocks, so running it again gives the same bytes.
 
-#include "document/description.h"
+#include "theme/description.h"
 #include "common/safefile.h"
-#include "document/themedocument.h"
-#include "document/themefilewriter.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
 #include "package/resourcepackage.h"
 
 #include <QBuffer>

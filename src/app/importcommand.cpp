@@ -6,8 +6,8 @@
 #include "consoledialogs.h"
 
 #include "art/artimport.h"
-#include "document/filecommands.h"
-#include "document/themedocument.h"
+#include "editing/filecommands.h"
+#include "theme/themedocument.h"
 
 #include <QDir>
 #include <QRegularExpression>

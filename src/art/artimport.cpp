@@ -4,14 +4,14 @@
 #include "art/artimport.h"
 
 #include "art/soundconvert.h"
-#include "check/packagebuilder.h"
+#include "editing/packagebuilder.h"
 #include "common/pathlookup.h"
 #include "common/safefile.h"
-#include "document/animatedelement.h"
-#include "document/themedocument.h"
-#include "document/themefields.h"
-#include "document/themefilewriter.h"
-#include "document/themeloader.h"
+#include "theme/animatedelement.h"
+#include "theme/themedocument.h"
+#include "theme/themefields.h"
+#include "theme/themefilewriter.h"
+#include "theme/themeloader.h"
 
 #include <QBuffer>
 #include <QDir>

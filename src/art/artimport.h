@@ -7,7 +7,7 @@
 #include "art/framefit.h"
 #include "art/parallel.h"
 #include "common/report.h"
-#include "document/themesections.h"
+#include "theme/themesections.h"
 
 #include <QColor>
 #include <QList>

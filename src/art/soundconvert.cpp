@@ -3,7 +3,7 @@
 
 #include "art/soundconvert.h"
 
-#include "document/fieldbrowsing.h"
+#include "editing/fieldbrowsing.h"
 #include "sound/musicformat.h"
 
 #include <QDir>

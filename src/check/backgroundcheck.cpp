@@ -4,7 +4,7 @@
 #include "check/backgroundcheck.h"
 
 #include "check/themechecker.h"
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 
 #include <QThread>
 

@@ -65,3 +65,12 @@ QStringList Report::lines() const
     }
     return out;
 }
+
+QString firstErrorText(const Report &report)
+{
+    for (const Problem &problem : report.problems) {
+        if (problem.severity == Problem::Severity::Error)
+            return problem.text;
+    }
+    return {};
+}

@@ -38,3 +38,6 @@ struct Report {
     /** "TITLE: TEXT" of every problem. */
     QStringList lines() const;
 };
+
+/** The text of the first error in \a report; "" when it holds none. */
+QString firstErrorText(const Report &report);

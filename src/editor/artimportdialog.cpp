@@ -3,9 +3,9 @@
 
 #include "editor/artimportdialog.h"
 
-#include "document/fieldbrowsing.h"
-#include "document/filecommands.h"
-#include "document/themedocument.h"
+#include "editing/fieldbrowsing.h"
+#include "editing/filecommands.h"
+#include "theme/themedocument.h"
 #include "editor/controlnames.h"
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"

@@ -3,11 +3,11 @@
 
 #include "editor/buildcommand.h"
 
-#include "check/packagebuilder.h"
+#include "editing/packagebuilder.h"
 #include "common/pathlookup.h"
-#include "document/filecommands.h"
-#include "document/referencedfiles.h"
-#include "document/themedocument.h"
+#include "editing/filecommands.h"
+#include "theme/referencedfiles.h"
+#include "theme/themedocument.h"
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
 #include "editor/problemspanel.h"

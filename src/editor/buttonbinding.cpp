@@ -7,9 +7,9 @@
 
 #include "check/themechecker.h"
 #include "common/pathlookup.h"
-#include "document/fieldbrowsing.h"
-#include "document/filecommands.h"
-#include "document/themedocument.h"
+#include "editing/fieldbrowsing.h"
+#include "editing/filecommands.h"
+#include "theme/themedocument.h"
 #include "editor/controlnames.h"
 #include "editor/mainwindow.h"
 #include "sound/soundsystem.h"

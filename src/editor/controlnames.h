@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "document/animatedelement.h"
-#include "document/themefields.h"
+#include "theme/animatedelement.h"
+#include "theme/themefields.h"
 
 #include <QAnyStringView>
 #include <QStringList>

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "document/animatedelement.h"
-#include "document/filecommands.h"
+#include "theme/animatedelement.h"
+#include "editing/filecommands.h"
 
 #include <QMainWindow>
 #include <QPointer>

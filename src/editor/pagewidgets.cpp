@@ -3,7 +3,7 @@
 
 #include "editor/pagewidgets.h"
 
-#include "document/themefields.h"
+#include "theme/themefields.h"
 #include "editor/controlnames.h"
 #include "editor/previewsurface.h"
 

@@ -4,7 +4,7 @@
 #include "editor/previewbinding.h"
 
 #include "common/pathlookup.h"
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 #include "editor/controlnames.h"
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"

@@ -3,7 +3,7 @@
 
 #include "editor/previewwindow.h"
 
-#include "document/animatedelement.h"
+#include "theme/animatedelement.h"
 #include "preview/framepreviews.h"
 #include "preview/ticktimer.h"
 

@@ -3,8 +3,8 @@
 
 #include "editor/problemspanel.h"
 
-#include "document/animatedelement.h"
-#include "document/themefields.h"
+#include "theme/animatedelement.h"
+#include "theme/themefields.h"
 
 #include <QAction>
 #include <QApplication>

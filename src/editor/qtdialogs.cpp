@@ -3,7 +3,7 @@
 
 #include "editor/qtdialogs.h"
 
-#include "document/fieldbrowsing.h"
+#include "editing/fieldbrowsing.h"
 
 #include <QColorDialog>
 #include <QDir>

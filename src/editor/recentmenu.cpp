@@ -3,8 +3,8 @@
 
 #include "editor/recentmenu.h"
 
-#include "document/filecommands.h"
-#include "document/recentthemes.h"
+#include "editing/filecommands.h"
+#include "editing/recentthemes.h"
 #include "editor/editordialogs.h"
 
 #include <QDir>

@@ -4,8 +4,8 @@
 #include "editor/themefilewatch.h"
 
 #include "common/dialogs.h"
-#include "document/filecommands.h"
-#include "document/themedocument.h"
+#include "editing/filecommands.h"
+#include "theme/themedocument.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 
 #include "preview/framepreviews.h"
 
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 #include "preview/framesequence.h"
 #include "preview/framesettings.h"
 #include "preview/framestrip.h"

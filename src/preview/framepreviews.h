@@ -4,7 +4,7 @@
 #pragma once
 
 #include "common/report.h"
-#include "document/animatedelement.h"
+#include "theme/animatedelement.h"
 
 #include <QImage>
 #include <QObject>

@@ -3,8 +3,8 @@
 
 #include "preview/framesettings.h"
 
-#include "document/animatedelement.h"
-#include "document/themedocument.h"
+#include "theme/animatedelement.h"
+#include "theme/themedocument.h"
 #include "preview/framesequence.h"
 
 FrameSettings readFrameSettings(const ThemeDocument &doc, const AnimatedElement &element, Report &report)

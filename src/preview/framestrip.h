@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document/animatedelement.h"
+#include "theme/animatedelement.h"
 
 #include <QImage>
 

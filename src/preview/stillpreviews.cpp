@@ -5,9 +5,9 @@
 
 #include "common/dialogs.h"
 #include "common/pathlookup.h"
-#include "document/themedocument.h"
-#include "document/themefields.h"
-#include "document/themeloader.h"
+#include "theme/themedocument.h"
+#include "theme/themefields.h"
+#include "theme/themeloader.h"
 #include "preview/loadingsurface.h"
 
 StillPreviews::StillPreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurface &loading,

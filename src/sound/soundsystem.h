@@ -5,7 +5,7 @@
 
 #include "common/report.h"
 
-#include "sound/editorconfig.h"
+#include "sound/mixersettings.h"
 
 #include <QString>
 #include <QTimer>

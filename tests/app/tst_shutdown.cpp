@@ -4,8 +4,8 @@
 // The editor ended by the system: it exits as Exit does and keeps unsaved changes for the author.
 
 #include "common/testfiles.h"
-#include "document/themedocument.h"
-#include "document/themefilewriter.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

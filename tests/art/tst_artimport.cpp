@@ -7,10 +7,10 @@
 #include "common/runprogram.h"
 #include "common/scripteddialogs.h"
 #include "common/testfiles.h"
-#include "document/animatedelement.h"
-#include "document/themedocument.h"
-#include "document/themefilewriter.h"
-#include "document/themeloader.h"
+#include "theme/animatedelement.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
+#include "theme/themeloader.h"
 #include "package/resourcepackage.h"
 
 #include <QImage>

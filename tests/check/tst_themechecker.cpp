@@ -8,8 +8,8 @@
 #include "common/fieldvalues.h"
 #include "common/scripteddialogs.h"
 #include "common/testfiles.h"
-#include "document/themedocument.h"
-#include "document/themefilewriter.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
 #include "package/packagewriter.h"
 #include "package/resourcepackage.h"
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 
 #include <QList>
 #include <QPair>

@@ -6,10 +6,10 @@
 #include "common/safefile.h"
 #include "common/smalldisk.h"
 #include "common/testfiles.h"
-#include "document/themedocument.h"
-#include "document/themefilewriter.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
 #include "package/packagewriter.h"
-#include "sound/editorconfig.h"
+#include "sound/mixersettings.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>

@@ -5,7 +5,7 @@
 // validators, the MIME type, the manual pages against --help and the bash completion.
 
 #include "common/runprogram.h"
-#include "document/themefields.h"
+#include "theme/themefields.h"
 
 #include <QDirIterator>
 #include <QImageReader>

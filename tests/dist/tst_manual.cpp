@@ -36,7 +36,7 @@ QStringList problemCodesInSources(const QString &sourceDir)
 {
     static const QRegularExpression literal(QStringLiteral("\"([a-z]+(?:-[a-z]+)+)\""));
     QStringList codes;
-    for (const char *folder : {"check", "document", "package"}) {
+    for (const char *folder : {"check", "theme", "editing", "package"}) {
         QDirIterator it(sourceDir + QStringLiteral("/src/") + QLatin1StringView(folder), {QStringLiteral("*.cpp")},
                         QDir::Files);
         while (it.hasNext()) {

@@ -3,9 +3,9 @@
 
 #include "common/scripteddialogs.h"
 #include "common/testfiles.h"
-#include "document/filecommands.h"
-#include "document/themedocument.h"
-#include "document/themesections.h"
+#include "editing/filecommands.h"
+#include "theme/themedocument.h"
+#include "theme/themesections.h"
 #include "editor/artimportdialog.h"
 #include "editor/buttonbinding.h"
 #include "editor/controlnames.h"

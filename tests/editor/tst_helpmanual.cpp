@@ -5,7 +5,7 @@
 // system's browser: the addresses are caught where the browser would take them.
 
 #include "common/usermanual.h"
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 #include "editor/mainwindow.h"
 #include "editor/problemspanel.h"
 

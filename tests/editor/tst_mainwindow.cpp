@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "check/backgroundcheck.h"
-#include "document/themesections.h"
-#include "document/description.h"
-#include "document/themedocument.h"
-#include "document/themefields.h"
-#include "document/animatedelement.h"
-#include "document/filecommands.h"
+#include "theme/themesections.h"
+#include "theme/description.h"
+#include "theme/themedocument.h"
+#include "theme/themefields.h"
+#include "theme/animatedelement.h"
+#include "editing/filecommands.h"
 #include "editor/aboutwindow.h"
 #include "editor/controlnames.h"
 #include "editor/editorstyle.h"

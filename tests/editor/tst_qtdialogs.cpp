@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "document/fieldbrowsing.h"
-#include "document/filecommands.h"
-#include "document/themedocument.h"
+#include "editing/fieldbrowsing.h"
+#include "editing/filecommands.h"
+#include "theme/themedocument.h"
 #include "editor/qtdialogs.h"
 
 #include <QApplication>

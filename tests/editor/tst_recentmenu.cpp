@@ -3,9 +3,9 @@
 
 #include "common/scripteddialogs.h"
 #include "common/testfiles.h"
-#include "document/filecommands.h"
-#include "document/recentthemes.h"
-#include "document/themedocument.h"
+#include "editing/filecommands.h"
+#include "editing/recentthemes.h"
+#include "theme/themedocument.h"
 #include "editor/recentmenu.h"
 
 #include <QDir>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "common/fieldvalues.h"
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
 #include "preview/loadprogress.h"

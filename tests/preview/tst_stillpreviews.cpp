@@ -3,7 +3,7 @@
 
 #include "common/scripteddialogs.h"
 #include "common/testfiles.h"
-#include "document/themedocument.h"
+#include "theme/themedocument.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
 #include "preview/stillpreviews.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "common/pathlookup.h"
-#include "document/animatedelement.h"
+#include "theme/animatedelement.h"
 #include "preview/framesequence.h"
 #include "preview/framestrip.h"
 #include "preview/loadingsurface.h"

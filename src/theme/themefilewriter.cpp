@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "theme/themefilewriter.h"
+
+#include "common/safefile.h"
+
+#include "common/ansitext.h"
+#include "common/profilereader.h"
+#include "theme/themedocument.h"
+#include "theme/themesections.h"
+
+
+namespace {
+
+const QString header = QStringLiteral("//Stakko Theme File - Created by Stakko Theme Maker\u2122");
+const QString separator = QStringLiteral(" ");
+const QString sectionLine = QStringLiteral("[Theme Info]");
+const QString dashes = QStringLiteral("//-----------------");
+
+class Writer
+{
+public:
+    explicit Writer(const ThemeDocument &doc) : m_doc(doc) {}
+
+    void line(const QString &text, const char *field = "")
+    {
+        if (!m_error.isEmpty())
+            return;
+        qsizetype bad = 0;
+        if (!AnsiText::encode(text, &m_bytes, &bad)) {
+            const QChar c = text.at(bad);
+            m_error = QStringLiteral("The theme cannot be saved: the field \"%1\" holds the character "
+                                     "\"%2\" (U+%3), which a theme file cannot store. "
+                                     "Replace it and save again.")
+                          .arg(QLatin1StringView(field), QString(c),
+                               QStringLiteral("%1").arg(c.unicode(), 4, 16, QChar(u'0')).toUpper());
+            return;
+        }
+        m_bytes.append("\r\n");
+    }
+
+    void keyLine(const char *key, const QString &value) { line(QLatin1StringView(key) + u'=' + value, key); }
+
+    void block(const ThemeSection &section)
+    {
+        if (!isWritten(m_doc, section))
+            return;
+        line(separator);
+        line(QLatin1StringView(section.comment));
+        bool previousWritten = false;
+        for (const SectionKey &k : section.keys) {
+            QString value = m_doc.value(QLatin1StringView(k.key));
+            const bool skip = (k.rule == KeyRule::AfterPrevious && !previousWritten)
+                || (k.rule == KeyRule::IfNotEmpty && value.isEmpty());
+            previousWritten = !skip;
+            if (skip)
+                continue;
+            if (k.rule == KeyRule::Print)
+                value = u' ' + value + u' ';
+            if (k.rule == KeyRule::Color && value.isEmpty())
+                value = QLatin1StringView(whiteColorText);
+            keyLine(k.key, value);
+        }
+    }
+
+    QString identity(const char *key) const
+    {
+        const QString value = m_doc.value(QLatin1StringView(key));
+        return value.isEmpty() ? QStringLiteral("Unknown") : value;
+    }
+
+    const ThemeDocument &m_doc;
+    QByteArray m_bytes;
+    QString m_error;
+};
+
+} // namespace
+
+bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error)
+{
+    const int type = doc.number(u"themetype");
+    if (type != 0 && type != 1) {
+        if (error)
+            *error = QStringLiteral("The theme type %1 cannot be saved.").arg(type);
+        return false;
+    }
+
+    Writer w(doc);
+    w.line(header);
+    // Typed descriptions break lines with LF alone; the file wants CR LF everywhere.
+    QString description = doc.value(u"description");
+    description.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\n', QStringLiteral("\r\n"));
+    w.line(description, "description");
+    w.line(separator);
+    w.line(sectionLine);
+    w.keyLine("name", w.identity("name"));
+    w.keyLine("developer", w.identity("developer"));
+    w.keyLine("version", w.identity("version"));
+    const ThemeSection &iface = themeSection(Section::Interface); // the others follow it in table order
+    if (type == 1) {
+        w.keyLine("resourcefile", doc.value(u"resourcefile"));
+        w.line(QStringLiteral("themetype=1"));
+        w.line(separator);
+        w.block(iface);
+        w.line(dashes);
+        w.line(QStringLiteral("//Theme Type 1 Info"));
+        w.line(dashes);
+    } else {
+        w.line(QStringLiteral("themetype=0"));
+        w.line(separator);
+        w.line(QStringLiteral("//Theme Type 0 Info"));
+        if (!doc.value(u"skinfile").isEmpty()) {
+            w.keyLine("skinfile", doc.value(u"skinfile"));
+            w.keyLine("skintransparency", doc.value(u"skintransparency"));
+        }
+        w.block(iface);
+    }
+    for (const ThemeSection &section : themeSections().subspan(1))
+        w.block(section);
+
+    if (!w.m_error.isEmpty()) {
+        if (error)
+            *error = w.m_error;
+        return false;
+    }
+    *bytes = w.m_bytes;
+    return true;
+}
+
+bool writeThemeFile(const ThemeDocument &doc, const QString &path, QString *error)
+{
+    QByteArray bytes;
+    if (!themeFileBytes(doc, &bytes, error))
+        return false;
+
+    QString reason;
+    if (!writeWholeFile(path, bytes, &reason)) {
+        if (error)
+            *error = QStringLiteral("Could not save %1:\n%2").arg(path, reason);
+        return false;
+    }
+    return true;
+}
+
+QString storedDescription(const QByteArray &bytes)
+{
+    // Lines end at LF; the writer's CR before it is dropped, any other CR belongs to the text.
+    QStringList lines = profileText(bytes).split(u'\n');
+    for (QString &line : lines) {
+        if (line.endsWith(u'\r'))
+            line.chop(1);
+    }
+    const qsizetype section = lines.indexOf(sectionLine);
+    if (lines.constFirst() != header || section < 2 || lines.at(section - 1) != separator)
+        return {};
+    return lines.mid(1, section - 2).join(QStringLiteral("\r\n"));
+}

@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "theme/themeloader.h"
+
+#include "common/dialogs.h"
+#include "common/numbertext.h"
+#include "common/pathlookup.h"
+#include "common/profilereader.h"
+#include "theme/animatedelement.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
+#include "theme/themesections.h"
+#include "package/resourcepackage.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+// The game reads the sections in this order, the one place it is kept; the interface comes
+// first of all, before the theme type.
+const Section typeOneSections[] = {Section::Background, Section::SpecialWindow, Section::InternetBackground,
+                                   Section::Blocks, Section::NextWindow};
+const Section bothTypesSections[] = {Section::Explosion, Section::Bomb, Section::MiscImages, Section::Colors,
+                                     Section::Music, Section::Sounds};
+
+/** A missing key gives the field's reset value; a missing colour white, as an empty one is written. */
+QString missingValue(const SectionKey &k)
+{
+    return QLatin1StringView(k.rule == KeyRule::Color ? whiteColorText : fieldSpec(k.key).defaultValue);
+}
+
+class Loader
+{
+public:
+    Loader(ThemeDocument &doc, const QString &path, Dialogs &dialogs, const ExtractOptions &extract)
+        : m_doc(doc), m_path(path), m_dialogs(dialogs), m_extract(extract), m_file(ProfileFile::open(path))
+    {
+    }
+
+    std::optional<QString> read(const char *key) const
+    {
+        const QString value = m_file.text(QStringLiteral("Theme Info"), QLatin1StringView(key));
+        if (value == missingValueMarker())
+            return std::nullopt;
+        return value;
+    }
+
+    /** Writes a field from a present value (switches take its whole number; others give 0). */
+    void set(const char *field, const QString &value)
+    {
+        const QLatin1StringView key(field);
+        if (fieldSpec(key).kind == FieldKind::Text) {
+            m_doc.setText(key, value);
+            return;
+        }
+        const std::optional<qint64> n = storedWholeNumber(value);
+        m_doc.setNumber(key, n && *n >= 0 && *n <= 2 ? int(*n) : 0);
+    }
+
+    void section(Section id)
+    {
+        const ThemeSection &s = themeSection(id);
+        m_doc.setNumber(QLatin1StringView(s.include), 0);
+        if (s.readOrder.size() == 0) {
+            for (const SectionKey &k : s.keys)
+                key(s, k);
+        }
+        for (const char *name : s.readOrder) {
+            for (const SectionKey &k : s.keys) {
+                if (qstrcmp(k.key, name) == 0)
+                    key(s, k);
+            }
+        }
+    }
+
+    void key(const ThemeSection &s, const SectionKey &k)
+    {
+        const std::optional<QString> value = read(k.key);
+        if (value && s.files == FileKind::Music)
+            m_doc.setMusicFolder(m_doc.packageFolder());
+        set(k.key, value ? *value : missingValue(k));
+        if (value)
+            m_doc.setNumber(QLatin1StringView(s.include), 1);
+        const AnimatedElement *animation = animationOf(s);
+        if (animation && qstrcmp(k.key, animation->extensionField) == 0) {
+            const QString image = m_doc.value(QLatin1StringView(animation->rootField)) + QStringLiteral("1.")
+                + m_doc.value(QLatin1StringView(k.key));
+            m_doc.setText(QLatin1StringView(animation->imageField), image);
+        }
+    }
+
+    bool run()
+    {
+        // Header
+        for (const char *key : {"name", "developer", "version"})
+            m_doc.setText(QLatin1StringView(key), read(key).value_or(QStringLiteral("Unknown")));
+
+        // Resource package
+        const std::optional<QString> resource = read("resourcefile");
+        if (resource) {
+            m_doc.setText(u"resourcefile", *resource);
+            const QString package = resourcePackagePath(m_path, *resource);
+            UnpackReport unpacked;
+            if (m_extract.unpack)
+                unpacked = extractResourcePackage(package, m_dialogs, m_extract);
+            else
+                unpacked.location = packageLocationFor(package);
+            for (Problem &p : unpacked.problems)
+                p.field = QStringLiteral("resourcefile");
+            m_report.append(unpacked);
+            m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
+        } else {
+            // A theme without a package must not see the previous theme's files.
+            m_doc.setPackageFolder(QString(), QString());
+        }
+
+        section(Section::Interface);
+
+        // Theme type
+        const std::optional<QString> typeText = read("themetype");
+        if (!typeText) {
+            unreadable(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
+            return false;
+        }
+        const std::optional<qint64> type = storedWholeNumber(*typeText);
+        if (!type || (*type != 0 && *type != 1)) {
+            unreadable(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
+                                      "only Theme Type 0 and Theme Type 1 can be loaded.")
+                           .arg(m_path, typeText->trimmed()));
+            return false;
+        }
+        if (*type == 1 && !resource) {
+            unreadable(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QStringLiteral("resourcefile"));
+            return false;
+        }
+        m_doc.setNumber(u"themetype", int(*type));
+
+        if (*type == 0) {
+            if (const auto skin = read("skinfile")) {
+                m_doc.setText(u"skinfile", *skin);
+                set("skintransparency", read("skintransparency").value_or(QStringLiteral("0")));
+            }
+        } else {
+            for (Section id : typeOneSections)
+                section(id);
+        }
+        for (Section id : bothTypesSections)
+            section(id);
+
+        for (int i = 0; i < int(std::size(colorKeys)); ++i)
+            m_doc.setSwatch(i, textToColor(m_doc.value(QLatin1StringView(colorKeys[i]))));
+
+        // Not a key: the lines the writer put above the section.
+        QFile file(m_path);
+        m_doc.setText(u"description", file.open(QIODevice::ReadOnly) ? storedDescription(file.readAll()) : QString());
+        return true;
+    }
+
+    void unreadable(const QString &text, const QString &field = {})
+    {
+        m_report.add({Problem::Severity::Error, text, field, m_path, QStringLiteral("theme-unreadable"), {}});
+    }
+
+    /** Loads the file; the report says whether it was a theme and what went wrong. */
+    LoadReport load()
+    {
+        m_report.loaded = run();
+        return m_report;
+    }
+
+private:
+    ThemeDocument &m_doc;
+    QString m_path;
+    Dialogs &m_dialogs;
+    const ExtractOptions &m_extract;
+    ProfileFile m_file;
+    LoadReport m_report;
+};
+
+/** A colour component: a whole number in the 16-bit range, not negative, above 255 counts as 255. */
+std::optional<quint32> component(const QString &text)
+{
+    const std::optional<qint64> n = storedWholeNumber(text);
+    if (!n || *n < 0 || *n > 32767)
+        return std::nullopt;
+    return quint32(std::min<qint64>(*n, 255));
+}
+
+} // namespace
+
+QString resourcePackagePath(const QString &themePath, const QString &resourceFile)
+{
+    QString normal = resourceFile;
+    normal.replace(u'\\', u'/');
+    if (QDir::isAbsolutePath(normal) || isAbsoluteThemePath(resourceFile))
+        return resourceFile;
+    const qsizetype end = afterLastSeparator(themePath);
+    // A bare file name: the theme lies in the current folder.
+    const QString folder = end == 0 ? QFileInfo(themePath).absolutePath() : themePath.left(end - 1);
+    return folder + QDir::separator() + resourceFile;
+}
+
+LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions, const ExtractOptions &extract)
+{
+    return Loader(doc, path, questions, extract).load();
+}
+
+quint32 textToColor(const QString &text)
+{
+    constexpr quint32 white = 0xFFFFFF;
+    const qsizetype first = text.indexOf(u',');
+    if (first < 0)
+        return white;
+    const QString rest = text.mid(first + 1);
+    const qsizetype second = rest.indexOf(u',');
+    if (second < 0)
+        return white;
+    const auto red = component(text.left(first));
+    const auto green = component(rest.left(second));
+    const auto blue = component(rest.mid(second + 1));
+    if (!red || !green || !blue)
+        return white;
+    return *red + 256 * *green + 65536 * *blue;
+}
+
+std::optional<quint32> colorOfText(const QString &text)
+{
+    const QStringList parts = text.split(u',');
+    if (parts.size() != 3)
+        return std::nullopt;
+    quint32 color = 0;
+    for (int i = 0; i < 3; ++i) {
+        const QString &part = parts.at(i);
+        const bool digits = std::all_of(part.cbegin(), part.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+        if (part.isEmpty() || part.size() > 3 || !digits || part.toInt() > 255)
+            return std::nullopt;
+        color += quint32(part.toInt()) << (8 * i);
+    }
+    return color;
+}
+
+QString colorToText(quint32 colorValue)
+{
+    const quint32 red = colorValue % 256;
+    const quint32 blue = colorValue / 65536;
+    const quint32 green = (colorValue - blue * 65536 - red) / 256;
+    return QStringLiteral("%1,%2,%3").arg(red).arg(green).arg(blue);
+}

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "common/testfiles.h"
+#include "editing/autorecovery.h"
+#include "theme/themedocument.h"
+#include "theme/themefilewriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+namespace {
+
+const char *const childFolderVariable = "STAKKO_RECOVERY_CHILD";
+
+// Unsaved work of every kind the document holds.
+void edit(ThemeDocument &doc)
+{
+    doc.resetTheme();
+    doc.setText(u"name", QStringLiteral("Glacier"));
+    doc.setText(u"description", QStringLiteral("Cold\r\nand blue"));
+    doc.setNumber(u"includecolors", 1);
+    doc.setText(u"colortitle", QStringLiteral("1,2,3"));
+    doc.setSwatch(0, 0x030201);
+    doc.setNumber(u"themetype", 0);
+    doc.setCurrentThemeFile(QStringLiteral("/home/me/Glacier.skt"));
+    doc.setPackageFolder(QStringLiteral("/tmp/stakko/Glacier/"), QStringLiteral("stakko/Glacier/"));
+    doc.setMusicFolder(QStringLiteral("/home/me/music/"));
+}
+
+QStringList everything(const ThemeDocument &doc)
+{
+    QStringList all;
+    for (int i = 0; i < int(themeFields().size()); ++i)
+        all << doc.value(i);
+    for (int i = 0; i < int(std::size(colorKeys)); ++i)
+        all << (doc.swatch(i) ? QString::number(*doc.swatch(i)) : QStringLiteral("none"));
+    return all << doc.currentThemeFile() << doc.packageFolder() << doc.packageFolderTail() << doc.musicFolder();
+}
+
+// The editor that is killed: keeps a copy, says so, then waits for its end.
+int runChild(const QString &folder)
+{
+    ThemeDocument doc;
+    AutoRecovery recovery(doc, folder);
+    recovery.setPageSource([] { return 3; });
+    edit(doc);
+    if (!recovery.writeCopy())
+        return 1;
+    std::fputs("ready\n", stdout);
+    std::fflush(stdout);
+    QThread::sleep(60);
+    return 0;
+}
+
+} // namespace
+
+class AutoRecoveryTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+    // A copy left by an editor killed while it held it.
+    void killedEditor(const QString &folder)
+    {
+        QProcess child;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QLatin1StringView(childFolderVariable), folder);
+        child.setProcessEnvironment(env);
+        child.start(QCoreApplication::applicationFilePath(), {});
+        QVERIFY(child.waitForReadyRead(20000));
+        QCOMPARE(child.readLine(), QByteArray("ready\n"));
+        child.kill();
+        QVERIFY(child.waitForFinished());
+    }
+
+private slots:
+    void copyFollowsUnsavedChangesAndGoesOnSave()
+    {
+        const QString folder = m_dir.filePath(QStringLiteral("follow"));
+        ThemeDocument doc;
+        AutoRecovery recovery(doc, folder);
+        recovery.setDelays(10, 50);
+        doc.setText(u"name", QStringLiteral("Thaw"));
+        doc.setDirty(false); // saved before the changes settled: nothing to keep
+        QTest::qWait(80);
+        QVERIFY(!QDir(recovery.copyFolder()).exists());
+
+        doc.setText(u"name", QStringLiteral("Frost"));
+        const QString state = recovery.copyFolder() + QStringLiteral("/state.json");
+        QTRY_VERIFY(QFile::exists(state));
+        const QString written = m_dir.filePath(QStringLiteral("written.skt"));
+        QVERIFY(writeThemeFile(doc, written));
+        QCOMPARE(readFile(recovery.copyFolder() + QStringLiteral("/theme.skt")), readFile(written));
+        QCOMPARE(QFile::permissions(folder) & (QFile::ReadOther | QFile::ReadGroup), QFile::Permissions());
+
+        recovery.restart();
+        QVERIFY(!QDir(recovery.copyFolder()).exists());
+        QVERIFY(!QFile::exists(recovery.copyFolder() + QStringLiteral(".lock")));
+    }
+
+    void restoreOrDiscard_data()
+    {
+        QTest::addColumn<bool>("restore");
+        QTest::newRow("Restore") << true;
+        QTest::newRow("Discard") << false;
+    }
+
+    void restoreOrDiscard()
+    {
+        QFETCH(bool, restore);
+        const QString folder = m_dir.filePath(restore ? QStringLiteral("restore") : QStringLiteral("discard"));
+        // Only the copy of the editor that is gone is offered, not that of one still running.
+        ThemeDocument running;
+        AutoRecovery first(running, folder);
+        edit(running);
+        QVERIFY(first.writeCopy());
+        killedEditor(folder);
+        ThemeDocument doc;
+        doc.resetTheme();
+        doc.setDirty(false);
+        AutoRecovery recovery(doc, folder);
+        std::vector<AutoRecovery::Orphan> orphans = recovery.takeOrphans();
+        QCOMPARE(orphans.size(), size_t(1));
+        QCOMPARE(orphans.front().themeFile, QStringLiteral("/home/me/Glacier.skt"));
+        QVERIFY(orphans.front().folder != first.copyFolder());
+        // An editor starting now does not offer what this one holds.
+        ThemeDocument third;
+        QVERIFY(AutoRecovery(third, folder).takeOrphans().empty());
+        const QStringList before = everything(doc);
+        if (restore) {
+            QCOMPARE(recovery.restore(orphans.front()), std::optional<int>(3));
+            ThemeDocument expected;
+            edit(expected);
+            QCOMPARE(everything(doc), everything(expected));
+            QVERIFY(doc.isDirty());
+        } else {
+            recovery.discard(orphans.front());
+            QCOMPARE(everything(doc), before);
+        }
+        QVERIFY(!QDir(orphans.front().folder).exists());
+        QVERIFY(!QFile::exists(orphans.front().folder + QStringLiteral(".lock")));
+        QVERIFY(recovery.takeOrphans().empty());
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    if (qEnvironmentVariableIsSet(childFolderVariable))
+        return runChild(qEnvironmentVariable(childFolderVariable));
+    AutoRecoveryTest test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_autorecovery.moc"
