@@ -229,7 +229,10 @@ private:
 
     bool makePictures(const QStringList &sources)
     {
-        ArtFrames art = readArtFrames(sources, m_options.sheet, m_progress);
+        // Each picture is fitted on the core that decoded it: 200 big pictures never wait in memory.
+        ArtFrames art = readArtFrames(sources, m_options.sheet, m_progress, [this](const QImage &picture) {
+            return importedFrame(m_target, picture, m_options);
+        });
         m_report.append(art);
         if (art.hasErrors())
             return false;
@@ -243,7 +246,7 @@ private:
         }
         QStringList errors(art.frames.size());
         const bool finished = parallelFor(art.frames.size(), [&](qsizetype i) {
-            const QByteArray bytes = encodedFrame(importedFrame(m_target, art.frames.at(i), m_options), m_options);
+            const QByteArray bytes = encodedFrame(art.frames.at(i), m_options);
             errors[i] = bytes.isEmpty() ? QStringLiteral("Frame %1 could not be encoded.").arg(i + 1)
                                         : writeStaged(m_staging + QStringLiteral("/new/") + m_report.files.at(i), bytes);
         }, m_progress);

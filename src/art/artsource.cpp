@@ -22,8 +22,9 @@ struct PictureFrames {
 
 QString shown(const QString &path) { return QDir::toNativeSeparators(path); }
 
-PictureFrames readPicture(const QString &path, QSize sheet)
+PictureFrames readPicture(const QString &path, QSize sheet, const FrameConversion &convert)
 {
+    const auto keep = [&](const QImage &frame) { return convert ? convert(frame) : frame; };
     PictureFrames out;
     QImageReader reader(path);
     reader.setAutoTransform(true);
@@ -38,7 +39,7 @@ PictureFrames readPicture(const QString &path, QSize sheet)
             }
             break; // an animation ends where its frames do
         }
-        out.frames.append(image);
+        out.frames.append(sheet.isValid() ? image : keep(image));
         delays.append(reader.nextImageDelay());
     } while (animated && reader.canRead());
     if (animated && out.frames.size() > 1)
@@ -58,7 +59,7 @@ PictureFrames readPicture(const QString &path, QSize sheet)
     const int h = whole.height() / sheet.height();
     for (int row = 0; row < sheet.height(); ++row) {
         for (int column = 0; column < sheet.width(); ++column)
-            out.frames.append(whole.copy(column * w, row * h, w, h));
+            out.frames.append(keep(whole.copy(column * w, row * h, w, h)));
     }
     return out;
 }
@@ -141,7 +142,8 @@ int medianDelay(QList<int> delays)
     return delays.at((delays.size() - 1) / 2);
 }
 
-ArtFrames readArtFrames(const QStringList &sources, QSize sheet, const ArtProgress &progress)
+ArtFrames readArtFrames(const QStringList &sources, QSize sheet, const ArtProgress &progress,
+                        const FrameConversion &convert)
 {
     ArtFrames out;
     if (sources.isEmpty())
@@ -151,7 +153,7 @@ ArtFrames readArtFrames(const QStringList &sources, QSize sheet, const ArtProgre
         return out;
     // Pictures decode on every core; an animation's frames, one after another, on one.
     QList<PictureFrames> read(files.size());
-    if (!parallelFor(files.size(), [&](qsizetype i) { read[i] = readPicture(files.at(i), sheet); }, progress)) {
+    if (!parallelFor(files.size(), [&](qsizetype i) { read[i] = readPicture(files.at(i), sheet, convert); }, progress)) {
         out.error(QStringLiteral("The import was cancelled."));
         return out;
     }

@@ -11,6 +11,11 @@
 #include <QSize>
 #include <QStringList>
 
+#include <functional>
+
+/** What a frame becomes as soon as it is decoded, on the core that decoded it. */
+using FrameConversion = std::function<QImage(const QImage &)>;
+
 /** The frames an author's art holds, in the order they are shown. */
 struct ArtFrames : Report {
     QList<QImage> frames;
@@ -22,9 +27,11 @@ struct ArtFrames : Report {
  * sprite sheet cut into \a sheet columns x rows (left to right, then top to bottom), pictures
  * in the order given, or a folder's pictures in natural order. Anything Qt's image readers
  * take, decoded on every core (\a progress counts files). An unreadable source is an error
- * naming the file and the reason; no frames then.
+ * naming the file and the reason; no frames then. With \a convert, each frame is kept as it
+ * makes it and the decoded picture let go at once, so a long run holds only what it will write.
  */
-ArtFrames readArtFrames(const QStringList &sources, QSize sheet = QSize(), const ArtProgress &progress = {});
+ArtFrames readArtFrames(const QStringList &sources, QSize sheet = QSize(), const ArtProgress &progress = {},
+                        const FrameConversion &convert = {});
 
 /** \a names sorted as people count: "next2" before "next10", letter case ignored. */
 QStringList naturalOrder(QStringList names);
