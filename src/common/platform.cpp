@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "common/platform.h"
+
+#include <QFileInfo>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <iostream>
+#include <iterator>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <termios.h>
+#include <time.h>
+#include <unistd.h>
+#ifdef Q_OS_LINUX
+#include <sys/syscall.h>
+#include <sys/timerfd.h>
+#endif
+
+namespace Platform {
+
+bool ownedByCurrentUser(const QFileInfo &info)
+{
+    return info.ownerId() == ::geteuid();
+}
+
+std::optional<QString> readHiddenLine(const QString &prompt)
+{
+    if (!::isatty(STDIN_FILENO))
+        return std::nullopt;
+    std::fprintf(stderr, "%s ", qUtf8Printable(prompt));
+    std::fflush(stderr);
+    termios saved {};
+    const bool quiet = tcgetattr(STDIN_FILENO, &saved) == 0;
+    if (quiet) {
+        termios silent = saved;
+        silent.c_lflag &= ~tcflag_t(ECHO);
+        tcsetattr(STDIN_FILENO, TCSANOW, &silent);
+    }
+    std::string line;
+    const bool got = bool(std::getline(std::cin, line));
+    if (quiet)
+        tcsetattr(STDIN_FILENO, TCSANOW, &saved);
+    std::fprintf(stderr, "\n");
+    if (!got)
+        return std::nullopt;
+    return QString::fromStdString(line);
+}
+
+void yieldToOtherThreads()
+{
+#ifdef Q_OS_LINUX
+    setpriority(PRIO_PROCESS, id_t(syscall(SYS_gettid)), 10);
+#endif
+}
+
+#ifdef Q_OS_LINUX
+
+int openTickTimer()
+{
+    return timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC);
+}
+
+bool armTickTimer(int timer, qint64 dueNanoseconds, int periodMs)
+{
+    constexpr qint64 second = 1000000000;
+    const timespec interval{periodMs / 1000, long(periodMs % 1000) * 1000000};
+    const itimerspec schedule{interval, {time_t(dueNanoseconds / second), long(dueNanoseconds % second)}};
+    return timerfd_settime(timer, TFD_TIMER_ABSTIME, &schedule, nullptr) == 0;
+}
+
+void disarmTickTimer(int timer)
+{
+    const itimerspec disarmed{};
+    timerfd_settime(timer, 0, &disarmed, nullptr);
+}
+
+quint64 takeTickTimerExpiries(int timer)
+{
+    quint64 expiries = 0;
+    return ::read(timer, &expiries, sizeof expiries) == qint64(sizeof expiries) ? expiries : 0;
+}
+
+#else
+
+int openTickTimer()
+{
+    return -1;
+}
+
+bool armTickTimer(int, qint64, int)
+{
+    return false;
+}
+
+void disarmTickTimer(int) {}
+
+quint64 takeTickTimerExpiries(int)
+{
+    return 0;
+}
+
+#endif
+
+void closeTickTimer(int timer)
+{
+    if (timer >= 0)
+        ::close(timer);
+}
+
+qint64 monotonicNanoseconds()
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return qint64(now.tv_sec) * 1000000000 + now.tv_nsec;
+}
+
+namespace {
+
+constexpr int shutdownSignals[] = {SIGTERM, SIGINT, SIGHUP};
+struct sigaction previousHandlers[std::size(shutdownSignals)] = {};
+int signalPipe[2] = {-1, -1};
+
+// A handler may reach nothing but globals. Async-signal-safe: one byte into a non-blocking
+// pipe; a full pipe already holds a byte to act on.
+void onShutdownSignal(int number)
+{
+    const int savedErrno = errno;
+    const unsigned char byte = static_cast<unsigned char>(number);
+    [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
+    errno = savedErrno;
+}
+
+} // namespace
+
+int catchShutdownSignals()
+{
+    if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) {
+        qWarning("Cannot catch SIGTERM, SIGINT and SIGHUP: %s", std::strerror(errno));
+        signalPipe[0] = signalPipe[1] = -1;
+        return -1;
+    }
+    struct sigaction action = {};
+    action.sa_handler = onShutdownSignal;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    for (size_t i = 0; i < std::size(shutdownSignals); ++i) {
+        sigaction(shutdownSignals[i], nullptr, &previousHandlers[i]);
+        if (previousHandlers[i].sa_handler != SIG_IGN)
+            sigaction(shutdownSignals[i], &action, nullptr);
+    }
+    return signalPipe[0];
+}
+
+int takeShutdownSignal()
+{
+    unsigned char byte = 0;
+    return signalPipe[0] >= 0 && ::read(signalPipe[0], &byte, 1) == 1 ? byte : 0;
+}
+
+void releaseShutdownSignals()
+{
+    if (signalPipe[0] < 0)
+        return;
+    for (size_t i = 0; i < std::size(shutdownSignals); ++i)
+        sigaction(shutdownSignals[i], &previousHandlers[i], nullptr);
+    ::close(signalPipe[0]);
+    ::close(signalPipe[1]);
+    signalPipe[0] = signalPipe[1] = -1;
+}
+
+} // namespace Platform
