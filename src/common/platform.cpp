@@ -3,6 +3,9 @@
 
 #include "common/platform.h"
 
+#include "common/safefile.h"
+
+#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -15,6 +18,7 @@
 
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <termios.h>
 #include <time.h>
 #include <unistd.h>
@@ -24,6 +28,71 @@
 #endif
 
 namespace Platform {
+
+Descriptor::~Descriptor()
+{
+    if (m_fd >= 0)
+        ::close(m_fd);
+}
+
+Result<Descriptor> openFolder(const QString &path)
+{
+    Descriptor folder(::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.isOpen())
+        return Result<Descriptor>::fail(systemReason(errno));
+    return folder;
+}
+
+Result<OwnFolder> openOwnFolder(int parent, const QByteArray &name)
+{
+    using Answer = Result<OwnFolder>;
+    const bool created = mkdirat(parent, name.constData(), 0700) == 0;
+    if (!created && errno != EEXIST)
+        return Answer::fail(systemReason(errno));
+    Descriptor folder(openat(parent, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat info {};
+    if (!folder.isOpen()) {
+        const int error = errno;
+        if (fstatat(parent, name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(info.st_mode))
+            return Answer::fail(QStringLiteral("it is a link"));
+        return Answer::fail(error == ENOTDIR ? QStringLiteral("it is not a folder") : systemReason(error));
+    }
+    if (fstat(folder.fd(), &info) != 0)
+        return Answer::fail(systemReason(errno));
+    if (info.st_uid != geteuid())
+        return Answer::fail(QStringLiteral("it belongs to another user"));
+    if ((info.st_mode & 077) != 0 && fchmod(folder.fd(), 0700) != 0)
+        return Answer::fail(systemReason(errno));
+    return OwnFolder{std::move(folder), created};
+}
+
+void removeEmptyFolder(int parent, const QByteArray &name)
+{
+    unlinkat(parent, name.constData(), AT_REMOVEDIR);
+}
+
+std::optional<OwnFile> openOwnPlainFile(int folder, const QByteArray &name)
+{
+    Descriptor file(openat(folder, name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat info {};
+    if (!file.isOpen() || fstat(file.fd(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_uid != geteuid()
+        || (info.st_mode & 07777) != 0600 || info.st_nlink != 1)
+        return std::nullopt;
+    return OwnFile{std::move(file), qint64(info.st_size)};
+}
+
+Result<void> readAt(int file, char *buffer, qint64 size, qint64 offset)
+{
+    for (qint64 done = 0; done < size;) {
+        const ssize_t got = pread(file, buffer + done, size_t(size - done), offset + done);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            return Result<void>::fail(systemReason(got < 0 ? errno : EIO));
+        done += got;
+    }
+    return {};
+}
 
 bool ownedByCurrentUser(const QFileInfo &info)
 {
