@@ -3,12 +3,9 @@
 
 #include "consoledialogs.h"
 
-#include <cstdio>
-#include <iostream>
-#include <string>
+#include "common/platform.h"
 
-#include <termios.h>
-#include <unistd.h>
+#include <cstdio>
 
 void ConsoleDialogs::print(const Report &report)
 {
@@ -27,24 +24,5 @@ std::optional<QString> ConsoleDialogs::inputBox(const QString &prompt, const QSt
         m_passwordUsed = true;
         return password;
     }
-    if (!isatty(STDIN_FILENO))
-        return std::nullopt;
-
-    std::fprintf(stderr, "%s ", qUtf8Printable(prompt));
-    std::fflush(stderr);
-    termios saved {};
-    const bool quiet = tcgetattr(STDIN_FILENO, &saved) == 0;
-    if (quiet) {
-        termios silent = saved;
-        silent.c_lflag &= ~tcflag_t(ECHO);
-        tcsetattr(STDIN_FILENO, TCSANOW, &silent);
-    }
-    std::string line;
-    const bool got = bool(std::getline(std::cin, line));
-    if (quiet)
-        tcsetattr(STDIN_FILENO, TCSANOW, &saved);
-    std::fprintf(stderr, "\n");
-    if (!got)
-        return std::nullopt;
-    return QString::fromStdString(line);
+    return Platform::readHiddenLine(prompt);
 }

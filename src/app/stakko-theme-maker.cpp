@@ -4,6 +4,7 @@
 // The editor: stakko-theme-maker [THEME.skt], or --screenshot DIR [THEME.skt] (see usageText).
 
 #include "check/backgroundcheck.h"
+#include "common/settingsfiles.h"
 #include "common/allocator.h"
 #include "common/safefile.h"
 #include "editing/autorecovery.h"
@@ -371,8 +372,7 @@ int main(int argc, char *argv[])
 
     window.startUp();
     // Beside the per-user skm.ini; the theme files and skm.ini keep the layout the game reads.
-    QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Stakko Theme Maker"),
-                       QStringLiteral("editor"));
+    QSettings settings(settingsWritePath(SettingsFile::Editor), QSettings::IniFormat);
     RecentThemes recent(settings);
     new RecentMenu(*window.findChild<QMenu *>(QStringLiteral("mnuRecent")), recent, commands, dialogs);
 

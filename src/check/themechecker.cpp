@@ -339,7 +339,7 @@ private:
                 problem(Severity::Error, "sound-unplayable", QStringLiteral("is no wave file that can be played"));
             break;
         case FileKind::Music:
-            if (const int code = SoundSystem::checkMusicFile(path))
+            if (const SoundError code = SoundSystem::checkMusicFile(path); code != SoundError::None)
                 problem(Severity::Error, "music-unplayable",
                         QStringLiteral("cannot be played: ") + SoundSystem::soundErrorText(code));
             break;

@@ -33,6 +33,7 @@
 #include <QFontMetricsF>
 #include <QFrame>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -59,7 +60,7 @@ constexpr int recheckDelayMs = 500;
 constexpr qreal pageAreaWidthInCharacters = 124;
 
 struct PageRow {
-    QWidget *(*create)();
+    QWidget *(*create)(); // nullptr for General, whose controls the window keeps
     const char *tabCaption;
     const char *tabToolTip;
     const char *icon;
@@ -71,7 +72,7 @@ struct PageRow {
 };
 
 constexpr PageRow pageRows[MainWindow::pageCount] = {
-    {createGeneralPage, "General", "General Theme Information", "tab-general", "mnuGeneral", "&General",
+    {nullptr, "General", "General Theme Information", "tab-general", "mnuGeneral", "&General",
      6475, "general", nullptr},
     {createInterfacePage, "IFace", "Graphical Interface Configuration", "tab-iface", "mnuIface", "&Interface",
      6475, "interface", nullptr},
@@ -426,7 +427,9 @@ void MainWindow::buildPage(int page)
 {
     if (m_panels[page])
         return;
-    QWidget *panel = pageRows[page].create();
+    if (page == int(Page::General))
+        m_general = createGeneralPage();
+    QWidget *panel = page == int(Page::General) ? m_general.panel : pageRows[page].create();
     panel->setVisible(false); // shown filled, so selectors size themselves to their items
     static_cast<QGridLayout *>(m_area->layout())->addWidget(panel, 0, 0);
     m_panels[page] = panel;
@@ -436,15 +439,14 @@ void MainWindow::buildPage(int page)
         m_area->setMinimumWidth(needed);
 
     if (page == int(Page::General)) {
-        m_type = panel->findChild<QComboBox *>(fieldControl("themetype"));
-        connect(m_type, &QComboBox::currentIndexChanged, this, [this](int choice) {
+        connect(m_general.themeType, &QComboBox::currentIndexChanged, this, [this](int choice) {
             if (choice < 0)
                 return;
             m_doc.setNumber(u"themetype", choice);
             applyThemeTypeChoice();
         });
-        connect(panel->findChild<QPushButton *>(QStringLiteral("cmdGenerateDescription")), &QPushButton::clicked,
-                this, [this] { m_doc.setText(u"description", generateDescription(m_doc)); });
+        connect(m_general.generateDescription, &QPushButton::clicked, this,
+                [this] { m_doc.setText(u"description", generateDescription(m_doc)); });
     }
     for (SwitchedFrame &switched : m_switchedFrames) {
         if (!switched.frame)
@@ -624,8 +626,8 @@ void MainWindow::showFieldValue(int index)
     }
     if (field.kind == FieldKind::Switch)
         refreshSwitchedFrames();
-    else if (field.kind == FieldKind::TypeIndex && m_type->count() > m_doc.number(index))
-        m_type->setCurrentIndex(m_doc.number(index)); // runs the choice handler when it moves
+    else if (field.kind == FieldKind::TypeIndex && m_general.themeType->count() > m_doc.number(index))
+        m_general.themeType->setCurrentIndex(m_doc.number(index)); // runs the choice handler when it moves
 }
 
 void MainWindow::showSwatch(int index)
@@ -678,13 +680,12 @@ void MainWindow::refreshSwitchedFrames()
 
 void MainWindow::refreshThemeType()
 {
-    QWidget *general = m_panels[int(Page::General)];
-    if (!general)
+    if (!m_general.panel)
         return;
     const bool packaged = m_doc.number(u"themetype") == 1;
-    general->findChild<QWidget *>(fieldControl("resourcefile"))->setEnabled(packaged);
-    general->findChild<QWidget *>(QStringLiteral("cmdBrowseResource"))->setEnabled(packaged);
-    general->findChild<QWidget *>(QStringLiteral("fraTheme0"))->setEnabled(!packaged);
+    m_general.resourceFile->setEnabled(packaged);
+    m_general.browseResource->setEnabled(packaged);
+    m_general.themeType0->setEnabled(!packaged);
 }
 
 void MainWindow::applyThemeTypeChoice()
@@ -811,8 +812,8 @@ void MainWindow::startUp()
         connect(menu, &QMenu::aboutToShow, menu, [menu] { Mnemonics::assignMenu(menu); });
     }
 
-    m_type->addItems({QStringLiteral("Theme Type 0"), QStringLiteral("Theme Type 1")});
-    m_type->setCurrentIndex(1);
+    m_general.themeType->addItems({QStringLiteral("Theme Type 0"), QStringLiteral("Theme Type 1")});
+    m_general.themeType->setCurrentIndex(1);
 
     m_started = true;
     for (int page = 0; page < pageCount; ++page) {

@@ -5,6 +5,7 @@
 
 #include "theme/animatedelement.h"
 #include "editing/filecommands.h"
+#include "editor/pages.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -161,7 +162,7 @@ private:
     QWidget *m_panels[pageCount] = {};  // nullptr until first shown
     QAction *m_pageActions[pageCount] = {};
     TickTimer *m_timers[AnimatedElementCount] = {};
-    QComboBox *m_type = nullptr;
+    GeneralPage m_general;              // empty until the General page is built
     QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
     QList<SwitchedFrame> m_switchedFrames;
     int m_dataSetChoice[pageCount] = {};

@@ -37,9 +37,11 @@ QGroupBox *themeType0Group()
 
 } // namespace
 
-QWidget *createGeneralPage()
+GeneralPage createGeneralPage()
 {
+    GeneralPage bound;
     auto *page = new QWidget;
+    bound.panel = page;
     page->setObjectName(QStringLiteral("picGeneral"));
     QGroupBox *general = frame("fraGeneral", QStringLiteral("General Theme Information"));
 
@@ -53,18 +55,22 @@ QWidget *createGeneralPage()
     }
 
     auto *type = new QComboBox;
+    bound.themeType = type;
     type->setObjectName(fieldControl("themetype"));
     int row = grid->rowCount();
     grid->addWidget(label(fieldCaption("themetype"), type), row, 0);
     grid->addWidget(type, row, 1, Qt::AlignLeft);
 
     QLineEdit *resource = lineEdit("resourcefile");
+    bound.resourceFile = resource;
     row = grid->rowCount();
     grid->addWidget(label(fieldCaption("resourcefile"), resource), row, 0);
     grid->addWidget(resource, row, 1);
-    grid->addWidget(button(QStringLiteral("cmdBrowseResource"), QStringLiteral("Browse")), row, 2);
+    bound.browseResource = button(QStringLiteral("cmdBrowseResource"), QStringLiteral("Browse"));
+    grid->addWidget(bound.browseResource, row, 2);
 
-    grid->addWidget(themeType0Group(), grid->rowCount(), 0, 1, 3);
+    bound.themeType0 = themeType0Group();
+    grid->addWidget(bound.themeType0, grid->rowCount(), 0, 1, 3);
 
     auto *description = new QPlainTextEdit;
     description->setObjectName(fieldControl("description"));
@@ -72,8 +78,8 @@ QWidget *createGeneralPage()
     description->setMinimumHeight(description->fontMetrics().lineSpacing() * 3 + 8);
     row = grid->rowCount();
     grid->addWidget(label(fieldCaption("description"), description), row, 0, Qt::AlignLeft | Qt::AlignBottom);
-    auto *generate = button(QStringLiteral("cmdGenerateDescription"), QStringLiteral("Generate Description"));
-    grid->addWidget(generate, row, 1, 1, 2, Qt::AlignRight);
+    bound.generateDescription = button(QStringLiteral("cmdGenerateDescription"), QStringLiteral("Generate Description"));
+    grid->addWidget(bound.generateDescription, row, 1, 1, 2, Qt::AlignRight);
     grid->addWidget(description, grid->rowCount(), 0, 1, 3);
     grid->setRowStretch(grid->rowCount() - 1, 1);
     grid->setColumnStretch(1, 1);
@@ -81,5 +87,5 @@ QWidget *createGeneralPage()
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(general);
-    return page;
+    return bound;
 }

@@ -3,13 +3,27 @@
 
 #pragma once
 
+class QComboBox;
+class QGroupBox;
+class QLineEdit;
+class QPushButton;
 class QWidget;
+
+/** The General page and the controls the window binds beyond its field boxes. */
+struct GeneralPage {
+    QWidget *panel = nullptr;
+    QComboBox *themeType = nullptr;
+    QLineEdit *resourceFile = nullptr;
+    QPushButton *browseResource = nullptr;
+    QPushButton *generateDescription = nullptr;
+    QGroupBox *themeType0 = nullptr;
+};
 
 /**
  * The six page panels of the main window, each holding its controls under their own object
  * names. The panels only lay controls out; the main window binds them to the document.
  */
-QWidget *createGeneralPage();
+GeneralPage createGeneralPage();
 QWidget *createInterfacePage();
 QWidget *createBackgroundPage();
 QWidget *createBlocksPage();

@@ -5,9 +5,6 @@
 
 #include <QObject>
 
-#include <csignal>
-#include <iterator>
-
 class QSocketNotifier;
 
 /**
@@ -30,9 +27,5 @@ signals:
 private:
     void readPipe();
 
-    static constexpr int caught[] = {SIGTERM, SIGINT, SIGHUP};
-
-    int m_pipe[2] = {-1, -1};
     QSocketNotifier *m_notifier = nullptr;
-    struct sigaction m_previous[std::size(caught)] = {};
 };

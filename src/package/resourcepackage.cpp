@@ -6,6 +6,7 @@
 #include "common/ansitext.h"
 #include "common/dialogs.h"
 #include "common/pathlookup.h"
+#include "common/platform.h"
 #include "common/safefile.h"
 #include "package/deflate64.h"
 #include "package/zipdirectory.h"
@@ -21,7 +22,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 #include <map>
 #include <memory>
@@ -30,9 +30,6 @@
 #include <utility>
 #include <vector>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -88,67 +85,8 @@ quint32 updateCrc32(quint32 crc, const char *data, qint64 size)
     return ~crc;
 }
 
-/** A descriptor that closes itself. */
-class Descriptor
-{
-public:
-    Descriptor() = default;
-    explicit Descriptor(int fd) : m_fd(fd) {}
-    Descriptor(Descriptor &&other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
-    Descriptor &operator=(Descriptor &&other) noexcept
-    {
-        std::swap(m_fd, other.m_fd);
-        return *this;
-    }
-    ~Descriptor()
-    {
-        if (m_fd >= 0)
-            ::close(m_fd);
-    }
-    int fd() const { return m_fd; }
-    bool isOpen() const { return m_fd >= 0; }
-
-private:
-    int m_fd = -1;
-};
+using Platform::Descriptor;
 using Folder = Descriptor;
-
-/**
- * The folder \a name inside \a parent, created owner-only when missing. Anyone may create
- * names in a shared temporary folder, so a link, a file, or a folder of another user there
- * is refused (\a problem says which) rather than followed or written into.
- */
-Folder openOwnFolder(int parent, const QByteArray &name, bool *created, QString *problem)
-{
-    *created = mkdirat(parent, name.constData(), 0700) == 0;
-    if (!*created && errno != EEXIST) {
-        *problem = systemReason(errno);
-        return {};
-    }
-    Folder folder(openat(parent, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    struct stat info {};
-    if (!folder.isOpen()) {
-        const int error = errno;
-        if (fstatat(parent, name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(info.st_mode))
-            *problem = QStringLiteral("it is a link");
-        else
-            *problem = error == ENOTDIR ? QStringLiteral("it is not a folder") : systemReason(error);
-        return {};
-    }
-    if (fstat(folder.fd(), &info) != 0) {
-        *problem = systemReason(errno);
-        return {};
-    }
-    if (info.st_uid != geteuid()) {
-        *problem = QStringLiteral("it belongs to another user");
-        return {};
-    }
-    if ((info.st_mode & 077) != 0 && fchmod(folder.fd(), 0700) != 0) {
-        *problem = systemReason(errno);
-        return {};
-    }
-    return folder;
-}
 
 /** Where packages go when the shared temporary folder cannot be used: the author's own cache. */
 QString privateBase()
@@ -189,24 +127,22 @@ OpenedPackageFolder openPackageFolder(const QString &packagePath)
         }
         opened.location = packageLocationFor(packagePath, base);
         QDir().mkpath(base);
-        const Folder baseFolder(::open(QFile::encodeName(base).constData(),
-                                       O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        QString problem;
-        bool created = false;
-        if (!baseFolder.isOpen()) {
-            refuse(base, systemReason(errno));
+        const Result<Folder> baseFolder = Platform::openFolder(base);
+        if (!baseFolder) {
+            refuse(base, baseFolder.errorText());
             continue;
         }
-        const Folder stakko = openOwnFolder(baseFolder.fd(), "stakko", &created, &problem);
-        if (!stakko.isOpen()) {
-            refuse(base + QStringLiteral("/stakko"), problem);
+        const Result<Platform::OwnFolder> stakko = Platform::openOwnFolder(baseFolder->fd(), "stakko");
+        if (!stakko) {
+            refuse(base + QStringLiteral("/stakko"), stakko.errorText());
             continue;
         }
-        opened.folder = openOwnFolder(stakko.fd(), QFile::encodeName(name), &created, &problem);
-        if (!opened.folder.isOpen()) {
-            refuse(opened.location.folder, problem);
+        Result<Platform::OwnFolder> own = Platform::openOwnFolder(stakko->folder.fd(), QFile::encodeName(name));
+        if (!own) {
+            refuse(opened.location.folder, own.errorText());
             continue;
         }
+        opened.folder = std::move(own->folder);
         if (!refused.isEmpty())
             opened.notice = QStringLiteral("The shared folder cannot be used safely (%1), so the package "
                                            "is unpacked in %2 instead.")
@@ -232,12 +168,9 @@ public:
     {
         if (!mayKeepOld)
             return;
-        Descriptor old(openat(folder, name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-        struct stat info {};
-        if (old.isOpen() && fstat(old.fd(), &info) == 0 && S_ISREG(info.st_mode) && info.st_uid == geteuid()
-            && (info.st_mode & 07777) == 0600 && info.st_nlink == 1) {
-            m_old = std::move(old);
-            m_oldSize = info.st_size;
+        if (std::optional<Platform::OwnFile> old = Platform::openOwnPlainFile(folder, name)) {
+            m_old = std::move(old->file);
+            m_oldSize = old->size;
         }
     }
 
@@ -280,15 +213,8 @@ private:
     bool readOld(qint64 offset, qint64 size)
     {
         m_buffer.resize(size);
-        for (qint64 done = 0; done < size;) {
-            const ssize_t got = pread(m_old.fd(), m_buffer.data() + done, size_t(size - done), offset + done);
-            if (got < 0 && errno == EINTR)
-                continue;
-            if (got <= 0)
-                return fail(systemReason(got < 0 ? errno : EIO));
-            done += got;
-        }
-        return true;
+        const Result<void> read = Platform::readAt(m_old.fd(), m_buffer.data(), size, offset);
+        return read || fail(read.errorText());
     }
 
     bool oldHolds(const char *data, qint64 size)
@@ -435,7 +361,7 @@ void Extraction::finish(bool stopped)
         m_pending.clear();   // each removes its unpublished file
         // Innermost first, while the descriptors of their parents are still open.
         for (auto it = m_createdFolders.rbegin(); it != m_createdFolders.rend(); ++it)
-            unlinkat(it->first, it->second.constData(), AT_REMOVEDIR);
+            Platform::removeEmptyFolder(it->first, it->second);
         return;
     }
     for (auto &[file, name] : m_pending) {
@@ -453,18 +379,16 @@ int Extraction::folderFor(const QStringList &parts, const QString &shownName)
         key += u'/' + part;
         auto found = m_folders.find(key);
         if (found == m_folders.end()) {
-            bool created = false;
-            QString problem;
             const QByteArray name = QFile::encodeName(part);
-            Folder folder = openOwnFolder(parent, name, &created, &problem);
-            if (!folder.isOpen()) {
+            Result<Platform::OwnFolder> own = Platform::openOwnFolder(parent, name);
+            if (!own) {
                 note(QStringLiteral("Could not write %1: %2 is in the way (%3).")
-                         .arg(shownName, key.mid(1), problem));
+                         .arg(shownName, key.mid(1), own.errorText()));
                 return -1;
             }
-            if (created)
+            if (own->created)
                 m_createdFolders.emplace_back(parent, name);
-            found = m_folders.emplace(key, std::move(folder)).first;
+            found = m_folders.emplace(key, std::move(own->folder)).first;
         }
         parent = found->second.fd();
     }

@@ -4,24 +4,17 @@
 #include "preview/striploader.h"
 
 #include "common/pathlookup.h"
+#include "common/platform.h"
 #include "preview/framestrip.h"
 
 #include <algorithm>
 #include <system_error>
 
-#ifdef Q_OS_LINUX
-#include <sys/resource.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-#endif
-
 // Workers fill every core; yielding to the window's thread (and the display server) shows each
 // frame as it comes instead of after the last.
 static void yieldToTheWindow()
 {
-#ifdef Q_OS_LINUX
-    setpriority(PRIO_PROCESS, id_t(syscall(SYS_gettid)), 10);
-#endif
+    Platform::yieldToOtherThreads();
 }
 
 int StripLoader::idealWorkers()

@@ -3,26 +3,20 @@
 
 #include "preview/ticktimer.h"
 
-#include <QSocketNotifier>
+#include "common/platform.h"
 
-#ifdef Q_OS_LINUX
-#include <sys/timerfd.h>
-#include <time.h>
-#include <unistd.h>
-#endif
+#include <QSocketNotifier>
 
 TickTimer::TickTimer(QObject *parent)
     : QObject(parent)
 {
-#ifdef Q_OS_LINUX
-    m_fd = timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC);
+    m_fd = Platform::openTickTimer();
     if (m_fd >= 0) {
         m_notifier = new QSocketNotifier(m_fd, QSocketNotifier::Read, this);
         m_notifier->setEnabled(false);
         connect(m_notifier, &QSocketNotifier::activated, this, &TickTimer::expired);
         return;
     }
-#endif
     // No kernel timer (another system, or out of descriptors): Qt's own still ticks.
     m_fallback.setTimerType(Qt::PreciseTimer);
     connect(&m_fallback, &QTimer::timeout, this, &TickTimer::timeout);
@@ -30,12 +24,10 @@ TickTimer::TickTimer(QObject *parent)
 
 TickTimer::~TickTimer()
 {
-#ifdef Q_OS_LINUX
     if (m_fd >= 0) {
         delete m_notifier;
-        close(m_fd);
+        Platform::closeTickTimer(m_fd);
     }
-#endif
 }
 
 void TickTimer::setInterval(int milliseconds)
@@ -58,11 +50,9 @@ void TickTimer::postpone(int milliseconds)
 void TickTimer::arm(int period)
 {
     m_period = period;
-#ifdef Q_OS_LINUX
     if (m_fd >= 0) {
         if (period < 0) {
-            const itimerspec disarmed{};
-            timerfd_settime(m_fd, 0, &disarmed, nullptr);
+            Platform::disarmTickTimer(m_fd);
             m_due = -1;
             return;
         }
@@ -70,21 +60,15 @@ void TickTimer::arm(int period)
         // the previews' tick counter: wake-up jitter then never moves a tick across a change
         // of the count, which would hold a frame one tick longer.
         constexpr qint64 millisecond = 1000000;
-        timespec now{};
-        clock_gettime(CLOCK_MONOTONIC, &now);
-        const qint64 due = (qint64(now.tv_sec) * 1000 + now.tv_nsec / millisecond + period) * millisecond
-            + millisecond / 2;
+        const qint64 due = (Platform::monotonicNanoseconds() / millisecond + period) * millisecond + millisecond / 2;
         // The schedule running already costs no call into the kernel: a playing animation
         // keeps asking for the same period, one wake-up a frame.
         if (due == m_due && m_notifier->isEnabled())
             return;
-        const timespec interval{period / 1000, long(period % 1000) * millisecond};
-        const itimerspec schedule{interval, {time_t(due / 1000000000), long(due % 1000000000)}};
-        m_due = timerfd_settime(m_fd, TFD_TIMER_ABSTIME, &schedule, nullptr) == 0 ? due : -1;
+        m_due = Platform::armTickTimer(m_fd, due, period) ? due : -1;
         m_notifier->setEnabled(true);
         return;
     }
-#endif
     if (period < 0)
         m_fallback.stop();
     else
@@ -94,27 +78,22 @@ void TickTimer::arm(int period)
 void TickTimer::stop()
 {
     m_active = false;
-#ifdef Q_OS_LINUX
     if (m_fd >= 0) {
-        const itimerspec disarmed{};
-        timerfd_settime(m_fd, 0, &disarmed, nullptr);
+        Platform::disarmTickTimer(m_fd);
         m_due = -1;
         m_notifier->setEnabled(false);
         return;
     }
-#endif
     m_fallback.stop();
 }
 
 void TickTimer::expired()
 {
-#ifdef Q_OS_LINUX
-    quint64 expirations = 0;
-    // Reading clears the expiry count; a stop() between expiry and here leaves nothing to read.
-    if (read(m_fd, &expirations, sizeof expirations) != qint64(sizeof expirations) || !m_active)
+    // Taking clears the expiry count; a stop() between expiry and here leaves nothing to take.
+    const quint64 expirations = Platform::takeTickTimerExpiries(m_fd);
+    if (expirations == 0 || !m_active)
         return;
     if (m_due >= 0)
         m_due += qint64(expirations) * m_period * 1000000;
-#endif
     emit timeout();
 }

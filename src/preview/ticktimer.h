@@ -26,7 +26,6 @@ public:
     /** The period in milliseconds, at least 1; takes effect at the next start(). */
     void setInterval(int milliseconds);
     int interval() const { return m_interval; }
-    Qt::TimerType timerType() const { return Qt::PreciseTimer; }
     bool isActive() const { return m_active; }
 
 public slots:

@@ -7,24 +7,17 @@
 #include "common/numbertext.h"
 #include "common/profilereader.h"
 #include "common/safefile.h"
+#include "common/settingsfiles.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
-#include <QLocale>
-#include <QStandardPaths>
 
 #include <cmath>
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 #include <limits>
 #include <optional>
 
 namespace {
 
 const QString mixerSection = QStringLiteral("Sound Mixer");
-const QString fileName = QStringLiteral("skm.ini");
 
 // Outputs are recognised by their exact text only: "2.5" or "02" pass the range check
 // but select nothing, which leaves the output as it was.
@@ -49,11 +42,6 @@ qint32 integerSetting(const ProfileFile &file, const QString &key, qint32 fallba
     if (text == missingValueMarker())
         return fallback;
     return integerOf(text).value_or(fallback);
-}
-
-QString configPathIn(const QString &folder)
-{
-    return folder + u'/' + fileName;
 }
 
 } // namespace
@@ -102,46 +90,12 @@ bool writeEditorConfig(const EditorConfig &config, const QString &path, QString 
     return true;
 }
 
-bool settingsBesideProgram(const QString &programFolder, const QString &installedMarker)
-{
-    const QFileInfo folder(programFolder);
-    if (programFolder.isEmpty() || folder.isSymLink() || !folder.isDir() || !folder.isWritable())
-        return false;
-#ifdef Q_OS_UNIX
-    // In a folder others may write to, they could plant a file or a link where ours goes.
-    if (folder.ownerId() != ::geteuid() || folder.permissions() & (QFile::WriteGroup | QFile::WriteOther))
-        return false;
-#endif
-    return installedMarker.isEmpty() || !QFileInfo::exists(programFolder + u'/' + installedMarker);
-}
-
-static bool besideProgram()
-{
-#ifdef STAKKO_INSTALLED_MARKER
-    const QString installedMarker = QStringLiteral(STAKKO_INSTALLED_MARKER);
-#else
-    const QString installedMarker;
-#endif
-    return settingsBesideProgram(QCoreApplication::applicationDirPath(), installedMarker);
-}
-
 QString editorConfigWritePath()
 {
-    if (besideProgram())
-        return configPathIn(QCoreApplication::applicationDirPath());
-    const QString userFolder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-    QDir().mkpath(userFolder);
-    return configPathIn(userFolder);
+    return settingsWritePath(SettingsFile::Mixer);
 }
 
 QString editorConfigReadPath()
 {
-    const QString beside = configPathIn(QCoreApplication::applicationDirPath());
-    if (besideProgram() && QFileInfo::exists(beside))
-        return beside;
-    const QString user =
-        configPathIn(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
-    if (QFileInfo::exists(user))
-        return user;
-    return editorConfigWritePath();
+    return settingsReadPath(SettingsFile::Mixer);
 }

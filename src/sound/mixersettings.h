@@ -18,17 +18,6 @@ void readEditorConfig(EditorConfig &config, const QString &path);
 /** Writes the seven lines of skm.ini; returns false and fills \a error when it could not. */
 bool writeEditorConfig(const EditorConfig &config, const QString &path, QString *error = nullptr);
 
-/**
- * Where skm.ini lives: beside the program when settingsBesideProgram() allows it (a portable
- * copy), else in the per-user configuration folder. Reading prefers whichever exists.
- */
+/** Where skm.ini is read from and written to (settingsfiles.h). */
 QString editorConfigReadPath();
 QString editorConfigWritePath();
-
-/**
- * Whether skm.ini may live in \a programFolder: a real folder of the user's own that nobody
- * else can write to, and no installed copy's (\a installedMarker, relative to the folder,
- * exists), whose folder everyone who runs it shares: not even its owner, root, keeps
- * settings there.
- */
-bool settingsBesideProgram(const QString &programFolder, const QString &installedMarker);

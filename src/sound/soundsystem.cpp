@@ -76,36 +76,6 @@ constexpr const char *soundFonts[] = {
     "/usr/share/sounds/sf2/default-GM.sf2",
 };
 
-enum SoundError {
-    NotInitialised = 2,
-    DeviceFailed = 3,
-    FileNotFound = 9,
-    UnknownFormat = 10,
-    LoadFailed = 11,
-};
-
-const char *const errorTexts[] = {
-    "No errors",
-    "Cannot call this command after FSOUND_Init.  Call FSOUND_Close first.",
-    "This command failed because FSOUND_Init was not called",
-    "Error initializing output device.",
-    "The output device is already in use and cannot be reused.",
-    "Playing the sound failed.",
-    "Soundcard does not support the features needed for this soundsystem (16bit stereo output)",
-    "Error setting cooperative level for hardware.",
-    "Error creating hardware sound buffer.",
-    "File not found",
-    "Unknown file format",
-    "Error loading file",
-    "Not enough memory ",
-    "The version number of this file format is not supported",
-    "An invalid parameter was passed to this function",
-    "Tried to use an EAX command on a non EAX enabled channel or output.",
-    "Failed to allocate a new channel",
-    "Recording is not supported on this machine",
-    "Required Mediaplayer codec is not installed",
-};
-
 QByteArray nativeName(const QString &path)
 {
 #ifdef Q_OS_WIN
@@ -154,35 +124,35 @@ void stopAudio()
     mixer().SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
-// Why the mixer refused a file that looked playable, in the codes of the error table.
-int loadFailureCode(const QString &mixerError)
+// Why the mixer refused a file that looked playable.
+SoundError loadFailure(const QString &mixerError)
 {
     if (mixerError.contains(u"Couldn't open"))
-        return FileNotFound;
+        return SoundError::FileNotFound;
     if (mixerError.contains(u"hasn't been opened"))
-        return NotInitialised;
+        return SoundError::NotInitialised;
     if (mixerError.contains(u"Unrecognized audio format"))
-        return UnknownFormat;
-    return LoadFailed;
+        return SoundError::UnknownFormat;
+    return SoundError::LoadFailed;
 }
 
 } // namespace
 
-int SoundSystem::checkMusicFile(const QString &path)
+SoundError SoundSystem::checkMusicFile(const QString &path)
 {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return FileNotFound;
+        return SoundError::FileNotFound;
     switch (classifyMusicContent(file.read(musicHeaderLength), path)) {
     case MusicContent::Playable:
-        return 0;
+        return SoundError::None;
     case MusicContent::Damaged:
-        return LoadFailed;
+        return SoundError::LoadFailed;
     case MusicContent::WindowsMedia:
     case MusicContent::Unrecognised:
         break;
     }
-    return UnknownFormat;
+    return SoundError::UnknownFormat;
 }
 
 SoundSystem::SoundSystem()
@@ -345,17 +315,17 @@ Report SoundSystem::openMusic(const QString &path)
     freeMusic();
     m_musicIsStream = isStreamFile(path);
     if (!wakeDevice()) {
-        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(DeviceFailed), QStringLiteral("midi"), path);
+        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(SoundError::DeviceFailed), QStringLiteral("midi"), path);
         return report;
     }
 
     const QString file = resolveThemePath(path);
-    int code = checkMusicFile(file);
-    if (code == 0) {
+    SoundError code = checkMusicFile(file);
+    if (code == SoundError::None) {
         // Mix_LoadMUS keeps streams on disk and decodes them as they play.
         m_musicHandle = mixer().Mix_LoadMUS(nativeName(file).constData());
         if (!m_musicHandle)
-            code = loadFailureCode(QString::fromUtf8(mixer().SDL_GetError()));
+            code = loadFailure(QString::fromUtf8(mixer().SDL_GetError()));
     }
     if (!m_musicHandle) {
         report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), QStringLiteral("midi"), path);
@@ -413,9 +383,16 @@ int SoundSystem::bufferFrames(int frequency)
     return frames;
 }
 
-QString SoundSystem::soundErrorText(int code)
+QString SoundSystem::soundErrorText(SoundError code)
 {
-    if (code < 0 || code >= int(std::size(errorTexts)))
-        return QStringLiteral("Unknown error");
-    return QString::fromLatin1(errorTexts[code]);
+    // The texts authors know from the original sound library's error table.
+    switch (code) {
+    case SoundError::None: break;
+    case SoundError::NotInitialised: return QStringLiteral("This command failed because FSOUND_Init was not called");
+    case SoundError::DeviceFailed: return QStringLiteral("Error initializing output device.");
+    case SoundError::FileNotFound: return QStringLiteral("File not found");
+    case SoundError::UnknownFormat: return QStringLiteral("Unknown file format");
+    case SoundError::LoadFailed: return QStringLiteral("Error loading file");
+    }
+    return {};
 }

@@ -16,6 +16,9 @@ struct _Mix_Music;
 using Mix_Music = _Mix_Music;
 struct Mix_Chunk;
 
+/** Why music cannot be played, each with the text soundErrorText() gives it. */
+enum class SoundError { None, NotInitialised, DeviceFailed, FileNotFound, UnknownFormat, LoadFailed };
+
 /**
  * The program's one sound system: the music item the author previews and the theme's wave
  * sounds. Music plays only after a successful initSound(); wave sounds play whenever any
@@ -64,9 +67,9 @@ public:
 
     /**
      * What openMusic() makes of the file at \a path (as found on disk) from its opening bytes,
-     * without a sound device: 0 when it looks playable, else an error code for soundErrorText().
+     * without a sound device: SoundError::None when it looks playable.
      */
-    static int checkMusicFile(const QString &path);
+    static SoundError checkMusicFile(const QString &path);
 
     /**
      * Frames in one mixer buffer at \a frequency: a sound starts on the next buffer, so this
@@ -75,7 +78,7 @@ public:
     static int bufferFrames(int frequency);
 
     /** The text for the error \a code, as the music errors are reported. */
-    static QString soundErrorText(int code);
+    static QString soundErrorText(SoundError code);
 
     bool soundAvailable() const { return m_soundAvailable; }
     Mix_Music *musicHandle() const { return m_musicHandle; }

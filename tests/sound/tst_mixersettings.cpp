@@ -8,7 +8,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <unistd.h>
 
 namespace {
 
@@ -114,41 +113,6 @@ private slots:
         QVERIFY(!writeEditorConfig(EditorConfig{48000, 4, 2}, path("missing-folder/skm.ini"), &error));
         QVERIFY(error.contains(QStringLiteral("skm.ini")));
         QVERIFY(!QFileInfo::exists(path("missing-folder/skm.ini")));
-    }
-
-    void settingsStayBesideOnlyAnOwnUnsharedCopy_data()
-    {
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QFile::Permissions>("permissions");
-        QTest::addColumn<bool>("beside");
-        const QFile::Permissions own = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-        const QFile::Permissions shared = own | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
-        QTest::newRow("own folder") << "own" << shared << true;
-        QTest::newRow("installed copy's folder") << "usr/bin" << shared << false;
-        QTest::newRow("group may write") << "own" << (shared | QFile::WriteGroup) << false;
-        QTest::newRow("anyone may write") << "own" << (shared | QFile::WriteOther) << false;
-        QTest::newRow("a link to an own folder") << "link" << shared << false;
-        QTest::newRow("missing") << "missing" << shared << false;
-        if (::geteuid() != 0) // root writes anywhere
-            QTest::newRow("read-only") << "own" << (shared & ~QFile::WriteOwner) << false;
-    }
-
-    void settingsStayBesideOnlyAnOwnUnsharedCopy()
-    {
-        QFETCH(QString, folder);
-        QFETCH(QFile::Permissions, permissions);
-        QFETCH(bool, beside);
-        QTemporaryDir dir;
-        // An installed copy: usr/bin beside usr/share/metainfo.
-        QVERIFY(QDir().mkpath(dir.filePath("usr/share/metainfo")));
-        QVERIFY(writeFile(dir.filePath("usr/share/metainfo/app.xml"), "<component/>"));
-        for (const char *name : {"own", "usr/bin"}) {
-            QVERIFY(QDir().mkpath(dir.filePath(name)));
-            QVERIFY(QFile::setPermissions(dir.filePath(name), permissions));
-        }
-        QVERIFY(QFile::link(dir.filePath("own"), dir.filePath("link")));
-        QCOMPARE(settingsBesideProgram(dir.filePath(folder), "../share/metainfo/app.xml"), beside);
-        QVERIFY(QFile::setPermissions(dir.filePath("own"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     }
 };
 

@@ -152,25 +152,6 @@ private slots:
         m_capture.reset();
     }
 
-    void errorTexts_data()
-    {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("0") << 0 << "No errors";
-        QTest::newRow("1, two blanks") << 1 << "Cannot call this command after FSOUND_Init.  Call FSOUND_Close first.";
-        QTest::newRow("12, trailing blank") << 12 << "Not enough memory ";
-        QTest::newRow("18, last") << 18 << "Required Mediaplayer codec is not installed";
-        QTest::newRow("19") << 19 << "Unknown error";
-        QTest::newRow("negative") << -1 << "Unknown error";
-    }
-
-    void errorTexts()
-    {
-        QFETCH(int, code);
-        QFETCH(QString, text);
-        QCOMPARE(SoundSystem::soundErrorText(code), text);
-    }
-
     void musicKinds_data()
     {
         QTest::addColumn<QString>("path");
