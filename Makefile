@@ -10,7 +10,7 @@ SAMPLE  ?= samples/StakkoSample.skt
 # MIDI; sox, vorbis-tools and lame make the sound tests' files; unzip and zip are the yardsticks
 # of the package benchmarks and tests, and p7zip-full writes the Deflate64 packages the unpacking
 # is compared with unzip on; xvfb runs the window tests on an X server too (xdotool types into
-the editor there before the system ends it), and libx11-dev and
+# the editor there before the system ends it), and libx11-dev and
 # libxtst-dev let the from-outside benchmark read the screen and click on it. The install tests
 # validate with desktop-file-utils, appstream and shared-mime-info, render the manual pages with
 # groff-base and find the completion folder through bash-completion; dpkg-dev and file let CPack

@@ -188,6 +188,22 @@ private slots:
         edit(expected);
         QCOMPARE(everything(doc), everything(expected));
     }
+
+    void filesOlderEditorsKeptAreNamedOnce()
+    {
+        const QString folder = m_dir.filePath(QStringLiteral("recovered"));
+        QVERIFY(QDir().mkpath(folder));
+        QVERIFY(writeFile(folder + QStringLiteral("/Glacier 2026-01-02 030405.skt"), "[Theme Info]\r\n"));
+        const Report first = AutoRecovery::announceOldKeptFiles(folder);
+        QCOMPARE(first.problems.size(), 1);
+        QCOMPARE(first.problems.first().severity, Problem::Severity::Information);
+        QCOMPARE(first.problems.first().text,
+                 QStringLiteral("Stakko Theme Maker was closed by the system with unsaved changes. They were kept in:\n%1\n"
+                                "Load that file to get them back.")
+                     .arg(QDir::toNativeSeparators(folder + QStringLiteral("/Glacier 2026-01-02 030405.skt"))));
+        QVERIFY(AutoRecovery::announceOldKeptFiles(folder).isEmpty());
+        QVERIFY(QFile::exists(folder + QStringLiteral("/Glacier 2026-01-02 030405.skt")));
+    }
 };
 
 int main(int argc, char *argv[])
