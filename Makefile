@@ -9,7 +9,8 @@ SAMPLE  ?= samples/StakkoSample.skt
 # Build tools and libraries (qt6-svg-dev renders the icons at build time); the soundfont plays
 # MIDI; sox, vorbis-tools and lame make the sound tests' files; unzip and zip are the yardsticks
 # of the package benchmarks and tests, and p7zip-full writes the Deflate64 packages the unpacking
-# is compared with unzip on; xvfb runs the window tests on an X server too, and libx11-dev and
+# is compared with unzip on; xvfb runs the window tests on an X server too (xdotool types into
+# the editor there before the system ends it), and libx11-dev and
 # libxtst-dev let the from-outside benchmark read the screen and click on it. The install tests
 # validate with desktop-file-utils, appstream and shared-mime-info, render the manual pages with
 # groff-base and find the completion folder through bash-completion; dpkg-dev and file let CPack
@@ -18,7 +19,7 @@ SAMPLE  ?= samples/StakkoSample.skt
 # the programs with hardening-check (devscripts) and the sources' licences with reuse; ccache
 # makes the package builds cheap.
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libarchive-dev \
-	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip p7zip-full xvfb xauth \
+	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip p7zip-full xvfb xauth xdotool \
 	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file \
 	python3-sphinx libjs-sphinxdoc \
 	libsndfile1-dev libsamplerate0-dev qt6-image-formats-plugins imagemagick \

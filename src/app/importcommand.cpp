@@ -139,9 +139,9 @@ int runImportCommand(const QStringList &args, ConsoleDialogs &dialogs)
     ExtractOptions extract;
     extract.unpack = a.options.folder.isEmpty();
     commands.setExtractOptions(extract);
-    commands.loadPath(a.theme);
-    Report loaded = commands.takeReport();
-    if (!commands.currentFileLoaded()) {
+    Result<FileCommands::LoadOutcome> outcome = commands.loadPath(a.theme);
+    Report loaded = outcome.takeReport();
+    if (!outcome) {
         ConsoleDialogs::print(loaded);
         return 1;
     }

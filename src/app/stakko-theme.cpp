@@ -33,42 +33,9 @@ constexpr int ExitOk = 0;
 constexpr int ExitError = 1;
 constexpr int ExitUsage = 2;
 
-const char *const usageText =
-    "Usage: stakko-theme COMMAND [OPTIONS]\n"
-    "\n"
-    "Commands:\n"
-    "  new [-s KEY=VALUE]... [--set-file KEY=FILE]... -o OUT\n"
-    "        Write a new theme with the editor's defaults and the given fields.\n"
-    "  set THEME [-s KEY=VALUE]... [--set-file KEY=FILE]... [-o OUT]\n"
-    "        Load THEME as the editor does, set fields, write it (back to THEME by default).\n"
-    "  dump THEME\n"
-    "        Load THEME as the editor does and print every field as one JSON object.\n"
-    "  describe [THEME]\n"
-    "        Print the generated description (Windows-1252, CRLF) of THEME or of a new theme.\n"
-    "  unpack PACKAGE\n"
-    "        Unpack a resource package and print the folder it went to.\n"
-    "  pack -o PACKAGE.zip [--root DIR] FILE...\n"
-    "        Write a resource package; names are stored relative to DIR (default: here).\n"
-    "  check THEME [--json]\n"
-    "        Load THEME as the editor does and list every problem the game would meet, errors\n"
-    "        first, as lines or (--json) one JSON array; exit status 1 when any is an error.\n"
-    "  build THEME [--from DIR] [-o PACKAGE] [--relink]\n"
-    "        Write the resource package of a Type 1 theme from the files it names, looked up\n"
-    "        in DIR (default: its unpacked package, else its folder), to its resource file\n"
-    "        (or PACKAGE). Files named by absolute paths or outside DIR (\"..\", links\n"
-    "        leading out) are refused; --relink stores them under their own names and\n"
-    "        saves the theme with the new names. Nothing is written when a file is missing\n"
-    "        or refused; exit status 1 then.\n"
-    "  import THEME KEY SOURCE... [--from DIR] [--fit fill|fit|stretch|pixel]\n"
-    "         [--background R,G,B] [--format bmp|jpg] [--quality 1-100]\n"
-    "         [--sheet COLUMNSxROWS] [--name ROOT] [--size WxH]\n"
-    "        Take art (an animated GIF or WebP, a sprite sheet, pictures, a folder of them, a\n"
-    "        sound, music) to the game's form for the row KEY (bgimage, ifacemain, door1,\n"
-    "        rotate, midi, ...): files written into DIR (default: where build looks), the\n"
-    "        row's fields set, THEME saved and a Type 1 package rebuilt; whole or nothing.\n"
-    "  fields\n"
-    "        Print every field key that -s takes, one per line, in the order dump prints them.\n"
-    "\n"
+const char *const usageLine = "Usage: stakko-theme COMMAND [OPTIONS]\n";
+
+const char *const optionsText =
     "Options:\n"
     "  -s KEY=VALUE          set a field (KEY as in the theme file: name, bgimage, Bombfilename,\n"
     "                        includebackground, themetype, ...); fields are set in order\n"
@@ -199,10 +166,9 @@ void requireArguments(const Options &o, qsizetype least, qsizetype most)
 /** The editor's Save (or Save As, answered by -o); what went wrong is printed. */
 bool save(FileCommands &commands, bool saveAs)
 {
-    saveAs ? commands.saveAs() : commands.saveTheme();
-    const Report report = commands.takeReport();
-    ConsoleDialogs::print(report);
-    return !report.hasErrors();
+    const Result<void> saved = saveAs ? commands.saveAs() : commands.saveTheme();
+    ConsoleDialogs::print(saved.report());
+    return saved.ok();
 }
 
 QByteArray jsonText(const QJsonValue &value)
@@ -280,8 +246,125 @@ QByteArray problemsText(const Report &report)
     return out;
 }
 
-int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
+/** What every command works on: its options, one document and the File commands over it. */
+struct Session {
+    Session(const QStringList &arguments, ConsoleDialogs &console, Options options)
+        : args(arguments), dialogs(console), o(std::move(options)), commands(doc, console)
+    {
+        setStartUpState(doc);
+        commands.setExtractOptions(o.extract);
+        dialogs.saveName = o.output;
+        // What a failed load read stays for dump to show; nothing is written over all the same.
+        commands.setFailedLoadsShown(true);
+    }
+
+    /**
+     * Loads \a path as the editor does and prints what the load found. Every load problem counts,
+     * a package that did not unpack included, except where set writes a theme whose package is
+     * not built yet.
+     */
+    bool load(const QString &path, bool packageMayBeMissing = false)
+    {
+        Result<FileCommands::LoadOutcome> outcome = commands.loadPath(path);
+        Report report = outcome.takeReport();
+        for (Problem &p : report.problems) {
+            if (packageMayBeMissing && p.code == u"package-missing")
+                p.severity = Problem::Severity::Warning;
+        }
+        ConsoleDialogs::print(report);
+        clean = !report.hasErrors();
+        return outcome && *outcome == FileCommands::LoadOutcome::Loaded;
+    }
+    int status() const { return clean ? ExitOk : ExitError; }
+
+    const QStringList &args; // as the program got them
+    ConsoleDialogs &dialogs;
+    const Options o;
+    ThemeDocument doc;
+    FileCommands commands;
+    bool clean = true;
+};
+
+int newCommand(Session &s)
 {
+    requireArguments(s.o, 0, 0);
+    if (s.o.output.isEmpty())
+        throw UsageError{QStringLiteral("new needs -o OUT")};
+    applySets(s.doc, s.o);
+    return save(s.commands, true) ? ExitOk : ExitError;
+}
+
+int setCommand(Session &s)
+{
+    requireArguments(s.o, 1, 1);
+    if (!s.load(s.o.positional.at(0), true)) {
+        std::fprintf(stderr, "Error: %s did not load as a theme, so it was not written.\n",
+                     qUtf8Printable(s.o.positional.at(0)));
+        return ExitError;
+    }
+    applySets(s.doc, s.o);
+    return save(s.commands, !s.o.output.isEmpty()) ? s.status() : ExitError;
+}
+
+int dumpCommand(Session &s)
+{
+    requireArguments(s.o, 1, 1);
+    s.load(s.o.positional.at(0));
+    const QByteArray json = dumpJson(s.doc);
+    std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
+    return s.status();
+}
+
+int describeCommand(Session &s)
+{
+    requireArguments(s.o, 0, 1);
+    if (!s.o.positional.isEmpty())
+        s.load(s.o.positional.at(0));
+    QByteArray bytes;
+    if (!AnsiText::encode(generateDescription(s.doc), &bytes)) {
+        std::fprintf(stderr, "Error: the description holds characters a theme file cannot store\n");
+        return ExitError;
+    }
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+    return s.status();
+}
+
+int unpackCommand(Session &s)
+{
+    requireArguments(s.o, 1, 1);
+    const UnpackReport unpacked = extractResourcePackage(s.o.positional.at(0), s.dialogs, s.o.extract);
+    ConsoleDialogs::print(unpacked);
+    std::printf("%s\n", qUtf8Printable(unpacked.location.folder));
+    return unpacked.hasErrors() ? ExitError : ExitOk;
+}
+
+int packCommand(Session &s)
+{
+    if (s.o.output.isEmpty() || s.o.positional.isEmpty())
+        throw UsageError{QStringLiteral("pack needs -o PACKAGE.zip and at least one file")};
+    QString error;
+    if (!writeResourcePackage(s.o.output, s.o.positional, s.o.root.isEmpty() ? QDir::currentPath() : s.o.root,
+                              &error)) {
+        std::fprintf(stderr, "Error: %s\n", qUtf8Printable(error));
+        return ExitError;
+    }
+    return ExitOk;
+}
+
+int checkCommand(Session &s)
+{
+    requireArguments(s.o, 1, 1);
+    const Report report = checkThemeFile(s.doc, s.o.positional.at(0), s.dialogs, s.o.extract);
+    const QByteArray text = s.o.json ? problemsJson(report) : problemsText(report);
+    std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
+    return report.hasErrors() ? ExitError : ExitOk;
+}
+
+int buildCommand(Session &s)
+{
+    const Options &o = s.o;
+    ThemeDocument &doc = s.doc;
+    FileCommands &commands = s.commands;
     requireArguments(o, 1, 1);
     const QString theme = o.positional.at(0);
     // Files looked up elsewhere do not need the old package unpacked.
@@ -290,9 +373,9 @@ int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
         nameOnly.unpack = false;
         commands.setExtractOptions(nameOnly);
     }
-    const FileCommands::LoadOutcome outcome = commands.loadPath(theme);
-    Report loaded = commands.takeReport();
-    if (outcome != FileCommands::LoadOutcome::Loaded) {
+    Result<FileCommands::LoadOutcome> outcome = commands.loadPath(theme);
+    Report loaded = outcome.takeReport();
+    if (!outcome || *outcome != FileCommands::LoadOutcome::Loaded) {
         ConsoleDialogs::print(loaded);
         return ExitError;
     }
@@ -305,7 +388,8 @@ int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
     Report packedErrors = checkBuildFiles(doc, o.from.isEmpty() ? defaultBuildSource(doc) : o.from);
     packedErrors.problems.removeIf(
         [](const Problem &p) { return p.code == u"path-absolute" || p.code == u"path-outside"; });
-    const BuildReport built = buildResourcePackage(doc, {o.from, o.output, o.relink});
+    const ThemeBuild result = buildThemePackage(doc, commands, s.dialogs, {o.from, o.output, o.relink});
+    const BuildReport &built = result.built;
     const QByteArray problems = problemLines(built) + (built.written ? problemLines(packedErrors) : QByteArray());
     std::fwrite(problems.constData(), 1, size_t(problems.size()), stderr);
     if (!built.written)
@@ -314,106 +398,105 @@ int build(const Options &o, ThemeDocument &doc, FileCommands &commands)
                 static_cast<long long>(built.entries));
     for (const QString &key : built.relinked)
         std::printf("relinked %s: %s\n", qUtf8Printable(key), qUtf8Printable(doc.value(key)));
-    const bool saved = built.relinked.isEmpty() || save(commands, false);
-    return saved && packedErrors.isEmpty() ? ExitOk : ExitError;
+    ConsoleDialogs::print(result.told);
+    return !result.told.hasErrors() && packedErrors.isEmpty() ? ExitOk : ExitError;
 }
 
-int run(const Options &o, ConsoleDialogs &dialogs)
+int importCommand(Session &s)
 {
-    ThemeDocument doc;
-    setStartUpState(doc);
-    FileCommands commands(doc, dialogs);
-    commands.setExtractOptions(o.extract);
-    dialogs.saveName = o.output;
-    // What a failed load read stays for dump to show; nothing is written over all the same.
-    commands.setFailedLoadsShown(true);
-    // Every load problem counts, a package that did not unpack included, except where set
-    // writes a theme whose package is not built yet.
-    bool clean = true;
-    const auto load = [&](const QString &path, bool packageMayBeMissing = false) {
-        const FileCommands::LoadOutcome outcome = commands.loadPath(path);
-        Report report = commands.takeReport();
-        for (Problem &p : report.problems) {
-            if (packageMayBeMissing && p.code == u"package-missing")
-                p.severity = Problem::Severity::Warning;
-        }
-        ConsoleDialogs::print(report);
-        clean = !report.hasErrors();
-        return outcome == FileCommands::LoadOutcome::Loaded;
-    };
-    const auto status = [&] { return clean ? ExitOk : ExitError; };
+    return runImportCommand(s.args, s.dialogs);
+}
 
-    if (o.command == u"new") {
-        requireArguments(o, 0, 0);
-        if (o.output.isEmpty())
-            throw UsageError{QStringLiteral("new needs -o OUT")};
-        applySets(doc, o);
-        return save(commands, true) ? ExitOk : ExitError;
+int fieldsCommand(Session &s)
+{
+    requireArguments(s.o, 0, 0);
+    for (const auto &field : themeFields())
+        std::printf("%s\n", field.key);
+    return ExitOk;
+}
+
+struct Command {
+    const char *name;
+    const char *usage;  // the arguments after the name
+    const char *help;   // what it does, one line or more
+    int (*run)(Session &);
+    bool ownOptions = false; // reads its arguments itself: the common options are not parsed
+};
+
+const Command commandTable[] = {
+    {"new", "[-s KEY=VALUE]... [--set-file KEY=FILE]... -o OUT",
+     "Write a new theme with the editor's defaults and the given fields.", newCommand},
+    {"set", "THEME [-s KEY=VALUE]... [--set-file KEY=FILE]... [-o OUT]",
+     "Load THEME as the editor does, set fields, write it (back to THEME by default).", setCommand},
+    {"dump", "THEME", "Load THEME as the editor does and print every field as one JSON object.", dumpCommand},
+    {"describe", "[THEME]", "Print the generated description (Windows-1252, CRLF) of THEME or of a new theme.",
+     describeCommand},
+    {"unpack", "PACKAGE", "Unpack a resource package and print the folder it went to.", unpackCommand},
+    {"pack", "-o PACKAGE.zip [--root DIR] FILE...",
+     "Write a resource package; names are stored relative to DIR (default: here).", packCommand},
+    {"check", "THEME [--json]",
+     "Load THEME as the editor does and list every problem the game would meet, errors\n"
+     "first, as lines or (--json) one JSON array; exit status 1 when any is an error.",
+     checkCommand},
+    {"build", "THEME [--from DIR] [-o PACKAGE] [--relink]",
+     "Write the resource package of a Type 1 theme from the files it names, looked up\n"
+     "in DIR (default: its unpacked package, else its folder), to its resource file\n"
+     "(or PACKAGE). Files named by absolute paths or outside DIR (\"..\", links\n"
+     "leading out) are refused; --relink stores them under their own names and\n"
+     "saves the theme with the new names. Nothing is written when a file is missing\n"
+     "or refused; exit status 1 then.",
+     buildCommand},
+    {"import",
+     "THEME KEY SOURCE... [--from DIR] [--fit fill|fit|stretch|pixel]\n"
+     "         [--background R,G,B] [--format bmp|jpg] [--quality 1-100]\n"
+     "         [--sheet COLUMNSxROWS] [--name ROOT] [--size WxH]",
+     "Take art (an animated GIF or WebP, a sprite sheet, pictures, a folder of them, a\n"
+     "sound, music) to the game's form for the row KEY (bgimage, ifacemain, door1,\n"
+     "rotate, midi, ...): files written into DIR (default: where build looks), the\n"
+     "row's fields set, THEME saved and a Type 1 package rebuilt; whole or nothing.",
+     importCommand, true},
+    {"fields", "", "Print every field key that -s takes, one per line, in the order dump prints them.",
+     fieldsCommand},
+};
+
+const Command *findCommand(const QString &name)
+{
+    for (const Command &command : commandTable) {
+        if (name == QLatin1StringView(command.name))
+            return &command;
     }
-    if (o.command == u"set") {
-        requireArguments(o, 1, 1);
-        if (!load(o.positional.at(0), true)) {
-            std::fprintf(stderr, "Error: %s did not load as a theme, so it was not written.\n",
-                         qUtf8Printable(o.positional.at(0)));
-            return ExitError;
-        }
-        applySets(doc, o);
-        return save(commands, !o.output.isEmpty()) ? status() : ExitError;
+    return nullptr;
+}
+
+/** The whole --help text: the usage line, each command of the table with its help, the options. */
+QByteArray helpText()
+{
+    QByteArray text = QByteArray(usageLine) + "\nCommands:\n";
+    for (const Command &command : commandTable) {
+        text += QByteArray("  ") + command.name;
+        if (*command.usage)
+            text += QByteArray(" ") + command.usage;
+        text += '\n';
+        for (const QByteArray &line : QByteArray(command.help).split('\n'))
+            text += "        " + line + '\n';
     }
-    if (o.command == u"dump") {
-        requireArguments(o, 1, 1);
-        load(o.positional.at(0));
-        const QByteArray json = dumpJson(doc);
-        std::fwrite(json.constData(), 1, size_t(json.size()), stdout);
-        return status();
+    return text + '\n' + optionsText;
+}
+
+int run(const QStringList &args, ConsoleDialogs &dialogs)
+{
+    // A command with options of its own is named first, before any option.
+    if (const Command *command = findCommand(args.value(1)); command && command->ownOptions) {
+        Session session(args, dialogs, Options());
+        return command->run(session);
     }
-    if (o.command == u"describe") {
-        requireArguments(o, 0, 1);
-        if (!o.positional.isEmpty())
-            load(o.positional.at(0));
-        QByteArray bytes;
-        if (!AnsiText::encode(generateDescription(doc), &bytes)) {
-            std::fprintf(stderr, "Error: the description holds characters a theme file cannot store\n");
-            return ExitError;
-        }
-        std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
-        return status();
-    }
-    if (o.command == u"unpack") {
-        requireArguments(o, 1, 1);
-        const UnpackReport unpacked = extractResourcePackage(o.positional.at(0), dialogs, o.extract);
-        ConsoleDialogs::print(unpacked);
-        std::printf("%s\n", qUtf8Printable(unpacked.location.folder));
-        return unpacked.hasErrors() ? ExitError : ExitOk;
-    }
-    if (o.command == u"check") {
-        requireArguments(o, 1, 1);
-        const Report report = checkThemeFile(doc, o.positional.at(0), dialogs, o.extract);
-        const QByteArray text = o.json ? problemsJson(report) : problemsText(report);
-        std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
-        return report.hasErrors() ? ExitError : ExitOk;
-    }
-    if (o.command == u"build")
-        return build(o, doc, commands);
-    if (o.command == u"fields") {
-        requireArguments(o, 0, 0);
-        for (const auto &field : themeFields())
-            std::printf("%s\n", field.key);
-        return ExitOk;
-    }
-    if (o.command == u"pack") {
-        if (o.output.isEmpty() || o.positional.isEmpty())
-            throw UsageError{QStringLiteral("pack needs -o PACKAGE.zip and at least one file")};
-        QString error;
-        if (!writeResourcePackage(o.output, o.positional, o.root.isEmpty() ? QDir::currentPath() : o.root,
-                                  &error)) {
-            std::fprintf(stderr, "Error: %s\n", qUtf8Printable(error));
-            return ExitError;
-        }
-        return ExitOk;
-    }
-    throw UsageError{o.command.isEmpty() ? QStringLiteral("no command given")
-                                         : QStringLiteral("unknown command %1").arg(o.command)};
+    Options options = parse(args, dialogs);
+    const Command *command = findCommand(options.command);
+    if (!command || command->ownOptions)
+        throw UsageError{options.command.isEmpty() ? QStringLiteral("no command given")
+                                                   : QStringLiteral("unknown command %1").arg(options.command)};
+    Session session(args, dialogs, std::move(options));
+    return command->run(session);
 }
 
 } // namespace
@@ -427,7 +510,8 @@ int main(int argc, char *argv[])
     const QStringList args = QCoreApplication::arguments();
 
     if (args.contains(u"--help") || args.contains(u"-h")) {
-        std::fputs(usageText, stdout);
+        const QByteArray help = helpText();
+        std::fwrite(help.constData(), 1, size_t(help.size()), stdout);
         return ExitOk;
     }
     if (args.contains(u"--version")) {
@@ -436,10 +520,8 @@ int main(int argc, char *argv[])
     }
 
     ConsoleDialogs dialogs;
-    if (args.size() > 1 && args.at(1) == u"import")
-        return runImportCommand(args, dialogs);
     try {
-        return run(parse(args, dialogs), dialogs);
+        return run(args, dialogs);
     } catch (const UsageError &e) {
         std::fprintf(stderr, "stakko-theme: %s\nTry 'stakko-theme --help'.\n", qUtf8Printable(e.message));
         return ExitUsage;

@@ -24,6 +24,8 @@ namespace {
 const QString stateName = QStringLiteral("/state.json");
 const QString themeName = QStringLiteral("/theme.skt");
 constexpr qint64 largestState = 64 << 20;
+// In the folder of theme files older editors kept: the names already shown to the author, one a line.
+const QString announcedList = QStringLiteral(".announced");
 
 std::unique_ptr<QLockFile> lockOf(const QString &copy)
 {
@@ -33,44 +35,99 @@ std::unique_ptr<QLockFile> lockOf(const QString &copy)
     return lock;
 }
 
-std::optional<QJsonObject> readState(const QString &copy, QString *error)
+Result<QJsonObject> readState(const QString &copy)
 {
     QFile file(copy + stateName);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > largestState) {
-        if (error)
-            *error = QStringLiteral("Cannot read %1").arg(QDir::toNativeSeparators(file.fileName()));
-        return std::nullopt;
-    }
+    if (!file.open(QIODevice::ReadOnly) || file.size() > largestState)
+        return Result<QJsonObject>::fail(QStringLiteral("Cannot read %1").arg(QDir::toNativeSeparators(file.fileName())));
     const QJsonDocument json = QJsonDocument::fromJson(file.readAll());
-    if (!json.isObject()) {
-        if (error)
-            *error = QStringLiteral("%1 is damaged").arg(QDir::toNativeSeparators(file.fileName()));
-        return std::nullopt;
-    }
+    if (!json.isObject())
+        return Result<QJsonObject>::fail(QStringLiteral("%1 is damaged").arg(QDir::toNativeSeparators(file.fileName())));
     return json.object();
+}
+
+const QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+bool makeOwnerOnlyFolder(const QString &folder)
+{
+    return QDir(folder).exists() || (QDir().mkpath(QFileInfo(folder).absolutePath()) && QDir().mkdir(folder, ownerOnly));
 }
 
 } // namespace
 
 QString AutoRecovery::userFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/sessions");
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/autosave");
+}
+
+void AutoRecovery::takeOldCopies(const QString &oldFolder, const QString &folder)
+{
+    const QStringList copies =
+        QDir(oldFolder).entryList({QStringLiteral("session-*")}, QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    if (copies.isEmpty() || !makeOwnerOnlyFolder(folder))
+        return;
+    for (const QString &name : copies) {
+        const QString copy = oldFolder + u'/' + name;
+        auto lock = lockOf(copy);
+        if (!lock->tryLock(0))
+            continue; // its editor still runs and writes there
+        // A copy that cannot move stays where it was, for a person to find.
+        QDir().rename(copy, folder + u'/' + name);
+    }
+    QDir().rmdir(oldFolder); // only when nothing is left
+}
+
+Report AutoRecovery::announceOldKeptFiles(const QString &folder)
+{
+    Report report;
+    const QString listPath = folder + u'/' + announcedList;
+    QStringList announced;
+    QFile list(listPath);
+    if (list.open(QIODevice::ReadOnly))
+        announced = QString::fromUtf8(list.readAll()).split(u'\n', Qt::SkipEmptyParts);
+
+    const QStringList copies = QDir(folder).entryList({QStringLiteral("*.skt")}, QDir::Files, QDir::Name);
+    QStringList fresh;
+    for (const QString &name : copies) {
+        if (!announced.contains(name))
+            fresh << QDir::toNativeSeparators(folder + u'/' + name);
+    }
+    if (fresh.isEmpty())
+        return report;
+    const QString text = QStringLiteral("Stakko Theme Maker was closed by the system with unsaved changes. "
+                                        "They were kept in:\n%1\nLoad %2 to get them back.")
+                             .arg(fresh.join(u'\n'), fresh.size() == 1 ? QStringLiteral("that file")
+                                                                        : QStringLiteral("those files"));
+    report.add({Problem::Severity::Information, text, {}, folder, {}, QStringLiteral("Unsaved Changes Kept")});
+
+    // Only files still there are remembered, so the list never outgrows the folder.
+    const QByteArray bytes = copies.join(u'\n').toUtf8() + '\n';
+    QString reason;
+    if (!writeWholeFile(listPath, bytes, &reason))
+        report.error(QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(listPath), reason), {}, listPath);
+    return report;
+}
+
+Report AutoRecovery::takeOlderEditorsCopies()
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    takeOldCopies(data + QStringLiteral("/sessions"), userFolder());
+    return announceOldKeptFiles(data + QStringLiteral("/recovered"));
 }
 
 AutoRecovery::AutoRecovery(ThemeDocument &doc, const QString &folder, QObject *parent)
     : QObject(parent)
     , m_doc(doc)
     , m_folder(folder)
-    , m_copy(QStringLiteral("%1/session-%2-%3")
+    , m_copy(QStringLiteral("%1/copy-%2-%3")
                  .arg(folder)
                  .arg(QCoreApplication::applicationPid())
                  .arg(QDateTime::currentMSecsSinceEpoch()))
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, [this] {
-        QString error;
-        if (m_changed && m_doc.isDirty() && !writeCopy(&error))
-            emit copyFailed(error);
+        if (m_changed && m_doc.isDirty())
+            emit copyDue();
     });
     connect(&doc, &ThemeDocument::fieldChanged, this, &AutoRecovery::changed);
     connect(&doc, &ThemeDocument::swatchChanged, this, &AutoRecovery::changed);
@@ -112,16 +169,10 @@ void AutoRecovery::restart()
     }
 }
 
-bool AutoRecovery::writeCopy(QString *error)
+Result<void> AutoRecovery::writeCopy()
 {
-    const auto fail = [error](const QString &why) {
-        if (error)
-            *error = why;
-        return false;
-    };
-    const QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    if (!QDir(m_folder).exists() && !(QDir().mkpath(QFileInfo(m_folder).absolutePath())
-                                      && QDir().mkdir(m_folder, ownerOnly)))
+    const auto fail = [](const QString &why) { return Result<void>::fail(why); };
+    if (!makeOwnerOnlyFolder(m_folder))
         return fail(QStringLiteral("Cannot create %1").arg(QDir::toNativeSeparators(m_folder)));
     if (!m_lock) {
         m_lock = lockOf(m_copy);
@@ -159,14 +210,26 @@ bool AutoRecovery::writeCopy(QString *error)
         return fail(why);
     m_lastWrite = now;
     m_changed = false;
-    return true;
+    return {};
+}
+
+Result<QString> AutoRecovery::keepForNextStart()
+{
+    m_timer.stop();
+    if (!m_doc.isDirty())
+        return QString();
+    Result<void> written = writeCopy();
+    if (!written)
+        return written.takeReport();
+    m_lock.reset(); // unlocked: an editor starting later takes it as one left behind
+    return m_copy;
 }
 
 std::vector<AutoRecovery::Orphan> AutoRecovery::takeOrphans()
 {
     std::vector<Orphan> orphans;
     const QStringList copies =
-        QDir(m_folder).entryList({QStringLiteral("session-*")}, QDir::Dirs | QDir::NoDotAndDotDot);
+        QDir(m_folder).entryList({QStringLiteral("copy-*"), QStringLiteral("session-*")}, QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString &name : copies) {
         const QString copy = m_folder + u'/' + name;
         if (copy == m_copy)
@@ -174,7 +237,7 @@ std::vector<AutoRecovery::Orphan> AutoRecovery::takeOrphans()
         auto lock = lockOf(copy);
         if (!lock->tryLock(0))
             continue; // its editor still runs
-        const std::optional<QJsonObject> state = readState(copy, nullptr);
+        const Result<QJsonObject> state = readState(copy);
         if (!state) {
             // Ended before its first copy was whole: there is nothing to bring back.
             QDir(copy).removeRecursively();
@@ -188,11 +251,11 @@ std::vector<AutoRecovery::Orphan> AutoRecovery::takeOrphans()
     return orphans;
 }
 
-std::optional<int> AutoRecovery::restore(const Orphan &orphan, QString *error)
+Result<int> AutoRecovery::restore(const Orphan &orphan)
 {
-    const std::optional<QJsonObject> state = readState(orphan.folder, error);
+    Result<QJsonObject> state = readState(orphan.folder);
     if (!state)
-        return std::nullopt;
+        return state.takeReport();
     const QJsonObject fields = state->value(QStringLiteral("fields")).toObject();
     for (int i = 0; i < int(themeFields().size()); ++i) {
         const QJsonValue value = fields.value(QLatin1StringView(themeFields()[size_t(i)].key));

@@ -42,7 +42,7 @@ FileCommands::FileCommands(ThemeDocument &doc, Dialogs &dialogs)
 {
 }
 
-bool FileCommands::promptToSave()
+Result<bool> FileCommands::promptToSave()
 {
     const QString file = m_doc.currentThemeFile().isEmpty() ? QString() : QFileInfo(m_doc.currentThemeFile()).fileName();
     const Dialogs::Answer answer = m_dialogs.askToSave(
@@ -51,22 +51,26 @@ bool FileCommands::promptToSave()
     switch (answer) {
     case Dialogs::Answer::No:
         return true;
-    case Dialogs::Answer::Yes:
+    case Dialogs::Answer::Yes: {
         // Even a theme with a file of its own is saved through the dialog here.
-        if (!saveThemeAs())
-            return false;
-        m_doc.setDirty(false);
-        return true;
+        Result<bool> saved = saveThemeAs();
+        if (saved && *saved)
+            m_doc.setDirty(false);
+        return saved;
+    }
     default:
         return false;
     }
 }
 
-bool FileCommands::saveThemeAs()
+Result<bool> FileCommands::saveThemeAs()
 {
     const QString path = m_dialogs.saveFileName(themeFileFilter, proposedThemeFileName(m_doc.value(u"name")));
-    if (path.isEmpty() || !writeTo(path))
+    if (path.isEmpty())
         return false;
+    Result<void> written = writeTo(path);
+    if (!written)
+        return written.takeReport();
     m_doc.setCurrentThemeFile(path);
     m_currentFileLoaded = true;
     return true;
@@ -83,49 +87,52 @@ QString FileCommands::chooseThemeToLoad()
     return m_dialogs.openFileName(themeFileFilter, folder);
 }
 
-void FileCommands::newTheme()
+Result<void> FileCommands::newTheme()
 {
-    if (!guard())
-        return;
+    Result<bool> go = guard();
+    if (!go || !*go)
+        return go.takeReport();
     m_doc.resetTheme();
     m_currentFileLoaded = true;
     m_doc.setDirty(false);
+    return {};
 }
 
-void FileCommands::loadTheme()
+Result<FileCommands::LoadOutcome> FileCommands::loadTheme()
 {
-    if (!guard())
-        return;
+    Result<bool> go = guard();
+    if (!go || !*go)
+        return {LoadOutcome::Stopped, go.takeReport()};
     const bool dirtyBefore = m_doc.isDirty();
     // The author has let the changes go: a cancelled dialog leaves them unsaved no longer.
     m_doc.setDirty(false);
     const QString path = chooseThemeToLoad();
     if (path.isEmpty())
-        return;
-    load(path, dirtyBefore);
+        return LoadOutcome::Stopped;
+    return load(path, dirtyBefore);
 }
 
-FileCommands::LoadOutcome FileCommands::loadPath(const QString &path)
+Result<FileCommands::LoadOutcome> FileCommands::loadPath(const QString &path)
 {
-    if (!guard())
-        return LoadOutcome::Stopped;
+    Result<bool> go = guard();
+    if (!go || !*go)
+        return {LoadOutcome::Stopped, go.takeReport()};
     return load(path, m_doc.isDirty());
 }
 
-FileCommands::LoadOutcome FileCommands::load(const QString &path, bool dirtyBefore)
+Result<FileCommands::LoadOutcome> FileCommands::load(const QString &path, bool dirtyBefore)
 {
     // Read into a copy: a file that does not load must leave the theme as it was. The copy
     // starts as the theme, since a load keeps what a Type 0 file does not hold.
     ThemeDocument loaded;
     loaded.assignFrom(m_doc);
     loaded.setDirty(false);
-    const LoadReport report = loadThemeFile(loaded, path, m_dialogs, m_extract);
-    m_report.append(report);
+    LoadReport report = loadThemeFile(loaded, path, m_dialogs, m_extract);
     if (!report.loaded && !m_failedLoadsShown) {
         m_doc.setDirty(dirtyBefore);
         if (path == m_doc.currentThemeFile())
             m_currentFileLoaded = false;
-        return LoadOutcome::NotLoaded;
+        return Report(std::move(report)); // every load that fails says why
     }
     m_doc.takeTheme(loaded);
     m_doc.setCurrentThemeFile(path);
@@ -133,55 +140,53 @@ FileCommands::LoadOutcome FileCommands::load(const QString &path, bool dirtyBefo
     // Nothing of a theme just loaded is unsaved; a shown failure keeps what its reading changed.
     m_doc.setDirty(!report.loaded && loaded.isDirty());
     if (!report.loaded)
-        return LoadOutcome::NotLoaded;
+        return Report(std::move(report)); // every load that fails says why
     if (m_afterLoadOrSave)
         m_afterLoadOrSave(Done::Loaded);
-    return LoadOutcome::Loaded;
+    return {LoadOutcome::Loaded, std::move(report)};
 }
 
-void FileCommands::saveTheme()
+Result<void> FileCommands::saveTheme()
 {
     const QString current = m_doc.currentThemeFile();
     // A file that did not load is not this document: only the author may choose to replace it.
-    if (current.isEmpty() || !m_currentFileLoaded) {
-        saveAs();
-        return;
-    }
-    m_doc.setDirty(!writeTo(current));
+    if (current.isEmpty() || !m_currentFileLoaded)
+        return saveAs();
+    Result<void> written = writeTo(current);
+    m_doc.setDirty(!written);
+    return written;
 }
 
-void FileCommands::saveAs()
+Result<void> FileCommands::saveAs()
 {
-    m_doc.setDirty(!saveThemeAs());
+    Result<bool> saved = saveThemeAs();
+    m_doc.setDirty(!saved || !*saved);
+    return saved.takeReport();
 }
 
-bool FileCommands::exitRequested()
+Result<bool> FileCommands::exitRequested()
 {
-    if (!guard())
-        return false;
-    m_doc.setDirty(false);
-    return true;
+    Result<bool> go = guard();
+    if (go && *go)
+        m_doc.setDirty(false);
+    return go;
 }
 
-Report FileCommands::takeReport()
+Result<bool> FileCommands::guard()
 {
-    return std::exchange(m_report, {});
+    if (!m_doc.isDirty())
+        return true;
+    return promptToSave();
 }
 
-bool FileCommands::guard()
-{
-    return !m_doc.isDirty() || promptToSave();
-}
-
-bool FileCommands::writeTo(const QString &path)
+Result<void> FileCommands::writeTo(const QString &path)
 {
     QString error;
     if (writeThemeFile(m_doc, path, &error)) {
         if (m_afterLoadOrSave)
             m_afterLoadOrSave(Done::Saved);
-        return true;
+        return {};
     }
     // The author must learn why the theme is still unsaved; the command's state stays "changed".
-    m_report.error(error, {}, path);
-    return false;
+    return Result<void>::fail(error, {}, path);
 }

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "common/report.h"
+#include "common/result.h"
 #include "package/resourcepackage.h"
 
 #include <QLatin1StringView>
@@ -39,24 +39,33 @@ public:
 
     /**
      * The save prompt. True when the command may go on: "No", or "Yes" and the theme was
-     * saved through the Save As dialog. False after "Cancel", a cancelled dialog or a failed save.
+     * saved through the Save As dialog. False after "Cancel" or a cancelled dialog; a failed
+     * save fails with the reason.
      */
-    bool promptToSave();
-    /** Save As dialog, then write; true when saved. The current file changes only on success. */
-    bool saveThemeAs();
+    Result<bool> promptToSave();
+    /**
+     * Save As dialog, then write: true when saved, false when the dialog was cancelled; a failed
+     * write fails with the reason. The current file changes only on success.
+     */
+    Result<bool> saveThemeAs();
     /** The open dialog for a theme file; "" when cancelled. */
     QString chooseThemeToLoad();
 
-    void newTheme();
+    /** Each command returns what it has to tell the author; a failure is also told there. */
+    Result<void> newTheme();
+    /**
+     * Stopped: the author cancelled (a save the prompt asked for that failed is told with it).
+     * A theme that did not load fails with what the loader found.
+     */
+    enum class LoadOutcome { Stopped, Loaded };
     /**
      * The Load command. Whole or nothing: a file that does not load leaves the theme, the
      * current file, the package folder and the dirty flag as they were before the command (a
      * cancelled dialog leaves the theme unchanged); a theme that loaded has nothing unsaved.
      */
-    void loadTheme();
-    enum class LoadOutcome { Stopped, NotLoaded, Loaded };
+    Result<LoadOutcome> loadTheme();
     /** Loads a theme named outside the dialogs (command line, drop, recent themes) as Load does. */
-    LoadOutcome loadPath(const QString &path);
+    Result<LoadOutcome> loadPath(const QString &path);
     /**
      * For the command line's dump: a file that does not load still becomes the current file and
      * shows what was read of it, as the loader left it. Never written over all the same.
@@ -65,16 +74,13 @@ public:
     /** False while the current file is one that did not load as a theme: Save then asks for a file. */
     bool currentFileLoaded() const { return m_currentFileLoaded; }
     /** Writes to the current file, or asks for one when there is none or it did not load. */
-    void saveTheme();
-    void saveAs();
+    Result<void> saveTheme();
+    Result<void> saveAs();
     /**
-     * The guard of Exit and of closing the window. True when the editor may end; false leaves
-     * the editor running, nothing changed.
+     * The guard of Exit and of closing the window. True when the editor may end; false (or a
+     * failed save) leaves the editor running, nothing changed.
      */
-    bool exitRequested();
-
-    /** What the commands found since the last call, for the editor to show; the list starts empty again. */
-    Report takeReport();
+    Result<bool> exitRequested();
 
     /** The limits every load unpacks a package within. */
     void setExtractOptions(const ExtractOptions &options) { m_extract = options; }
@@ -86,16 +92,15 @@ public:
 
 private:
     /** True when the command may go on (no unsaved changes, or the prompt allowed it). */
-    bool guard();
-    bool writeTo(const QString &path);
-    LoadOutcome load(const QString &path, bool dirtyBefore);
+    Result<bool> guard();
+    Result<void> writeTo(const QString &path);
+    Result<LoadOutcome> load(const QString &path, bool dirtyBefore);
 
     ThemeDocument &m_doc;
     Dialogs &m_dialogs;
     QString m_programFolder;
     bool m_currentFileLoaded = true;   // false while the current file is one that failed to load
     bool m_failedLoadsShown = false;
-    Report m_report;
     ExtractOptions m_extract;
     std::function<void(Done)> m_afterLoadOrSave;
 };

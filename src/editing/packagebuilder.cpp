@@ -5,6 +5,8 @@
 
 #include "check/themechecker.h"
 #include "common/pathlookup.h"
+#include "editing/filecommands.h"
+#include "package/resourcepackage.h"
 #include "theme/animatedelement.h"
 #include "theme/referencedfiles.h"
 #include "theme/themedocument.h"
@@ -239,4 +241,22 @@ QString defaultBuildSource(const ThemeDocument &doc)
 BuildReport buildResourcePackage(ThemeDocument &doc, const BuildOptions &options, const PackageProgress &progress)
 {
     return Builder(doc, options).run(progress);
+}
+
+ThemeBuild buildThemePackage(ThemeDocument &doc, FileCommands &commands, Dialogs &dialogs,
+                             const BuildOptions &options, const PackageProgress &progress, bool followPackage)
+{
+    ThemeBuild result;
+    result.built = buildResourcePackage(doc, options, progress);
+    if (!result.built.written)
+        return result;
+    if (!result.built.relinked.isEmpty())
+        result.told.append(commands.saveTheme().report());
+    const bool artFolder = !doc.packageFolder().isEmpty() && doc.packageFolder() == doc.packageFolderTail();
+    if (followPackage && !artFolder) {
+        const UnpackReport unpacked = extractResourcePackage(result.built.package, dialogs);
+        doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
+        result.told.append(unpacked);
+    }
+    return result;
 }

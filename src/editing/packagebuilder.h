@@ -10,6 +10,8 @@
 #include <QString>
 #include <QStringList>
 
+class Dialogs;
+class FileCommands;
 class ThemeDocument;
 
 struct BuildOptions {
@@ -45,3 +47,20 @@ QList<FileReference> referencesToRelink(const ThemeDocument &doc, const QString 
 
 /** The folder a build looks its files up in when none is given. */
 QString defaultBuildSource(const ThemeDocument &doc);
+
+/** What building a theme's package told besides the build itself. */
+struct ThemeBuild {
+    BuildReport built;
+    Report told; // the save after the build and the unpacking after it; an error: not all done
+};
+
+/**
+ * Build Resource Package as the editor and the command line run it: the package is built, and a
+ * theme whose fields were relinked is saved at once through \a commands with the names the
+ * package stores. With \a followPackage the new package is then unpacked as a load would (its
+ * password asked through \a dialogs), so what the previews show is what the game gets; an art
+ * folder stays the package folder.
+ */
+ThemeBuild buildThemePackage(ThemeDocument &doc, FileCommands &commands, Dialogs &dialogs,
+                             const BuildOptions &options, const PackageProgress &progress = {},
+                             bool followPackage = false);

@@ -400,9 +400,11 @@ bool ArtImportCommand::importInto(const QString &key, const QStringList &sources
     std::unique_ptr<ArtImportDialog> dialog(dialogFor(key, sources));
     if (dialog->exec() != QDialog::Accepted)
         return false;
-    if (m_doc.currentThemeFile().isEmpty() && !m_commands.saveThemeAs()) {
-        m_dialogs.show(m_commands.takeReport());
-        return false;
+    if (m_doc.currentThemeFile().isEmpty()) {
+        const Result<bool> saved = m_commands.saveThemeAs();
+        m_dialogs.show(saved.report());
+        if (!saved || !*saved)
+            return false;
     }
     QProgressDialog progress(QStringLiteral("Importing the art..."), QStringLiteral("Cancel"), 0, 1, &m_window);
     progress.setWindowTitle(caption);

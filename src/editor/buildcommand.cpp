@@ -11,7 +11,6 @@
 #include "editor/editordialogs.h"
 #include "editor/mainwindow.h"
 #include "editor/problemspanel.h"
-#include "package/resourcepackage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -37,9 +36,11 @@ BuildCommand::BuildCommand(MainWindow &window, ThemeDocument &doc, EditorDialogs
 
 bool BuildCommand::build()
 {
-    if (m_doc.number(u"themetype") == 1 && m_doc.currentThemeFile().isEmpty() && !m_commands.saveThemeAs()) {
-        m_dialogs.show(m_commands.takeReport());
-        return false;
+    if (m_doc.number(u"themetype") == 1 && m_doc.currentThemeFile().isEmpty()) {
+        const Result<bool> saved = m_commands.saveThemeAs();
+        m_dialogs.show(saved.report());
+        if (!saved || !*saved)
+            return false;
     }
     QStringList away;
     for (const FileReference &r : referencesToRelink(m_doc, defaultBuildSource(m_doc)))
@@ -62,12 +63,15 @@ bool BuildCommand::build()
     progress.setWindowTitle(caption);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(500); // small packages are done before it would show
-    const BuildReport built = buildResourcePackage(m_doc, {QString(), QString(), relink}, [&](qsizetype done, qsizetype total) {
+    const auto showProgress = [&](qsizetype done, qsizetype total) {
         progress.setMaximum(int(total));
         progress.setValue(int(done));
         QApplication::processEvents();
         return !progress.wasCanceled();
-    });
+    };
+    const ThemeBuild result =
+        buildThemePackage(m_doc, m_commands, m_dialogs, {QString(), QString(), relink}, showProgress, true);
+    const BuildReport &built = result.built;
     progress.reset();
 
     if (!built.written) {
@@ -85,17 +89,7 @@ bool BuildCommand::build()
         }
         return false;
     }
-    if (!built.relinked.isEmpty()) {
-        m_commands.saveTheme();
-        m_dialogs.show(m_commands.takeReport());
-    }
-    // What the game gets is what the previews show from now on, unless an art folder is the source.
-    const bool artFolder = !m_doc.packageFolder().isEmpty() && m_doc.packageFolder() == m_doc.packageFolderTail();
-    if (!artFolder) {
-        const UnpackReport unpacked = extractResourcePackage(built.package, m_dialogs);
-        m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
-        m_dialogs.show(unpacked);
-    }
+    m_dialogs.show(result.told);
     m_window.statusBar()->showMessage(
         QStringLiteral("Wrote %1 (%2 files)").arg(QDir::toNativeSeparators(built.package)).arg(built.entries), 10000);
     m_window.checkTheme();

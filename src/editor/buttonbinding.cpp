@@ -232,6 +232,5 @@ void ButtonBinding::loadDroppedTheme(QDropEvent *drop)
     if (path.isEmpty())
         return;
     drop->acceptProposedAction();
-    m_commands.loadPath(path);
-    m_dialogs.show(m_commands.takeReport());
+    m_dialogs.show(m_commands.loadPath(path).report());
 }

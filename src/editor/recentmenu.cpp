@@ -52,13 +52,14 @@ void RecentMenu::open(const QString &path)
         m_dialogs.show(report);
         return;
     }
-    Report report;
-    if (m_commands.loadPath(path) == FileCommands::LoadOutcome::NotLoaded) {
+    const Result<FileCommands::LoadOutcome> loaded = m_commands.loadPath(path);
+    m_dialogs.show(loaded.report());
+    if (!loaded) {
         m_recent.remove(path);
+        Report report;
         report.information(QStringLiteral("%1 did not load as a theme. It has been removed from the recent themes.")
                                .arg(QDir::toNativeSeparators(path)),
                            {}, path);
+        m_dialogs.show(report);
     }
-    m_dialogs.show(m_commands.takeReport());
-    m_dialogs.show(report);
 }

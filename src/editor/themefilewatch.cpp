@@ -3,14 +3,14 @@
 
 #include "editor/themefilewatch.h"
 
-#include "common/dialogs.h"
 #include "editing/filecommands.h"
+#include "editor/editordialogs.h"
 #include "theme/themedocument.h"
 
 #include <QDir>
 #include <QFileInfo>
 
-ThemeFileWatch::ThemeFileWatch(ThemeDocument &doc, FileCommands &commands, Dialogs &dialogs, QObject *parent)
+ThemeFileWatch::ThemeFileWatch(ThemeDocument &doc, FileCommands &commands, EditorDialogs &dialogs, QObject *parent)
     : QObject(parent), m_doc(doc), m_commands(commands), m_dialogs(dialogs)
 {
     connect(&doc, &ThemeDocument::fieldChanged, this, [this] { m_edited = true; });
@@ -40,5 +40,5 @@ void ThemeFileWatch::changedOnDisk()
         return;
     }
     m_doc.setDirty(false); // the question has been answered: Load must not ask again
-    m_commands.loadPath(file);
+    m_dialogs.show(m_commands.loadPath(file).report());
 }

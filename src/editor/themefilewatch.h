@@ -7,7 +7,7 @@
 
 #include <QObject>
 
-class Dialogs;
+class EditorDialogs;
 class FileCommands;
 class ThemeDocument;
 
@@ -22,7 +22,7 @@ class ThemeFileWatch : public QObject
     Q_OBJECT
 
 public:
-    ThemeFileWatch(ThemeDocument &doc, FileCommands &commands, Dialogs &dialogs, QObject *parent = nullptr);
+    ThemeFileWatch(ThemeDocument &doc, FileCommands &commands, EditorDialogs &dialogs, QObject *parent = nullptr);
 
     /** A load or save just went through: the file as it is now is the document's. */
     void follow();
@@ -32,7 +32,7 @@ private:
 
     ThemeDocument &m_doc;
     FileCommands &m_commands;
-    Dialogs &m_dialogs;
+    EditorDialogs &m_dialogs;
     FileWatch m_watch;
     bool m_edited = false;
 };

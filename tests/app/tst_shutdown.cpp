@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The editor ended by the system: it exits as Exit does and keeps unsaved changes for the author.
+// The editor ended by the system: it exits as Exit does and leaves unsaved changes to be offered at the next start.
 
 #include "common/testfiles.h"
 #include "theme/themedocument.h"
 #include "theme/themefilewriter.h"
 
 #include <QProcess>
+#include <QScopeGuard>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -35,6 +37,22 @@ class ShutdownTest : public QObject
     std::unique_ptr<QTemporaryDir> m_dir;
 
     QString path(const QString &name) const { return m_dir->filePath(name); }
+
+    /** The editor's own folders are the test's. */
+    QProcessEnvironment environment() const
+    {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "TMPDIR"})
+            env.insert(QLatin1StringView(name), m_dir->path());
+        return env;
+    }
+
+    /** The autosave copies left for the next start. */
+    QStringList copies() const
+    {
+        return QDir(path(QStringLiteral("Stakko Theme Maker/autosave")))
+            .entryList({QStringLiteral("copy-*")}, QDir::Dirs | QDir::NoDotAndDotDot);
+    }
 
 private slots:
     void init()
@@ -72,10 +90,7 @@ private slots:
         QVERIFY(writeThemeFile(doc, theme));
 
         QProcess editor;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "TMPDIR"})
-            env.insert(QLatin1StringView(name), m_dir->path());
-        editor.setProcessEnvironment(env);
+        editor.setProcessEnvironment(environment());
         // A shell without job control starts background commands with SIGINT ignored.
         editor.setChildProcessModifier([] { std::signal(SIGINT, SIG_DFL); });
         editor.start(path(QStringLiteral("bin/stakko-theme-maker")), loaded ? QStringList{theme} : QStringList{});
@@ -88,9 +103,70 @@ private slots:
         QCOMPARE(editor.exitCode(), 0);
         QVERIFY(QFile::exists(path(QStringLiteral("bin/skm.ini"))));
 
-        const QString folder = path(QStringLiteral("Stakko Theme Maker/recovered"));
-        const QStringList kept = QDir(folder).entryList({QStringLiteral("*.skt")}, QDir::Files);
-        QCOMPARE(kept, QStringList());
+        // Nothing was unsaved: no copy is left for the next start.
+        QCOMPARE(copies(), QStringList());
+    }
+
+    void unsavedChangesAreOfferedAtTheNextStart()
+    {
+        if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty()
+            || QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty())
+            QSKIP("typing into the editor needs Xvfb and xdotool");
+        // An X server of its own, on a display number it picks itself.
+        QProcess server;
+        server.start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                                              QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
+                                              QStringLiteral("tcp")});
+        QVERIFY(server.waitForReadyRead(20000));
+        const QString display = u':' + QString::fromLatin1(server.readLine().trimmed());
+        const auto stopServer = qScopeGuard([&server] {
+            server.terminate();
+            server.waitForFinished();
+        });
+        QProcessEnvironment env = environment();
+        env.insert(QStringLiteral("DISPLAY"), display);
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        const auto xdotool = [&env](const QStringList &args) {
+            QProcess tool;
+            tool.setProcessEnvironment(env);
+            tool.start(QStringLiteral("xdotool"), args);
+            tool.waitForFinished();
+            return QString::fromLatin1(tool.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+        };
+
+        // The author types a name into the new theme; the cursor stands in "Theme Name:" at the start.
+        QProcess editor;
+        editor.setProcessEnvironment(env);
+        editor.start(path(QStringLiteral("bin/stakko-theme-maker")), {});
+        QVERIFY(editor.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(catches(editor.processId(), SIGTERM), 60000);
+        QStringList windows;
+        QTRY_VERIFY_WITH_TIMEOUT(!(windows = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                                      QStringLiteral("--pid"), QString::number(editor.processId())}))
+                                      .isEmpty(),
+                                 20000);
+        xdotool({QStringLiteral("windowfocus"), QStringLiteral("--sync"), windows.first()});
+        xdotool({QStringLiteral("type"), QStringLiteral("Dusk")});
+        // Typing has reached the editor once its autosave copy holds it.
+        QTRY_VERIFY_WITH_TIMEOUT(!copies().isEmpty(), 20000);
+        QCOMPARE(::kill(pid_t(editor.processId()), SIGTERM), 0);
+        QVERIFY(editor.waitForFinished(10000));
+        QCOMPARE(editor.exitCode(), 0);
+        QCOMPARE(copies().size(), 1);
+
+        // The next start offers it.
+        QProcess next;
+        next.setProcessEnvironment(env);
+        next.start(path(QStringLiteral("bin/stakko-theme-maker")), {});
+        QVERIFY(next.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                                           QStringLiteral("Recover Unsaved Changes")})
+                                      .isEmpty(),
+                                 30000);
+        QCOMPARE(::kill(pid_t(next.processId()), SIGTERM), 0);
+        QVERIFY(next.waitForFinished(10000));
+        // Not answered: still there for the start after.
+        QCOMPARE(copies().size(), 1);
     }
 };
 

@@ -86,6 +86,7 @@ private slots:
         ThemeDocument doc;
         AutoRecovery recovery(doc, folder);
         recovery.setDelays(10, 50);
+        connect(&recovery, &AutoRecovery::copyDue, &recovery, [&recovery] { QVERIFY(recovery.writeCopy()); });
         doc.setText(u"name", QStringLiteral("Thaw"));
         doc.setDirty(false); // saved before the changes settled: nothing to keep
         QTest::qWait(80);
@@ -134,7 +135,7 @@ private slots:
         QVERIFY(AutoRecovery(third, folder).takeOrphans().empty());
         const QStringList before = everything(doc);
         if (restore) {
-            QCOMPARE(recovery.restore(orphans.front()), std::optional<int>(3));
+            QCOMPARE(recovery.restore(orphans.front()).valueOr(-1), 3);
             ThemeDocument expected;
             edit(expected);
             QCOMPARE(everything(doc), everything(expected));
@@ -146,6 +147,62 @@ private slots:
         QVERIFY(!QDir(orphans.front().folder).exists());
         QVERIFY(!QFile::exists(orphans.front().folder + QStringLiteral(".lock")));
         QVERIFY(recovery.takeOrphans().empty());
+    }
+
+    void copiesLeftForTheNextStartAreOffered_data()
+    {
+        QTest::addColumn<bool>("oldFolder");
+        QTest::newRow("ended by the system") << false;
+        QTest::newRow("left in the folder older editors used") << true;
+    }
+
+    void copiesLeftForTheNextStartAreOffered()
+    {
+        QFETCH(bool, oldFolder);
+        const QString folder = m_dir.filePath(oldFolder ? QStringLiteral("autosave-old") : QStringLiteral("autosave"));
+        const QString sessions = m_dir.filePath(QStringLiteral("sessions"));
+        QString kept;
+        {
+            ThemeDocument ending;
+            AutoRecovery recovery(ending, oldFolder ? sessions : folder);
+            recovery.setPageSource([] { return 3; });
+            edit(ending);
+            const Result<QString> left = recovery.keepForNextStart();
+            QVERIFY(left);
+            kept = *left;
+            QCOMPARE(kept, recovery.copyFolder());
+        }
+        QVERIFY(QFile::exists(kept + QStringLiteral("/state.json")));
+        if (oldFolder) {
+            // Older editors named each copy so.
+            QVERIFY(QDir().rename(kept, sessions + QStringLiteral("/session-1-2")));
+            AutoRecovery::takeOldCopies(sessions, folder);
+            QVERIFY(!QDir(sessions).exists());
+        }
+        ThemeDocument doc;
+        AutoRecovery next(doc, folder);
+        const std::vector<AutoRecovery::Orphan> orphans = next.takeOrphans();
+        QCOMPARE(orphans.size(), size_t(1));
+        QCOMPARE(next.restore(orphans.front()).valueOr(-1), 3);
+        ThemeDocument expected;
+        edit(expected);
+        QCOMPARE(everything(doc), everything(expected));
+    }
+
+    void filesOlderEditorsKeptAreNamedOnce()
+    {
+        const QString folder = m_dir.filePath(QStringLiteral("recovered"));
+        QVERIFY(QDir().mkpath(folder));
+        QVERIFY(writeFile(folder + QStringLiteral("/Glacier 2026-01-02 030405.skt"), "[Theme Info]\r\n"));
+        const Report first = AutoRecovery::announceOldKeptFiles(folder);
+        QCOMPARE(first.problems.size(), 1);
+        QCOMPARE(first.problems.first().severity, Problem::Severity::Information);
+        QCOMPARE(first.problems.first().text,
+                 QStringLiteral("Stakko Theme Maker was closed by the system with unsaved changes. They were kept in:\n%1\n"
+                                "Load that file to get them back.")
+                     .arg(QDir::toNativeSeparators(folder + QStringLiteral("/Glacier 2026-01-02 030405.skt"))));
+        QVERIFY(AutoRecovery::announceOldKeptFiles(folder).isEmpty());
+        QVERIFY(QFile::exists(folder + QStringLiteral("/Glacier 2026-01-02 030405.skt")));
     }
 };
 

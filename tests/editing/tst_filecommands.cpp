@@ -83,13 +83,19 @@ private slots:
         commands.setProgramFolder(m_dir.path());
 
         bool exitAllowed = false;
+        Report told;
         switch (command) {
-        case Command::New: commands.newTheme(); break;
-        case Command::Load: commands.loadTheme(); break; // the open dialog is cancelled
-        case Command::Exit: exitAllowed = commands.exitRequested(); break;
+        case Command::New: told = commands.newTheme().takeReport(); break;
+        case Command::Load: told = commands.loadTheme().takeReport(); break; // the open dialog is cancelled
+        case Command::Exit: {
+            Result<bool> exit = commands.exitRequested();
+            exitAllowed = exit && *exit;
+            told = exit.takeReport();
+            break;
+        }
         }
 
-        dialogs.show(commands.takeReport());
+        dialogs.show(told);
         QCOMPARE(dialogs.messageLines(), dirty ? QStringList{promptText} : QStringList());
         QCOMPARE(dialogs.savePromptFiles, dirty ? QStringList{QStringLiteral("current.skt")} : QStringList());
         if (dirty)
@@ -190,7 +196,7 @@ private slots:
         int afterSaves = 0;
         commands.setAfterLoadOrSave([&afterSaves](FileCommands::Done done) { afterSaves += done == FileCommands::Done::Saved; });
 
-        saveAs ? commands.saveAs() : commands.saveTheme();
+        Result<void> saved = saveAs ? commands.saveAs() : commands.saveTheme();
 
         QCOMPARE(dialogs.saveFilters.size(), dialogShown ? 1 : 0);
         // The dialog offers the theme's name as the file's.
@@ -201,7 +207,8 @@ private slots:
         if (!dirtyAfter)
             QVERIFY(readFile(doc.currentThemeFile()).contains("Ice Age"));
         QCOMPARE(m_dir.entryList({QStringLiteral("*.skt.skt"), QStringLiteral("mytheme.skt")}), QStringList());
-        dialogs.show(commands.takeReport());
+        QCOMPARE(saved.ok(), error.isEmpty());
+        dialogs.show(saved.report());
         QCOMPARE(dialogs.messages.size(), error.isEmpty() ? 0 : 1);
         if (!error.isEmpty()) {
             QCOMPARE(dialogs.messages.first().title, QStringLiteral("Error"));
@@ -278,10 +285,8 @@ private slots:
         int afterLoads = 0;
         commands.setAfterLoadOrSave([&afterLoads](FileCommands::Done) { ++afterLoads; });
 
-        if (byPath)
-            QCOMPARE(commands.loadPath(bad), FileCommands::LoadOutcome::NotLoaded);
-        else
-            commands.loadTheme();
+        const Result<FileCommands::LoadOutcome> loaded = byPath ? commands.loadPath(bad) : commands.loadTheme();
+        QVERIFY(!loaded);
 
         for (int i = 0; i < int(themeFields().size()); ++i)
             QCOMPARE(doc.value(i), before.value(i));
@@ -293,7 +298,7 @@ private slots:
         QCOMPARE(doc.musicFolder(), before.musicFolder());
         QCOMPARE(doc.isDirty(), dirty);
         QCOMPARE(afterLoads, 0);
-        const Report report = commands.takeReport();
+        const Report &report = loaded.report();
         QVERIFY(std::any_of(report.problems.cbegin(), report.problems.cend(),
                             [](const Problem &p) { return p.code == u"theme-unreadable"; }));
     }
@@ -305,12 +310,12 @@ private slots:
         ThemeDocument doc;
         ScriptedDialogs dialogs;
         FileCommands commands(doc, dialogs);
-        QCOMPARE(commands.loadPath(theme), FileCommands::LoadOutcome::Loaded);
+        QCOMPARE(*commands.loadPath(theme), FileCommands::LoadOutcome::Loaded);
         // Another program writes something else there; loading it again fails.
         QVERIFY(writeFile(theme, "shopping list\n"));
-        QCOMPARE(commands.loadPath(theme), FileCommands::LoadOutcome::NotLoaded);
+        QVERIFY(!commands.loadPath(theme));
         QCOMPARE(doc.value(u"name"), QStringLiteral("Glacier"));
-        commands.saveTheme(); // asks for a file: the Save As dialog is cancelled
+        QVERIFY(commands.saveTheme()); // asks for a file: the Save As dialog is cancelled
         QCOMPARE(dialogs.saveFilters.size(), 1);
         QCOMPARE(readFile(theme), QByteArray("shopping list\n"));
     }
@@ -339,15 +344,15 @@ private slots:
         commands.setProgramFolder(m_dir.path());
         int afterLoads = 0;
         commands.setAfterLoadOrSave([&afterLoads](FileCommands::Done done) { afterLoads += done == FileCommands::Done::Loaded; });
+        Report told;
         const auto load = [&] {
-            if (byPath)
-                return commands.loadPath(theme);
-            commands.loadTheme();
-            return FileCommands::LoadOutcome::Loaded;
+            Result<FileCommands::LoadOutcome> loaded = byPath ? commands.loadPath(theme) : commands.loadTheme();
+            told.append(loaded.report());
+            return loaded.valueOr(FileCommands::LoadOutcome::Stopped);
         };
 
-        // "Cancel" stops both; loadPath says so.
-        QCOMPARE(load(), byPath ? FileCommands::LoadOutcome::Stopped : FileCommands::LoadOutcome::Loaded);
+        // "Cancel" stops both and says so.
+        QCOMPARE(load(), FileCommands::LoadOutcome::Stopped);
         QCOMPARE(doc.value(u"name"), QStringLiteral("Unsaved Work"));
         QCOMPARE(doc.currentThemeFile(), QString());
         QCOMPARE(afterLoads, 0);
@@ -361,7 +366,7 @@ private slots:
         // The loader's own writes are no edits: nothing is unsaved, not even for a moment.
         QVERIFY(!doc.isDirty());
         QVERIFY(!dirtied.contains(QVariantList{true}));
-        dialogs.show(commands.takeReport());
+        dialogs.show(told);
         QCOMPARE(dialogs.messageLines(), QStringList(2, promptText));
         const QString dataFolder = m_dir.path() + QStringLiteral("/data/");
         QCOMPARE(dialogs.openFolders, byPath ? QStringList() : QStringList{dataFolder});

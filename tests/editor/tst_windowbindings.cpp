@@ -368,9 +368,9 @@ private slots:
         QVERIFY(writeFile(theme, "[Theme Info]\r\nname=Before\r\nthemetype=0\r\n"));
         Editor e;
         e.commands.setAfterLoadOrSave([&e](FileCommands::Done) { e.themeWatch.follow(); });
-        QCOMPARE(e.commands.loadPath(theme), FileCommands::LoadOutcome::Loaded);
+        QCOMPARE(*e.commands.loadPath(theme), FileCommands::LoadOutcome::Loaded);
         // The editor's own save is no change from outside.
-        e.commands.saveTheme();
+        QVERIFY(e.commands.saveTheme());
         QTest::qWait(FileWatch::settleMs * 2);
         QVERIFY(e.dialogs.messages.isEmpty());
         if (edited)
@@ -461,7 +461,7 @@ private slots:
         if (load)
             QVERIFY(e.commands.loadPath(theme));
         else
-            e.commands.newTheme();
+            QVERIFY(e.commands.newTheme());
         for (const char *surface : {"picPreviewBG", "imgIPreview", "imgPreviewMisc"})
             QVERIFY2(e.control<PreviewSurface>(QLatin1StringView(surface))->image().isNull(), surface);
         QVERIFY(closer->rendered().isNull());
