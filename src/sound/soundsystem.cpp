@@ -16,7 +16,7 @@ namespace {
 /** The mixer's functions, once startAudio() has loaded them. */
 const MixerLibrary &mixer()
 {
-    return *mixerLibrary();
+    return mixerLibrary().value();
 }
 
 /*
@@ -129,9 +129,8 @@ void useSoundFont()
 
 bool startAudio(const char *driver)
 {
-    QString why;
-    if (!mixerLibrary(&why)) {
-        qWarning("No sound: %s", qPrintable(why));
+    if (const Result<MixerLibrary> &loaded = mixerLibrary(); !loaded) {
+        qWarning("No sound: %s", qPrintable(loaded.errorText()));
         return false;
     }
     mixer().SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Stakko Theme Maker");
