@@ -293,15 +293,16 @@ private slots:
         unpackedPackage(doc);
         const QString resource = doc.value(u"resourcefile");
         ScriptedDialogs dialogs;
-        Report report;
-        QVERIFY(!browseResourcePackage(doc, dialogs, report)); // cancelled: the old package stays
+        Result<bool> browsed = browseResourcePackage(doc, dialogs);
+        QVERIFY(!browsed.value()); // cancelled: the old package stays
         QCOMPARE(doc.packageFolder(), m_packageFolder);
         QCOMPARE(doc.packageFolderTail(), m_tail);
         QCOMPARE(doc.value(u"resourcefile"), resource);
         QVERIFY(!doc.isDirty());
 
         dialogs.openNames.enqueue(zipPath);
-        QVERIFY(browseResourcePackage(doc, dialogs, report));
+        browsed = browseResourcePackage(doc, dialogs);
+        QVERIFY(browsed.value());
         QCOMPARE(dialogs.openFilters, (QStringList{zipFilter, zipFilter}));
         QCOMPARE(dialogs.openFolders, (QStringList{QString(), QString()}));
         QCOMPARE(doc.value(u"resourcefile"), zipPath);
@@ -309,7 +310,7 @@ private slots:
         QCOMPARE(QDir::cleanPath(doc.packageFolder()), m_temp.path() + QStringLiteral("/stakko/Ice"));
         QVERIFY(QFile::exists(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp")));
         QVERIFY(doc.isDirty());
-        QVERIFY(report.isEmpty());
+        QVERIFY(browsed.report().isEmpty());
     }
 };
 
