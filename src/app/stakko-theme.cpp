@@ -404,10 +404,10 @@ int run(const Options &o, ConsoleDialogs &dialogs)
     if (o.command == u"pack") {
         if (o.output.isEmpty() || o.positional.isEmpty())
             throw UsageError{QStringLiteral("pack needs -o PACKAGE.zip and at least one file")};
-        QString error;
-        if (!writeResourcePackage(o.output, o.positional, o.root.isEmpty() ? QDir::currentPath() : o.root,
-                                  &error)) {
-            std::fprintf(stderr, "Error: %s\n", qUtf8Printable(error));
+        const Result<void> written =
+            writeResourcePackage(o.output, o.positional, o.root.isEmpty() ? QDir::currentPath() : o.root);
+        if (!written) {
+            std::fprintf(stderr, "Error: %s\n", qUtf8Printable(written.errorText()));
             return ExitError;
         }
         return ExitOk;

@@ -152,11 +152,11 @@ bool AutoRecovery::writeCopy(QString *error)
         {QStringLiteral("page"), m_page ? m_page() : 0},
         {QStringLiteral("written"), now.toString(Qt::ISODateWithMs)},
     };
-    QString why;
     // The theme file is for a person to open; the state alone restores, so it goes last.
-    if (!writeThemeFile(m_doc, m_copy + themeName, &why)
-        || !writeWholeFile(m_copy + stateName, QJsonDocument(state).toJson(), &why))
-        return fail(why);
+    if (const Result<void> written = writeThemeFile(m_doc, m_copy + themeName); !written)
+        return fail(written.errorText());
+    if (const Result<void> written = writeWholeFile(m_copy + stateName, QJsonDocument(state).toJson()); !written)
+        return fail(written.errorText());
     m_lastWrite = now;
     m_changed = false;
     return true;

@@ -175,13 +175,13 @@ bool FileCommands::guard()
 
 bool FileCommands::writeTo(const QString &path)
 {
-    QString error;
-    if (writeThemeFile(m_doc, path, &error)) {
+    const Result<void> written = writeThemeFile(m_doc, path);
+    if (written) {
         if (m_afterLoadOrSave)
             m_afterLoadOrSave(Done::Saved);
         return true;
     }
     // The author must learn why the theme is still unsaved; the command's state stays "changed".
-    m_report.error(error, {}, path);
+    m_report.error(written.errorText(), {}, path);
     return false;
 }

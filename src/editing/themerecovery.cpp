@@ -65,10 +65,9 @@ QString ThemeRecovery::keep(const ThemeDocument &doc, QString *error) const
         else if (!claim.exists())
             return fail(cannotWrite(candidate, claim.errorString()));
     }
-    QString why;
-    if (!writeThemeFile(doc, path, &why)) {
+    if (const Result<void> written = writeThemeFile(doc, path); !written) {
         QFile::remove(path); // only the empty claim
-        return fail(why);
+        return fail(written.errorText());
     }
     return path;
 }
@@ -99,8 +98,7 @@ Report ThemeRecovery::announce() const
 
     // Only copies still there are remembered, so the list never outgrows the folder.
     const QByteArray bytes = copies.join(u'\n').toUtf8() + '\n';
-    QString reason;
-    if (!writeWholeFile(listPath, bytes, &reason))
-        report.error(cannotWrite(listPath, reason), {}, listPath);
+    if (const Result<void> written = writeWholeFile(listPath, bytes); !written)
+        report.error(cannotWrite(listPath, written.errorText()), {}, listPath);
     return report;
 }

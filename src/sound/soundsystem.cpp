@@ -211,9 +211,7 @@ Report SoundSystem::shutDown(const EditorConfig &config, const QString &configPa
 {
     Report report;
     closeSound();
-    QString error;
-    if (!writeEditorConfig(config, configPath, &error))
-        report.error(error, {}, configPath);
+    report.append(writeEditorConfig(config, configPath).report());
     return report;
 }
 

@@ -286,8 +286,8 @@ private slots:
         const QString frame = source.filePath(QStringLiteral("gfx/bg1.bmp"));
         QVERIFY(writeFile(frame, "BM frame"));
         const QString zipPath = source.filePath(QStringLiteral("Ice.zip"));
-        QString error;
-        QVERIFY2(writeResourcePackage(zipPath, {frame}, source.path(), &error), qPrintable(error));
+        const Result<void> packed = writeResourcePackage(zipPath, {frame}, source.path());
+        QVERIFY2(packed, qPrintable(packed.errorText()));
 
         ThemeDocument doc;
         unpackedPackage(doc);
