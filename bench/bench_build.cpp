@@ -41,12 +41,12 @@ int main(int argc, char *argv[])
         return 1;
     drawFrames(art, frameCount);
 
-    QString error;
-    const QString theme = writeFramesTheme(work.path(), frameCount, &error);
-    if (theme.isEmpty()) {
-        std::fprintf(stderr, "writing the theme failed: %s\n", qUtf8Printable(error));
+    const Result<QString> written = writeFramesTheme(work.path(), frameCount);
+    if (!written) {
+        std::fprintf(stderr, "writing the theme failed: %s\n", qUtf8Printable(written.errorText()));
         return 1;
     }
+    const QString theme = *written;
 
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(QStringLiteral("TMPDIR"), work.filePath(QStringLiteral("tmp")));

@@ -41,17 +41,18 @@ int main(int argc, char *argv[])
         return 1;
 
     const QString package = work.filePath(QStringLiteral("Frames.zip"));
-    QString error;
-    if (!writeResourcePackage(package, drawFrames(work.filePath(QStringLiteral("frames")), frameCount),
-                              work.filePath(QStringLiteral("frames")), &error)) {
-        std::fprintf(stderr, "packing failed: %s\n", qUtf8Printable(error));
+    const Result<void> packed = writeResourcePackage(
+        package, drawFrames(work.filePath(QStringLiteral("frames")), frameCount), work.filePath(QStringLiteral("frames")));
+    if (!packed) {
+        std::fprintf(stderr, "packing failed: %s\n", qUtf8Printable(packed.errorText()));
         return 1;
     }
-    const QString theme = writeFramesTheme(work.path(), frameCount, &error);
-    if (theme.isEmpty()) {
-        std::fprintf(stderr, "writing the theme failed: %s\n", qUtf8Printable(error));
+    const Result<QString> written = writeFramesTheme(work.path(), frameCount);
+    if (!written) {
+        std::fprintf(stderr, "writing the theme failed: %s\n", qUtf8Printable(written.errorText()));
         return 1;
     }
+    const QString theme = *written;
     std::printf("theme: Type 1, package of %d frames 192x352, %.1f MB\n", frameCount,
                 double(QFileInfo(package).size()) / 1e6);
 

@@ -76,12 +76,12 @@ int main(int argc, char *argv[])
     if (!work.isValid() || !QDir().mkpath(source) || !QDir().mkpath(art) || !QDir().mkpath(magick))
         return 1;
     drawArt(source);
-    QString error;
-    const QString theme = writeFramesTheme(work.path(), 1, &error);
-    if (theme.isEmpty()) {
-        std::fprintf(stderr, "writing the theme failed: %s\n", qUtf8Printable(error));
+    const Result<QString> written = writeFramesTheme(work.path(), 1);
+    if (!written) {
+        std::fprintf(stderr, "writing the theme failed: %s\n", qUtf8Printable(written.errorText()));
         return 1;
     }
+    const QString theme = *written;
     QStringList pictures;
     for (int n = 1; n <= frameCount; ++n)
         pictures << source + QStringLiteral("/frame%1.png").arg(n);

@@ -61,9 +61,8 @@ int main(int argc, char *argv[])
         frames.append(QStringLiteral("%1/bg%2.bmp").arg(art).arg(n));
         image.save(frames.last(), "BMP");
     }
-    QString error;
-    if (!writeResourcePackage(dir.filePath(QStringLiteral("Bench.zip")), frames, art, &error)) {
-        std::fprintf(stderr, "%s\n", qPrintable(error));
+    if (const Result<void> packed = writeResourcePackage(dir.filePath(QStringLiteral("Bench.zip")), frames, art); !packed) {
+        std::fprintf(stderr, "%s\n", qPrintable(packed.errorText()));
         return 1;
     }
 
@@ -78,7 +77,8 @@ int main(int argc, char *argv[])
     for (const char *key : soundRowKeys)
         doc.setText(key, QStringLiteral("%1.wav").arg(QLatin1StringView(key)));
     const QString theme = dir.filePath(QStringLiteral("bench.skt"));
-    writeThemeFile(doc, theme);
+    if (!writeThemeFile(doc, theme))
+        return 1;
 
     const QString cli = QStringLiteral(STAKKO_CLI_PATH);
     const QString tmp = dir.filePath(QStringLiteral("tmp"));
@@ -98,7 +98,8 @@ int main(int argc, char *argv[])
     doc.setNumber(u"themetype", 0);
     doc.setText(u"skinfile", QStringLiteral("skin.bmp"));
     const QString plain = dir.filePath(QStringLiteral("plain.skt"));
-    writeThemeFile(doc, plain);
+    if (!writeThemeFile(doc, plain))
+        return 1;
     QList<double> load;
     for (int i = 0; i < 200; ++i) {
         ThemeDocument target;

@@ -465,7 +465,7 @@ int main(int argc, char **argv)
     QByteArray output;
     QString error;
     if (timedRun(QStringLiteral(STAKKO_CLI_PATH), packed, QProcessEnvironment::systemEnvironment(), &output) < 0
-        || writeFramesTheme(frames, stripFrames, &error).isEmpty()
+        || !(error = writeFramesTheme(frames, stripFrames).errorText()).isEmpty()
         || timedRun(QStringLiteral(STAKKO_CLI_PATH),
                     {QStringLiteral("set"), frames + QStringLiteral("/Frames.skt"), QStringLiteral("-s"),
                      QStringLiteral("bgdelaybetweenframes=%1").arg(frameDelay)},

@@ -71,10 +71,10 @@ int main(int argc, char *argv[])
     QDir().mkpath(work.filePath(QStringLiteral("tmp")));
 
     const QString package = work.filePath(QStringLiteral("Frames.zip"));
-    QString error;
-    if (!writeResourcePackage(package, makeFrames(work.filePath(QStringLiteral("src"))),
-                              work.filePath(QStringLiteral("src")), &error)) {
-        std::fprintf(stderr, "packing failed: %s\n", qUtf8Printable(error));
+    const Result<void> packed =
+        writeResourcePackage(package, makeFrames(work.filePath(QStringLiteral("src"))), work.filePath(QStringLiteral("src")));
+    if (!packed) {
+        std::fprintf(stderr, "packing failed: %s\n", qUtf8Printable(packed.errorText()));
         return 1;
     }
     std::printf("package: %d frames 192x352, %.1f MB\n", frameCount,

@@ -84,7 +84,7 @@ inline double timedRun(const QString &program, const QStringList &args, const QP
 }
 
 /** Frames.skt in \a folder: a Type 1 theme whose background names \a count frames of Frames.zip. */
-inline QString writeFramesTheme(const QString &folder, int count, QString *error)
+inline Result<QString> writeFramesTheme(const QString &folder, int count)
 {
     ThemeDocument doc;
     doc.resetTheme();
@@ -95,5 +95,7 @@ inline QString writeFramesTheme(const QString &folder, int count, QString *error
                                      {"bgframecount", frames}})
         doc.setValue(ThemeDocument::requireIndex(QLatin1StringView(key)), value);
     const QString theme = folder + QStringLiteral("/Frames.skt");
-    return writeThemeFile(doc, theme, error) ? theme : QString();
+    if (Result<void> written = writeThemeFile(doc, theme); !written)
+        return written.takeReport();
+    return theme;
 }

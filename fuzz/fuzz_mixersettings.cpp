@@ -24,8 +24,8 @@ EditorConfig readConfig(const QString &path)
 
 void writeConfig(const EditorConfig &config, const QString &path)
 {
-    QString error;
-    require(writeEditorConfig(config, path, &error), QStringLiteral("writeEditorConfig failed: ") + error);
+    const Result<void> written = writeEditorConfig(config, path);
+    require(written.ok(), QStringLiteral("writeEditorConfig failed: ") + written.errorText());
 }
 
 QString configText(const EditorConfig &config)

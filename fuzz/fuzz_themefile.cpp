@@ -31,15 +31,10 @@ bool load(ThemeDocument &doc, const QString &path)
     return loadThemeFile(doc, path, dialogs, extract).loaded;
 }
 
-bool bytesOf(const ThemeDocument &doc, QByteArray *bytes)
-{
-    return themeFileBytes(doc, bytes);
-}
-
 void save(const ThemeDocument &doc, const QString &path)
 {
-    QString error;
-    require(writeThemeFile(doc, path, &error), QStringLiteral("writeThemeFile failed: ") + error);
+    const Result<void> written = writeThemeFile(doc, path);
+    require(written.ok(), QStringLiteral("writeThemeFile failed: ") + written.errorText());
 }
 
 QByteArray fileBytes(const QString &path)
@@ -109,16 +104,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     // A file that does not load whole still leaves a document the editor could save as a new file.
     ThemeDocument first;
     load(first, path);
-    QByteArray firstBytes;
-    if (!bytesOf(first, &firstBytes))
+    const Result<QByteArray> firstBytes = themeFileBytes(first);
+    if (!firstBytes)
         return 0; // a text Windows-1252 cannot hold: refusing it is the documented answer
     save(first, path);
-    require(fileBytes(path) == firstBytes, QStringLiteral("the saved file differs from themeFileBytes()"));
+    require(fileBytes(path) == *firstBytes, QStringLiteral("the saved file differs from themeFileBytes()"));
 
     ThemeDocument second;
     require(load(second, path), QStringLiteral("a saved theme does not load"));
-    QByteArray secondBytes;
-    require(bytesOf(second, &secondBytes), QStringLiteral("a theme loaded from a saved file cannot be saved"));
+    const Result<QByteArray> secondBytes = themeFileBytes(second);
+    require(secondBytes.ok(), QStringLiteral("a theme loaded from a saved file cannot be saved"));
     if (!readsBackUnchanged(first))
         return 0;
     save(second, path);
@@ -127,8 +122,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     require(load(third, path), QStringLiteral("a saved theme does not load"));
     const QString difference = firstDifference(stateOf(second), stateOf(third));
     require(difference.isEmpty(), QStringLiteral("a saved theme changed on saving and loading again: ") + difference);
-    QByteArray thirdBytes;
-    require(bytesOf(third, &thirdBytes) && thirdBytes == secondBytes,
+    const Result<QByteArray> thirdBytes = themeFileBytes(third);
+    require(thirdBytes && *thirdBytes == *secondBytes,
             QStringLiteral("a saved theme saves to other bytes after loading"));
     return 0;
 }

@@ -56,8 +56,7 @@ int main(int argc, char *argv[])
         if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG"))
             return fail(QStringLiteral("the picture could not be encoded as PNG"));
     }
-    QString error;
-    if (!writeWholeFile(output, bytes, &error))
-        return fail(QStringLiteral("could not write %1: %2").arg(output, error));
+    if (const Result<void> written = writeWholeFile(output, bytes); !written)
+        return fail(QStringLiteral("could not write %1: %2").arg(output, written.errorText()));
     return 0;
 }

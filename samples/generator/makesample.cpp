@@ -847,9 +847,8 @@ private:
     bool saveBytes(const QByteArray &bytes, const QString &name)
     {
         const QString path = m_work.filePath(name);
-        QString reason;
-        if (!writeWholeFile(path, bytes, &reason)) {
-            m_error = QStringLiteral("Cannot write %1: %2").arg(path, reason);
+        if (const Result<void> written = writeWholeFile(path, bytes); !written) {
+            m_error = QStringLiteral("Cannot write %1: %2").arg(path, written.errorText());
             return false;
         }
         m_files.append(path);
@@ -902,13 +901,12 @@ int main(int argc, char *argv[])
         return fail(builder.error());
     doc.setText(u"description", sampleDescription(doc));
 
-    QString error;
     const QString zipPath = out.filePath(QStringLiteral("StakkoSample.zip"));
-    if (!writeResourcePackage(zipPath, builder.files(), work.path(), &error))
-        return fail(error);
+    if (const Result<void> packed = writeResourcePackage(zipPath, builder.files(), work.path()); !packed)
+        return fail(packed.errorText());
     const QString themePath = out.filePath(QStringLiteral("StakkoSample.skt"));
-    if (!writeThemeFile(doc, themePath, &error))
-        return fail(error);
+    if (const Result<void> written = writeThemeFile(doc, themePath); !written)
+        return fail(written.errorText());
     std::printf("Wrote %s and %s (%lld files packed)\n", qPrintable(themePath), qPrintable(zipPath),
                 qlonglong(builder.files().size()));
     return 0;

@@ -76,7 +76,7 @@ bool savePicture(QWidget &widget, const QString &path)
     QBuffer buffer(&png);
     QString reason = QStringLiteral("the picture could not be encoded");
     if (!buffer.open(QIODevice::WriteOnly) || !widget.grab().save(&buffer, "PNG")
-        || !writeWholeFile(path, png, &reason)) {
+        || !(reason = writeWholeFile(path, png).errorText()).isEmpty()) {
         std::fprintf(stderr, "Could not write %s: %s\n", qPrintable(path), qPrintable(reason));
         return false;
     }

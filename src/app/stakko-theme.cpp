@@ -342,10 +342,10 @@ int packCommand(Session &s)
 {
     if (s.o.output.isEmpty() || s.o.positional.isEmpty())
         throw UsageError{QStringLiteral("pack needs -o PACKAGE.zip and at least one file")};
-    QString error;
-    if (!writeResourcePackage(s.o.output, s.o.positional, s.o.root.isEmpty() ? QDir::currentPath() : s.o.root,
-                              &error)) {
-        std::fprintf(stderr, "Error: %s\n", qUtf8Printable(error));
+    const Result<void> written =
+        writeResourcePackage(s.o.output, s.o.positional, s.o.root.isEmpty() ? QDir::currentPath() : s.o.root);
+    if (!written) {
+        std::fprintf(stderr, "Error: %s\n", qUtf8Printable(written.errorText()));
         return ExitError;
     }
     return ExitOk;

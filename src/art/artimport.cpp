@@ -61,12 +61,12 @@ QString writeStaged(const QString &path, const QByteArray &bytes)
     return {};
 }
 
-bool renamed(const QString &from, const QString &to, QString *error)
+Result<void> renamed(const QString &from, const QString &to)
 {
     if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0)
-        return true;
-    *error = QStringLiteral("%1 could not be moved to %2: %3.").arg(shown(from), shown(to), systemReason(errno));
-    return false;
+        return {};
+    return Result<void>::fail(
+        QStringLiteral("%1 could not be moved to %2: %3.").arg(shown(from), shown(to), systemReason(errno)));
 }
 
 /** A name inside the folder: "/" separators, nothing that climbs out. */
@@ -96,41 +96,40 @@ class FolderSwap
 public:
     FolderSwap(QString folder, QString staging) : m_folder(std::move(folder)), m_staging(std::move(staging)) {}
 
-    bool put(const QString &name, QString *error)
+    Result<void> put(const QString &name)
     {
         const QString target = m_folder + u'/' + name;
-        if (!QDir().mkpath(QFileInfo(target).absolutePath())) {
-            *error = QStringLiteral("Could not make the folder for %1.").arg(shown(target));
-            return false;
-        }
-        if (!moveAside(name, error))
-            return false;
-        if (!renamed(m_staging + QStringLiteral("/new/") + name, target, error))
-            return false;
+        if (!QDir().mkpath(QFileInfo(target).absolutePath()))
+            return Result<void>::fail(QStringLiteral("Could not make the folder for %1.").arg(shown(target)));
+        if (Result<void> aside = moveAside(name); !aside)
+            return aside;
+        if (Result<void> moved = renamed(m_staging + QStringLiteral("/new/") + name, target); !moved)
+            return moved;
         m_placed.append(name);
-        return true;
+        return {};
     }
 
     /** Moves \a name out of the folder (when it is there) to where undo() finds it. */
-    bool moveAside(const QString &name, QString *error)
+    Result<void> moveAside(const QString &name)
     {
         const QString target = m_folder + u'/' + name;
         if (!QFileInfo::exists(target) && !QFileInfo(target).isSymLink())
-            return true;
+            return {};
         const QString old = m_staging + QStringLiteral("/old/") + name;
-        if (!QDir().mkpath(QFileInfo(old).absolutePath()) || !renamed(target, old, error))
-            return false;
+        if (!QDir().mkpath(QFileInfo(old).absolutePath()))
+            return Result<void>::fail(QStringLiteral("Could not make the folder for %1.").arg(shown(old)));
+        if (Result<void> moved = renamed(target, old); !moved)
+            return moved;
         m_aside.append(name);
-        return true;
+        return {};
     }
 
     void undo()
     {
-        QString ignored;
         for (const QString &name : std::as_const(m_placed))
             QFile::remove(m_folder + u'/' + name);
         for (const QString &name : std::as_const(m_aside))
-            renamed(m_staging + QStringLiteral("/old/") + name, m_folder + u'/' + name, &ignored);
+            (void)renamed(m_staging + QStringLiteral("/old/") + name, m_folder + u'/' + name);
         m_placed.clear();
         m_aside.clear();
     }
@@ -138,14 +137,13 @@ public:
     /** Files moved aside that nothing took the place of, kept in the folder's "replaced" folder. */
     void keepUnreplaced()
     {
-        QString ignored;
         for (const QString &name : std::as_const(m_aside)) {
             if (m_placed.contains(name))
                 continue;
             const QString kept = m_folder + QStringLiteral("/replaced/") + name;
             QDir().mkpath(QFileInfo(kept).absolutePath());
             QFile::remove(kept);
-            renamed(m_staging + QStringLiteral("/old/") + name, kept, &ignored);
+            (void)renamed(m_staging + QStringLiteral("/old/") + name, kept);
         }
     }
 
@@ -343,28 +341,27 @@ private:
     void place()
     {
         FolderSwap swap(m_report.folder, m_staging);
-        QString error;
         const auto fail = [&](const QString &text) {
             swap.undo();
             m_report.error(text);
         };
         for (const QString &name : std::as_const(m_report.files)) {
-            if (!swap.put(name, &error))
-                return fail(error);
+            if (const Result<void> put = swap.put(name); !put)
+                return fail(put.errorText());
         }
         for (const QString &name : staleFrames()) {
-            if (!swap.moveAside(name, &error))
-                return fail(error);
+            if (const Result<void> aside = swap.moveAside(name); !aside)
+                return fail(aside.errorText());
         }
 
         ThemeDocument updated;
         updated.assignFrom(m_doc);
         apply(updated);
-        QByteArray bytes;
-        if (!themeFileBytes(updated, &bytes, &error))
-            return fail(error);
+        const Result<QByteArray> bytes = themeFileBytes(updated);
+        if (!bytes)
+            return fail(bytes.errorText());
         SafeFile theme(m_doc.currentThemeFile());
-        if (!theme.open() || !theme.write(bytes) || !theme.finishAside())
+        if (!theme.open() || !theme.write(*bytes) || !theme.finishAside())
             return fail(QStringLiteral("%1 could not be saved: %2.").arg(shown(m_doc.currentThemeFile()), theme.errorString()));
         if (updated.number(u"themetype") == 1 && !buildPackage(updated)) {
             swap.undo(); // the theme's new bytes, never published, go with the SafeFile

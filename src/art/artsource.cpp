@@ -4,6 +4,7 @@
 #include "art/artsource.h"
 
 #include "art/parallel.h"
+#include "common/result.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -65,8 +66,9 @@ PictureFrames readPicture(const QString &path, QSize sheet, const FrameConversio
 }
 
 /** The picture files \a sources stand for, in order; an error for a source that gives none. */
-QStringList pictureFiles(const QStringList &sources, Report &report)
+Result<QStringList> pictureFiles(const QStringList &sources)
 {
+    Report report;
     QStringList files;
     for (const QString &source : sources) {
         const QFileInfo info(source);
@@ -86,6 +88,8 @@ QStringList pictureFiles(const QStringList &sources, Report &report)
             files.append(source);
         }
     }
+    if (report.hasErrors())
+        return report;
     return files;
 }
 
@@ -148,9 +152,11 @@ ArtFrames readArtFrames(const QStringList &sources, QSize sheet, const ArtProgre
     ArtFrames out;
     if (sources.isEmpty())
         out.error(QStringLiteral("No art was given to import."));
-    const QStringList files = pictureFiles(sources, out);
+    const Result<QStringList> found = pictureFiles(sources);
+    out.append(found.report());
     if (out.hasErrors())
         return out;
+    const QStringList &files = *found;
     // Pictures decode on every core; an animation's frames, one after another, on one.
     QList<PictureFrames> read(files.size());
     if (!parallelFor(files.size(), [&](qsizetype i) { read[i] = readPicture(files.at(i), sheet, convert); }, progress)) {

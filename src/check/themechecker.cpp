@@ -208,11 +208,11 @@ private:
 
     void numbers(const AnimatedElement &e)
     {
-        Report broken;
-        const FrameSettings settings = readFrameSettings(m_doc, e, broken);
+        const Result<FrameSettings> read = readFrameSettings(m_doc, e);
+        const FrameSettings &settings = *read;
         bool countRead = true;
         bool startRead = e.startingFrameField != nullptr;
-        for (Problem p : broken.problems) {
+        for (Problem p : read.report().problems) {
             countRead = countRead && p.field != QLatin1StringView(e.frameCountField);
             startRead = startRead && p.field != QLatin1StringView(e.startingFrameField);
             p.code = QStringLiteral("number-invalid");

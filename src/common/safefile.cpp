@@ -159,12 +159,10 @@ void SafeFile::cancel()
     }
 }
 
-bool writeWholeFile(const QString &path, const QByteArray &bytes, QString *error)
+Result<void> writeWholeFile(const QString &path, const QByteArray &bytes)
 {
     SafeFile file(path);
     if (file.open() && file.write(bytes) && file.commit())
-        return true;
-    if (error)
-        *error = file.errorString();
-    return false;
+        return {};
+    return Result<void>::fail(file.errorString(), {}, path);
 }

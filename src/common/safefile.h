@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/result.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -62,5 +64,5 @@ private:
 /** The system's own words for errno value \a error ("No space left on device"). */
 QString systemReason(int error);
 
-/** \a bytes written whole to \a path with SafeFile; false and \a error filled when not. */
-bool writeWholeFile(const QString &path, const QByteArray &bytes, QString *error);
+/** \a bytes written whole to \a path with SafeFile; when not, the error is the system's reason. */
+Result<void> writeWholeFile(const QString &path, const QByteArray &bytes);

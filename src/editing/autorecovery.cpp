@@ -102,9 +102,9 @@ Report AutoRecovery::announceOldKeptFiles(const QString &folder)
 
     // Only files still there are remembered, so the list never outgrows the folder.
     const QByteArray bytes = copies.join(u'\n').toUtf8() + '\n';
-    QString reason;
-    if (!writeWholeFile(listPath, bytes, &reason))
-        report.error(QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(listPath), reason), {}, listPath);
+    if (const Result<void> written = writeWholeFile(listPath, bytes); !written)
+        report.error(QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(listPath), written.errorText()),
+                     {}, listPath);
     return report;
 }
 
@@ -203,11 +203,11 @@ Result<void> AutoRecovery::writeCopy()
         {QStringLiteral("page"), m_page ? m_page() : 0},
         {QStringLiteral("written"), now.toString(Qt::ISODateWithMs)},
     };
-    QString why;
     // The theme file is for a person to open; the state alone restores, so it goes last.
-    if (!writeThemeFile(m_doc, m_copy + themeName, &why)
-        || !writeWholeFile(m_copy + stateName, QJsonDocument(state).toJson(), &why))
-        return fail(why);
+    if (const Result<void> written = writeThemeFile(m_doc, m_copy + themeName); !written)
+        return fail(written.errorText());
+    if (const Result<void> written = writeWholeFile(m_copy + stateName, QJsonDocument(state).toJson()); !written)
+        return fail(written.errorText());
     m_lastWrite = now;
     m_changed = false;
     return {};

@@ -163,14 +163,13 @@ bool browseArtFolder(ThemeDocument &doc, Dialogs &dialogs)
     return true;
 }
 
-bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs, Report &report)
+Result<bool> browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs)
 {
     const QString chosen = browseForFile(dialogs, zipFilter, QString());
     if (chosen.isEmpty())
         return false;
     const UnpackReport unpacked = extractResourcePackage(chosen, dialogs);
-    report.append(unpacked);
     doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
     doc.setText(u"resourcefile", chosen);
-    return true;
+    return Result<bool>(true, unpacked);
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/result.h"
+
 #include <QLatin1StringView>
 #include <QString>
 #include <QStringList>
@@ -10,7 +12,6 @@
 #include <optional>
 
 class Dialogs;
-struct Report;
 class ThemeDocument;
 
 // Open-dialog filters in the "Description|pattern|...|" form the Dialogs interface takes.
@@ -77,10 +78,11 @@ bool browseSound(ThemeDocument &doc, Dialogs &dialogs, int row);
  */
 bool browseMusic(ThemeDocument &doc, Dialogs &dialogs);
 /**
- * Resource package: unpacks the chosen zip (adding its problems to \a report), makes its folder
- * the package folder and stores the full chosen path as the resource file.
+ * Resource package: unpacks the chosen zip, makes its folder the package folder and stores the
+ * full chosen path as the resource file. The value says whether a zip was chosen; the unpacking's
+ * problems ride along in the report, errors too, since what did unpack is still the package.
  */
-bool browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs, Report &report);
+Result<bool> browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs);
 /**
  * A folder of art as the package folder, so a theme can start before its package exists:
  * previews read from it, Browse stores names relative to it and Build packs from it. A theme

@@ -181,12 +181,12 @@ Result<bool> FileCommands::guard()
 
 Result<void> FileCommands::writeTo(const QString &path)
 {
-    QString error;
-    if (writeThemeFile(m_doc, path, &error)) {
+    const Result<void> written = writeThemeFile(m_doc, path);
+    if (written) {
         if (m_afterLoadOrSave)
             m_afterLoadOrSave(Done::Saved);
         return {};
     }
     // The author must learn why the theme is still unsaved; the command's state stays "changed".
-    return Result<void>::fail(error, {}, path);
+    return Result<void>::fail(written.errorText(), {}, path);
 }

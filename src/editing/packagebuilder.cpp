@@ -87,9 +87,8 @@ public:
         if (m_report.hasErrors())
             return m_report;
         gather(from);
-        QString error;
-        if (!writePackageEntries(m_report.package, m_entries, &error, progress)) {
-            m_report.error(error, QStringLiteral("resourcefile"), m_report.package);
+        if (const Result<void> written = writePackageEntries(m_report.package, m_entries, progress); !written) {
+            m_report.error(written.errorText(), QStringLiteral("resourcefile"), m_report.package);
             return m_report;
         }
         m_report.written = true;

@@ -128,9 +128,7 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
     addBrowseRow(QStringLiteral("cmdBrowseMusic"), fieldControl("midi"), musicFilter,
                  [this](Dialogs &d) { browseMusic(m_doc, d); });
     addBrowseRow(QStringLiteral("cmdBrowseResource"), fieldControl("resourcefile"), zipFilter, [this](Dialogs &d) {
-        Report report;
-        browseResourcePackage(m_doc, d, report);
-        m_dialogs.show(report);
+        m_dialogs.show(browseResourcePackage(m_doc, d).report());
     });
 
     m_window.onRowClick(soundRows.show, soundRows.keys, this, [this](int row) {

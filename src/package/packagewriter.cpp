@@ -39,55 +39,56 @@ time_t fixedEntryTime()
     return time_t(QDateTime(QDate(2000, 1, 1), QTime(0, 0)).toSecsSinceEpoch());
 }
 
-bool fail(QString *error, const QString &text)
+/** A report holding the one error \a text: a failed Result of any kind. */
+Report failure(const QString &text)
 {
-    if (error)
-        *error = text;
-    return false;
+    Report report;
+    report.error(text);
+    return report;
 }
 
-bool collectFiles(const QStringList &files, const QString &root, QList<PackageEntry> *out,
-                  QString *error)
+Result<QList<PackageEntry>> collectFiles(const QStringList &files, const QString &root)
 {
+    QList<PackageEntry> out;
     const QDir rootDir(QFileInfo(root).absoluteFilePath());
     for (const QString &file : files) {
         const QFileInfo info(file);
         const QString name = rootDir.relativeFilePath(info.absoluteFilePath());
         if (name.isEmpty() || name == u"." || name == u".." || name.startsWith(u"../")
             || QDir::isAbsolutePath(name) || leadsOutOfFolder(rootDir.path(), name))
-            return fail(error, QStringLiteral("%1 is not inside the folder %2.")
-                                   .arg(file, QDir::toNativeSeparators(rootDir.path())));
+            return failure(QStringLiteral("%1 is not inside the folder %2.")
+                               .arg(file, QDir::toNativeSeparators(rootDir.path())));
         if (!info.isFile())
-            return fail(error, QStringLiteral("%1 is not a file that can be packed.").arg(file));
-        out->append({name, info.absoluteFilePath()});
+            return failure(QStringLiteral("%1 is not a file that can be packed.").arg(file));
+        out.append({name, info.absoluteFilePath()});
     }
-    return true;
+    return out;
 }
 
-bool setEncryption(archive *a, const PackageWriteOptions &options, QString *error)
+Result<void> setEncryption(archive *a, const PackageWriteOptions &options)
 {
     if (options.encryption == PackageEncryption::None)
-        return true;
+        return {};
     QByteArray password;
     if (options.password.isEmpty())
-        return fail(error, QStringLiteral("An encrypted package needs a password."));
+        return failure(QStringLiteral("An encrypted package needs a password."));
     // The same code page the extractor uses for the answer to its password question.
     if (!AnsiText::encode(options.password, &password))
-        return fail(error, QStringLiteral("The password may only use Windows-1252 letters."));
+        return failure(QStringLiteral("The password may only use Windows-1252 letters."));
     const char *setting = options.encryption == PackageEncryption::Aes256 ? "zip:encryption=aes256"
                                                                           : "zip:encryption=zipcrypt";
     if (archive_write_set_options(a, setting) != ARCHIVE_OK
         || archive_write_set_passphrase(a, password.constData()) != ARCHIVE_OK)
-        return fail(error, QStringLiteral("This system cannot encrypt packages: %1")
-                               .arg(QString::fromLocal8Bit(archive_error_string(a))));
-    return true;
+        return failure(QStringLiteral("This system cannot encrypt packages: %1")
+                           .arg(QString::fromLocal8Bit(archive_error_string(a))));
+    return {};
 }
 
-bool addFile(archive *a, const PackageEntry &file, time_t mtime, QByteArray &buffer, QString *error)
+Result<void> addFile(archive *a, const PackageEntry &file, time_t mtime, QByteArray &buffer)
 {
     QFile in(file.source);
     if (!in.open(QIODevice::ReadOnly))
-        return fail(error, QStringLiteral("Could not read %1: %2").arg(file.source, in.errorString()));
+        return failure(QStringLiteral("Could not read %1: %2").arg(file.source, in.errorString()));
 
     std::unique_ptr<archive_entry, EntryDeleter> entry(archive_entry_new());
     archive_entry_set_pathname_utf8(entry.get(), file.name.toUtf8().constData());
@@ -96,55 +97,57 @@ bool addFile(archive *a, const PackageEntry &file, time_t mtime, QByteArray &buf
     archive_entry_set_size(entry.get(), in.size());
     archive_entry_set_mtime(entry.get(), mtime, 0);
     if (archive_write_header(a, entry.get()) < ARCHIVE_WARN)
-        return fail(error, QStringLiteral("Could not add %1: %2")
-                               .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
+        return failure(QStringLiteral("Could not add %1: %2")
+                           .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
 
     qint64 total = 0;
     for (;;) {
         const qint64 got = in.read(buffer.data(), buffer.size());
         if (got < 0)
-            return fail(error, QStringLiteral("Could not read %1: %2").arg(file.source, in.errorString()));
+            return failure(QStringLiteral("Could not read %1: %2").arg(file.source, in.errorString()));
         if (got == 0)
             break;
         if (archive_write_data(a, buffer.constData(), size_t(got)) != got)
-            return fail(error, QStringLiteral("Could not add %1: %2")
-                                   .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
+            return failure(QStringLiteral("Could not add %1: %2")
+                               .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
         total += got;
     }
     if (total != archive_entry_size(entry.get()))
-        return fail(error, QStringLiteral("%1 changed while it was packed.").arg(file.source));
-    return true;
+        return failure(QStringLiteral("%1 changed while it was packed.").arg(file.source));
+    return {};
 }
 
 } // namespace
 
-bool writeResourcePackage(const QString &zipPath, const QStringList &files, const QString &root,
-                          QString *error, const PackageWriteOptions &options)
+Result<void> writeResourcePackage(const QString &zipPath, const QStringList &files, const QString &root,
+                                  const PackageWriteOptions &options)
 {
-    QList<PackageEntry> packed;
-    return collectFiles(files, root, &packed, error) && writePackageEntries(zipPath, packed, error, {}, options);
+    Result<QList<PackageEntry>> packed = collectFiles(files, root);
+    if (!packed)
+        return packed.takeReport();
+    return writePackageEntries(zipPath, *packed, {}, options);
 }
 
-bool writePackageEntries(const QString &zipPath, const QList<PackageEntry> &packed, QString *error,
-                         const PackageProgress &progress, const PackageWriteOptions &options)
+Result<void> writePackageEntries(const QString &zipPath, const QList<PackageEntry> &packed,
+                                 const PackageProgress &progress, const PackageWriteOptions &options)
 {
     // Whatever asked for it, no entry may unpack outside the folder it is unpacked into.
     for (const PackageEntry &entry : packed) {
         const std::optional<QStringList> parts = entryNameParts(entry.name);
         if (!parts || parts->isEmpty())
-            return fail(error, QStringLiteral("%1 cannot be stored in a package: the name points outside the "
-                                              "folder it unpacks into.")
-                                   .arg(entry.name));
+            return failure(QStringLiteral("%1 cannot be stored in a package: the name points outside the "
+                                          "folder it unpacks into.")
+                               .arg(entry.name));
     }
     SafeFile out(zipPath);
     if (!out.open())
-        return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
+        return failure(QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
     // The system's reason for a failed write beats libarchive's generic one.
     const auto writeFailure = [&](archive *a) {
         const QString reason = out.errorString().isEmpty()
                                    ? QString::fromLocal8Bit(archive_error_string(a))
                                    : out.errorString();
-        return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, reason));
+        return failure(QStringLiteral("Could not write %1: %2").arg(zipPath, reason));
     };
 
     std::unique_ptr<archive, ArchiveWriteDeleter> zip(archive_write_new());
@@ -152,10 +155,10 @@ bool writePackageEntries(const QString &zipPath, const QList<PackageEntry> &pack
     if (archive_write_set_format_zip(a) != ARCHIVE_OK
         || archive_write_set_options(a, "zip:compression=deflate,zip:hdrcharset=UTF-8") != ARCHIVE_OK
         || archive_write_set_bytes_in_last_block(a, 1) != ARCHIVE_OK)
-        return fail(error, QStringLiteral("Could not set up the zip writer: %1")
-                               .arg(QString::fromLocal8Bit(archive_error_string(a))));
-    if (!setEncryption(a, options, error))
-        return false;
+        return failure(QStringLiteral("Could not set up the zip writer: %1")
+                           .arg(QString::fromLocal8Bit(archive_error_string(a))));
+    if (Result<void> encrypting = setEncryption(a, options); !encrypting)
+        return encrypting;
     if (archive_write_open(a, &out, nullptr, writeToSafeFile, nullptr) != ARCHIVE_OK)
         return writeFailure(a);
 
@@ -163,14 +166,14 @@ bool writePackageEntries(const QString &zipPath, const QList<PackageEntry> &pack
     // One buffer for every file: fresh pages for each would cost more than the reading.
     QByteArray buffer(256 * 1024, Qt::Uninitialized);
     for (qsizetype i = 0; i < packed.size(); ++i) {
-        if (!addFile(a, packed.at(i), mtime, buffer, error))
-            return out.errorString().isEmpty() ? false : writeFailure(a);
+        if (Result<void> added = addFile(a, packed.at(i), mtime, buffer); !added)
+            return out.errorString().isEmpty() ? added : writeFailure(a);
         if (progress && !progress(i + 1, packed.size()))
-            return fail(error, QStringLiteral("Writing %1 was cancelled.").arg(zipPath));
+            return failure(QStringLiteral("Writing %1 was cancelled.").arg(zipPath));
     }
     if (archive_write_close(a) != ARCHIVE_OK)
         return writeFailure(a);
     if (!out.commit())
-        return fail(error, QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
-    return true;
+        return failure(QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
+    return {};
 }

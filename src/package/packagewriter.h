@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/result.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -26,12 +28,11 @@ struct PackageWriteOptions {
  * \a files and \a root count from the current folder. Entries keep the given order and carry
  * a fixed date, so packing the same files again gives the same bytes (unless encrypted).
  *
- * Returns false and fills \a error when a file is outside \a root (a link leading out of it
- * counts), cannot be read, or the archive cannot be written; an existing archive at \a zipPath
- * is then untouched.
+ * Fails when a file is outside \a root (a link leading out of it counts), cannot be read, or the
+ * archive cannot be written; an existing archive at \a zipPath is then untouched.
  */
-bool writeResourcePackage(const QString &zipPath, const QStringList &files, const QString &root,
-                          QString *error = nullptr, const PackageWriteOptions &options = {});
+Result<void> writeResourcePackage(const QString &zipPath, const QStringList &files, const QString &root,
+                                  const PackageWriteOptions &options = {});
 
 struct PackageEntry {
     QString name;   // as stored, "/" separators
@@ -46,9 +47,9 @@ using PackageProgress = std::function<bool(qsizetype done, qsizetype total)>;
 
 /**
  * writeResourcePackage() with each entry's stored name given: entries in the given order, the
- * same fixed date, the same bytes for the same input. False and \a error filled when a name
- * would unpack outside the package folder (absolute, a drive letter, a ".." part, "\\" counting
- * as "/"), a file cannot be read, the archive cannot be written or \a progress stopped it.
+ * same fixed date, the same bytes for the same input. Fails when a name would unpack outside the
+ * package folder (absolute, a drive letter, a ".." part, "\\" counting as "/"), a file cannot be
+ * read, the archive cannot be written or \a progress stopped it.
  */
-bool writePackageEntries(const QString &zipPath, const QList<PackageEntry> &entries, QString *error = nullptr,
-                         const PackageProgress &progress = {}, const PackageWriteOptions &options = {});
+Result<void> writePackageEntries(const QString &zipPath, const QList<PackageEntry> &entries,
+                                 const PackageProgress &progress = {}, const PackageWriteOptions &options = {});

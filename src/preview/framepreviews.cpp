@@ -146,15 +146,15 @@ Report FramePreviews::startFramePreview(int element)
     const FieldIndexes &f = m_fields[size_t(element)];
     if (f.animated >= 0 && m_doc.number(f.animated) != 1)
         return report;
-    Report found;
-    const FrameSettings settings = readFrameSettings(m_doc, animatedElements[element], found);
-    if (!found.isEmpty()) {
-        report.add(found.problems.first()); // the author fixes one number at a time
+    const Result<FrameSettings> read = readFrameSettings(m_doc, animatedElements[element]);
+    if (!read.report().isEmpty()) {
+        report.add(read.report().problems.first()); // the author fixes one number at a time
         return report;
     }
+    const FrameSettings &settings = *read;
 
-    if (!startLoad(element, settings.frameCount, report))
-        return report;
+    if (const Result<bool> started = startLoad(element, settings.frameCount); !started.valueOr(false))
+        return started.report();
     m_states[size_t(element)] = {settings.startingFrame, 0, settings.frameCount, settings.delay,
                                  settings.startingFrame, {}, {}};
     m_timers[size_t(element)]->start();
@@ -163,12 +163,12 @@ Report FramePreviews::startFramePreview(int element)
 
 Report FramePreviews::reloadStrip(int element)
 {
-    Report report;
     if (!m_timers[size_t(element)]->isActive())
-        return report;
-    if (startLoad(element, m_states[size_t(element)].frameCount, report))
+        return {};
+    const Result<bool> started = startLoad(element, m_states[size_t(element)].frameCount);
+    if (started.valueOr(false))
         finishLoading();
-    return report;
+    return started.report();
 }
 
 void FramePreviews::replaceStrip(int element, QImage &built)
@@ -186,7 +186,7 @@ void FramePreviews::replaceStrip(int element, QImage &built)
     }
 }
 
-bool FramePreviews::startLoad(int element, double frameCount, Report &report)
+Result<bool> FramePreviews::startLoad(int element, double frameCount)
 {
     if (m_handling)
         return false; // a load is showing its progress, which lets this click through
@@ -199,16 +199,12 @@ bool FramePreviews::startLoad(int element, double frameCount, Report &report)
         QStringLiteral("The %1 animation is too large to preview: %2 frames need more than "
                        "1 GiB of memory.")
             .arg(QString::fromLatin1(e.caption), m_doc.value(m_fields[size_t(element)].frameCount).trimmed());
-    if (FrameStrip::bytesNeeded(e, frameCount) > FrameStrip::maximumBytes) {
-        report.error(tooLarge, QString::fromLatin1(e.frameCountField));
-        return false;
-    }
+    if (FrameStrip::bytesNeeded(e, frameCount) > FrameStrip::maximumBytes)
+        return Result<bool>::fail(tooLarge, QString::fromLatin1(e.frameCountField));
     finishLoading(); // one load at a time: the one running ends first
     QImage built = FrameStrip::allocate(e, frameCount);
-    if (built.isNull()) {
-        report.error(tooLarge, QString::fromLatin1(e.frameCountField));
-        return false;
-    }
+    if (built.isNull())
+        return Result<bool>::fail(tooLarge, QString::fromLatin1(e.frameCountField));
 
     auto load = std::make_unique<PendingLoad>();
     load->element = element;

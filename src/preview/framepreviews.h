@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "common/report.h"
+#include "common/result.h"
 #include "theme/animatedelement.h"
 
 #include <QImage>
@@ -164,7 +164,8 @@ private:
     };
 
     struct PendingLoad;
-    bool startLoad(int element, double frameCount, Report &report);
+    /** Whether a load started; false when there is nothing to load now, a failure when too large. */
+    Result<bool> startLoad(int element, double frameCount);
     void postArrivals();
     void arrivalsPosted();
     void takeArrivals(bool waitForOne);

@@ -7,9 +7,10 @@
 #include "theme/themedocument.h"
 #include "preview/framesequence.h"
 
-FrameSettings readFrameSettings(const ThemeDocument &doc, const AnimatedElement &element, Report &report)
+Result<FrameSettings> readFrameSettings(const ThemeDocument &doc, const AnimatedElement &element)
 {
     FrameSettings settings;
+    Report report;
     // The field's number, or nothing after reporting it.
     const auto number = [&](const char *key, bool zeroAllowed, const char *message) {
         const auto value = parseAuthorNumber(doc.value(QLatin1StringView(key)));
@@ -26,5 +27,5 @@ FrameSettings readFrameSettings(const ThemeDocument &doc, const AnimatedElement 
     }
     if (const auto delay = number(element.delayField, true, "Delay between frames needs to be 0 or greater!"))
         settings.delay = *delay;
-    return settings;
+    return Result<FrameSettings>(settings, std::move(report));
 }

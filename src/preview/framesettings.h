@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "common/report.h"
+#include "common/result.h"
 
 class ThemeDocument;
 struct AnimatedElement;
@@ -17,7 +17,7 @@ struct FrameSettings {
 
 /**
  * Reads \a element's number of frames, starting frame and delay from \a doc with the Preview
- * button's rules. Each number that breaks them adds an error to \a report, in that order, with
- * its field and the button's message, and keeps its default here.
+ * button's rules. The settings always come back: each number that breaks the rules keeps its
+ * default and adds an error to the report, in that order, with its field and the button's message.
  */
-FrameSettings readFrameSettings(const ThemeDocument &doc, const AnimatedElement &element, Report &report);
+Result<FrameSettings> readFrameSettings(const ThemeDocument &doc, const AnimatedElement &element);

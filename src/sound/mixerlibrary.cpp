@@ -5,29 +5,19 @@
 
 #include <QLibrary>
 
-#include <optional>
-
 #ifndef STAKKO_MIXER_LIBRARY
 #error "The build names the mixer library it compiled against in STAKKO_MIXER_LIBRARY."
 #endif
 
 namespace {
 
-struct LoadedMixer {
-    std::optional<MixerLibrary> functions;
-    QString problem;
-};
-
-LoadedMixer loadMixer()
+Result<MixerLibrary> loadMixer()
 {
-    LoadedMixer loaded;
     QLibrary library(QStringLiteral(STAKKO_MIXER_LIBRARY));
     // The mixer keeps threads and state for the whole run; unloading it would pull them away.
     library.setLoadHints(QLibrary::PreventUnloadHint);
-    if (!library.load()) {
-        loaded.problem = library.errorString();
-        return loaded;
-    }
+    if (!library.load())
+        return Result<MixerLibrary>::fail(library.errorString());
     MixerLibrary functions;
     QStringList missing;
 #define STAKKO_MIXER_RESOLVE(name)                                                   \
@@ -36,20 +26,16 @@ LoadedMixer loadMixer()
         missing.append(QStringLiteral(#name));
     STAKKO_MIXER_FUNCTIONS(STAKKO_MIXER_RESOLVE)
 #undef STAKKO_MIXER_RESOLVE
-    if (!missing.isEmpty()) {
-        loaded.problem = QStringLiteral("%1 lacks %2").arg(library.fileName(), missing.join(QStringLiteral(", ")));
-        return loaded;
-    }
-    loaded.functions = functions;
-    return loaded;
+    if (!missing.isEmpty())
+        return Result<MixerLibrary>::fail(
+            QStringLiteral("%1 lacks %2").arg(library.fileName(), missing.join(QStringLiteral(", "))));
+    return functions;
 }
 
 } // namespace
 
-const MixerLibrary *mixerLibrary(QString *why)
+const Result<MixerLibrary> &mixerLibrary()
 {
-    static const LoadedMixer loaded = loadMixer();
-    if (why)
-        *why = loaded.problem;
-    return loaded.functions ? &*loaded.functions : nullptr;
+    static const Result<MixerLibrary> loaded = loadMixer();
+    return loaded;
 }

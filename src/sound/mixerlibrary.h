@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/result.h"
+
 #include <QString>
 
 #include <SDL.h>
@@ -28,5 +30,5 @@ struct MixerLibrary {
 #undef STAKKO_MIXER_POINTER
 };
 
-/** The loaded library, or nullptr when it cannot be loaded; \a why then says why. */
-const MixerLibrary *mixerLibrary(QString *why = nullptr);
+/** The loaded library, or why it cannot be loaded; loaded (or tried) once per run. */
+const Result<MixerLibrary> &mixerLibrary();

@@ -66,7 +66,7 @@ void readEditorConfig(EditorConfig &config, const QString &path)
     config.numchannels = integerSetting(file, QStringLiteral("numchannels"), 8);
 }
 
-bool writeEditorConfig(const EditorConfig &config, const QString &path, QString *error)
+Result<void> writeEditorConfig(const EditorConfig &config, const QString &path)
 {
     const QString text = QStringLiteral("//Stakko Theme Maker Configuration\r\n"
                                         " \r\n"
@@ -81,13 +81,10 @@ bool writeEditorConfig(const EditorConfig &config, const QString &path, QString 
     QByteArray bytes;
     AnsiText::encode(text, &bytes); // digits and ASCII only: always encodable
 
-    QString reason;
-    if (!writeWholeFile(path, bytes, &reason)) {
-        if (error)
-            *error = QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(path), reason);
-        return false;
-    }
-    return true;
+    if (const Result<void> written = writeWholeFile(path, bytes); !written)
+        return Result<void>::fail(
+            QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(path), written.errorText()), {}, path);
+    return {};
 }
 
 QString editorConfigWritePath()

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/result.h"
+
 #include <QString>
 
 /** The sound mixer settings kept in skm.ini. All zero until read. */
@@ -15,8 +17,8 @@ struct EditorConfig {
 /** Fills \a config from the file at \a path with defaults 44100, 8 and 1 for what is missing. */
 void readEditorConfig(EditorConfig &config, const QString &path);
 
-/** Writes the seven lines of skm.ini; returns false and fills \a error when it could not. */
-bool writeEditorConfig(const EditorConfig &config, const QString &path, QString *error = nullptr);
+/** Writes the seven lines of skm.ini, or fails saying why it could not. */
+Result<void> writeEditorConfig(const EditorConfig &config, const QString &path);
 
 /** Where skm.ini is read from and written to (settingsfiles.h). */
 QString editorConfigReadPath();

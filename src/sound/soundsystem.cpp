@@ -16,7 +16,7 @@ namespace {
 /** The mixer's functions, once startAudio() has loaded them. */
 const MixerLibrary &mixer()
 {
-    return *mixerLibrary();
+    return mixerLibrary().value();
 }
 
 /*
@@ -99,9 +99,8 @@ void useSoundFont()
 
 bool startAudio(const char *driver)
 {
-    QString why;
-    if (!mixerLibrary(&why)) {
-        qWarning("No sound: %s", qPrintable(why));
+    if (const Result<MixerLibrary> &loaded = mixerLibrary(); !loaded) {
+        qWarning("No sound: %s", qPrintable(loaded.errorText()));
         return false;
     }
     mixer().SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Stakko Theme Maker");
@@ -182,9 +181,7 @@ Report SoundSystem::shutDown(const EditorConfig &config, const QString &configPa
 {
     Report report;
     closeSound();
-    QString error;
-    if (!writeEditorConfig(config, configPath, &error))
-        report.error(error, {}, configPath);
+    report.append(writeEditorConfig(config, configPath).report());
     return report;
 }
 

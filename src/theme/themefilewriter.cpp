@@ -77,14 +77,11 @@ public:
 
 } // namespace
 
-bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error)
+Result<QByteArray> themeFileBytes(const ThemeDocument &doc)
 {
     const int type = doc.number(u"themetype");
-    if (type != 0 && type != 1) {
-        if (error)
-            *error = QStringLiteral("The theme type %1 cannot be saved.").arg(type);
-        return false;
-    }
+    if (type != 0 && type != 1)
+        return Result<QByteArray>::fail(QStringLiteral("The theme type %1 cannot be saved.").arg(type));
 
     Writer w(doc);
     w.line(header);
@@ -119,28 +116,20 @@ bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error)
     for (const ThemeSection &section : themeSections().subspan(1))
         w.block(section);
 
-    if (!w.m_error.isEmpty()) {
-        if (error)
-            *error = w.m_error;
-        return false;
-    }
-    *bytes = w.m_bytes;
-    return true;
+    if (!w.m_error.isEmpty())
+        return Result<QByteArray>::fail(w.m_error);
+    return w.m_bytes;
 }
 
-bool writeThemeFile(const ThemeDocument &doc, const QString &path, QString *error)
+Result<void> writeThemeFile(const ThemeDocument &doc, const QString &path)
 {
-    QByteArray bytes;
-    if (!themeFileBytes(doc, &bytes, error))
-        return false;
+    Result<QByteArray> bytes = themeFileBytes(doc);
+    if (!bytes)
+        return bytes.takeReport();
 
-    QString reason;
-    if (!writeWholeFile(path, bytes, &reason)) {
-        if (error)
-            *error = QStringLiteral("Could not save %1:\n%2").arg(path, reason);
-        return false;
-    }
-    return true;
+    if (const Result<void> written = writeWholeFile(path, *bytes); !written)
+        return Result<void>::fail(QStringLiteral("Could not save %1:\n%2").arg(path, written.errorText()), {}, path);
+    return {};
 }
 
 QString storedDescription(const QByteArray &bytes)

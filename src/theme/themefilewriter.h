@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "common/result.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -10,17 +12,16 @@ class ThemeDocument;
 
 /**
  * The theme file's bytes for \a doc: Windows-1252, CRLF, the Type 0 or Type 1 layout.
- * Returns false and fills \a error (naming the field and the character) when a text cannot
- * be held in Windows-1252; \a bytes is then incomplete.
+ * Fails (naming the field and the character) when a text cannot be held in Windows-1252.
  */
-bool themeFileBytes(const ThemeDocument &doc, QByteArray *bytes, QString *error = nullptr);
+Result<QByteArray> themeFileBytes(const ThemeDocument &doc);
 
 /**
  * Writes the document as a theme file at \a path, replacing it atomically.
- * Returns false and fills \a error when nothing could be written; the old file is then untouched
- * and no partial file is left behind. Changes neither the document nor its editor state.
+ * On failure nothing was written: the old file is untouched, no partial file is left behind, and
+ * the report says why. Changes neither the document nor its editor state.
  */
-bool writeThemeFile(const ThemeDocument &doc, const QString &path, QString *error = nullptr);
+Result<void> writeThemeFile(const ThemeDocument &doc, const QString &path);
 
 /**
  * The description the writer stored in the theme file \a bytes, exactly as written: the lines

@@ -366,7 +366,7 @@ private slots:
         QVERIFY(writeFile(file, bmp(8, 8)));
         const QString zip = dir.filePath(QStringLiteral("Secret.zip"));
         const PackageWriteOptions encrypted{PackageEncryption::Aes256, QStringLiteral("pw")};
-        QVERIFY(writeResourcePackage(zip, {file}, dir.path(), nullptr, encrypted));
+        QVERIFY(writeResourcePackage(zip, {file}, dir.path(), encrypted));
         QCOMPARE(packageEntryNames(zip).value_or(QStringList()), QStringList{QStringLiteral("a.bmp")});
         QCOMPARE(packageEntryNames(file), std::nullopt);
     }

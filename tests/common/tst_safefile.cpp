@@ -17,7 +17,7 @@
 
 #include <functional>
 
-using Writer = std::function<bool(const QString &path, QString *error)>;
+using Writer = std::function<Result<void>(const QString &path)>;
 Q_DECLARE_METATYPE(Writer)
 
 namespace {
@@ -44,19 +44,19 @@ private slots:
     {
         QTest::addColumn<Writer>("writer");
         QTest::addColumn<qint64>("leftBytes");
-        QTest::newRow("theme file") << Writer([](const QString &path, QString *error) {
+        QTest::newRow("theme file") << Writer([](const QString &path) {
             ThemeDocument doc;
             doc.resetTheme();
             doc.setText(u"description", QString(9000, u'd'));
-            return writeThemeFile(doc, path, error);
+            return writeThemeFile(doc, path);
         }) << qint64(4096);
-        QTest::newRow("skm.ini") << Writer([](const QString &path, QString *error) {
-            return writeEditorConfig({44100, 8, 1}, path, error);
+        QTest::newRow("skm.ini") << Writer([](const QString &path) {
+            return writeEditorConfig({44100, 8, 1}, path);
         }) << qint64(0);
-        QTest::newRow("package") << Writer([](const QString &path, QString *error) {
+        QTest::newRow("package") << Writer([](const QString &path) {
             const QString source = QFileInfo(path).absolutePath() + QStringLiteral("/../source");
             writeFile(source + QStringLiteral("/bg1.bmp"), noise(12000));
-            return writeResourcePackage(path, {source + QStringLiteral("/bg1.bmp")}, source, error);
+            return writeResourcePackage(path, {source + QStringLiteral("/bg1.bmp")}, source);
         }) << qint64(8192);
     }
 
@@ -71,8 +71,9 @@ private slots:
         QVERIFY(writeFile(target, "the old file"));
         QVERIFY(disk.fill(leftBytes));
 
-        QString error;
-        QVERIFY(!writer(target, &error));
+        const Result<void> written = writer(target);
+        QVERIFY(!written);
+        const QString error = written.errorText();
 
         QVERIFY2(error.contains(QStringLiteral("No space left on device")), qPrintable(error));
         QCOMPARE(contentsBelow(disk.filePath(QStringLiteral("out"))), QStringList{"target=the old file"});
@@ -99,8 +100,8 @@ private slots:
             QVERIFY(QFile::link(real, path));
         }
 
-        QString error;
-        QVERIFY2(writeWholeFile(path, "new", &error), qPrintable(error));
+        const Result<void> written = writeWholeFile(path, "new");
+        QVERIFY2(written, qPrintable(written.errorText()));
 
         QCOMPARE(contentsBelow(dir.path()), (throughLink ? QStringList{"link.skt@", "real.skt=new"}
                                                          : QStringList{"real.skt=new"}));

@@ -286,22 +286,23 @@ private slots:
         const QString frame = source.filePath(QStringLiteral("gfx/bg1.bmp"));
         QVERIFY(writeFile(frame, "BM frame"));
         const QString zipPath = source.filePath(QStringLiteral("Ice.zip"));
-        QString error;
-        QVERIFY2(writeResourcePackage(zipPath, {frame}, source.path(), &error), qPrintable(error));
+        const Result<void> packed = writeResourcePackage(zipPath, {frame}, source.path());
+        QVERIFY2(packed, qPrintable(packed.errorText()));
 
         ThemeDocument doc;
         unpackedPackage(doc);
         const QString resource = doc.value(u"resourcefile");
         ScriptedDialogs dialogs;
-        Report report;
-        QVERIFY(!browseResourcePackage(doc, dialogs, report)); // cancelled: the old package stays
+        Result<bool> browsed = browseResourcePackage(doc, dialogs);
+        QVERIFY(!browsed.value()); // cancelled: the old package stays
         QCOMPARE(doc.packageFolder(), m_packageFolder);
         QCOMPARE(doc.packageFolderTail(), m_tail);
         QCOMPARE(doc.value(u"resourcefile"), resource);
         QVERIFY(!doc.isDirty());
 
         dialogs.openNames.enqueue(zipPath);
-        QVERIFY(browseResourcePackage(doc, dialogs, report));
+        browsed = browseResourcePackage(doc, dialogs);
+        QVERIFY(browsed.value());
         QCOMPARE(dialogs.openFilters, (QStringList{zipFilter, zipFilter}));
         QCOMPARE(dialogs.openFolders, (QStringList{QString(), QString()}));
         QCOMPARE(doc.value(u"resourcefile"), zipPath);
@@ -309,7 +310,7 @@ private slots:
         QCOMPARE(QDir::cleanPath(doc.packageFolder()), m_temp.path() + QStringLiteral("/stakko/Ice"));
         QVERIFY(QFile::exists(doc.packageFolder() + QStringLiteral("gfx/bg1.bmp")));
         QVERIFY(doc.isDirty());
-        QVERIFY(report.isEmpty());
+        QVERIFY(browsed.report().isEmpty());
     }
 };
 

@@ -81,7 +81,8 @@ class PackageBuilderTest : public QObject
         saved.resetTheme();
         setFields(saved, baseFields + edits, root);
         const QString theme = root + QStringLiteral("/Theme.skt");
-        writeThemeFile(saved, theme);
+        if (!writeThemeFile(saved, theme))
+            qFatal("cannot write %s", qPrintable(theme));
         ScriptedDialogs dialogs;
         loadThemeFile(doc, theme, dialogs);
         doc.setCurrentThemeFile(theme);

@@ -86,9 +86,8 @@ private:
         const QStringList files = makeFiles(root, names, content);
         const QString path = work("themes/Ice.zip");
         QDir().mkpath(work("themes"));
-        QString error;
-        if (!writeResourcePackage(path, files, root, &error, options))
-            qWarning("packing failed: %s", qPrintable(error));
+        if (const Result<void> packed = writeResourcePackage(path, files, root, options); !packed)
+            qWarning("packing failed: %s", qPrintable(packed.errorText()));
         return path;
     }
 
@@ -134,9 +133,8 @@ private slots:
             root = "src";
             files.replaceInStrings(m_work->path() + u'/', QString());
         }
-        QString error;
-        const bool written = writeResourcePackage(package, files, root, &error);
-        QVERIFY2(written, qPrintable(error));
+        const Result<void> written = writeResourcePackage(package, files, root);
+        QVERIFY2(written, qPrintable(written.errorText()));
         QVERIFY(!readFile(package).contains('\\'));
         // Packing again gives the same bytes: no file time is stored.
         QFile touched(work("src/" + names.first()));
@@ -185,8 +183,9 @@ private slots:
         const QString package = work("Ice.zip");
         writeFile(package, "the old package");
 
-        QString error;
-        QVERIFY(!writeResourcePackage(package, files, work("src"), &error, options));
+        const Result<void> written = writeResourcePackage(package, files, work("src"), options);
+        QVERIFY(!written);
+        const QString error = written.errorText();
 
         QVERIFY2(error.startsWith(QString(errorStart).replace("%1", work(badFile))), qPrintable(error));
         QCOMPARE(readFile(package), QByteArray("the old package"));
@@ -471,11 +470,11 @@ private slots:
         writeFile(work("x.bmp"), "pixels");
         const QString package = work("Ice.zip");
         writeFile(package, "the old package");
-        QString error;
 
-        QVERIFY(!writePackageEntries(package, {{"ok.bmp", work("x.bmp")}, {name, work("x.bmp")}}, &error));
+        const Result<void> written = writePackageEntries(package, {{"ok.bmp", work("x.bmp")}, {name, work("x.bmp")}});
 
-        QCOMPARE(error, name + " cannot be stored in a package: the name points outside the folder it unpacks into.");
+        QVERIFY(!written);
+        QCOMPARE(written.errorText(), name + " cannot be stored in a package: the name points outside the folder it unpacks into.");
         QCOMPARE(readFile(package), QByteArray("the old package"));
     }
 

@@ -97,9 +97,9 @@ private slots:
             QVERIFY(writeFile(path(), file));
         EditorConfig config;
         readEditorConfig(config, path());
-        QString error;
-        QVERIFY(writeEditorConfig(config, path(), &error));
-        QCOMPARE(error, QString());
+        const Result<void> saved = writeEditorConfig(config, path());
+        QVERIFY(saved);
+        QCOMPARE(saved.errorText(), QString());
         QCOMPARE(readFile(path()), written);
 
         EditorConfig again;
@@ -109,9 +109,9 @@ private slots:
 
     void missingFolderReportsError()
     {
-        QString error;
-        QVERIFY(!writeEditorConfig(EditorConfig{48000, 4, 2}, path("missing-folder/skm.ini"), &error));
-        QVERIFY(error.contains(QStringLiteral("skm.ini")));
+        const Result<void> written = writeEditorConfig(EditorConfig{48000, 4, 2}, path("missing-folder/skm.ini"));
+        QVERIFY(!written);
+        QVERIFY(written.errorText().contains(QStringLiteral("skm.ini")));
         QVERIFY(!QFileInfo::exists(path("missing-folder/skm.ini")));
     }
 };

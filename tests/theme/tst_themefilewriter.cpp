@@ -27,11 +27,10 @@ QByteArray bytesOf(const Fields &fields)
     ThemeDocument doc;
     doc.resetTheme();
     setFields(doc, fields);
-    QByteArray bytes;
-    QString error;
-    if (!themeFileBytes(doc, &bytes, &error))
-        qWarning() << error;
-    return bytes;
+    const Result<QByteArray> bytes = themeFileBytes(doc);
+    if (!bytes)
+        qWarning() << bytes.errorText();
+    return bytes.valueOr({});
 }
 
 const QStringList head1 = {
@@ -176,19 +175,21 @@ private slots:
         const QString path = dir.filePath(QStringLiteral("t.skt"));
         ThemeDocument doc;
         doc.resetTheme();
-        QString error;
         // A folder that is not there: the reason is given and nothing is left behind.
         const QString missing = dir.filePath(QStringLiteral("missing/t.skt"));
-        QVERIFY(!writeThemeFile(doc, missing, &error));
+        Result<void> written = writeThemeFile(doc, missing);
+        QVERIFY(!written);
+        QString error = written.errorText();
         QVERIFY2(error.contains(missing) && error.count(u'\n') >= 1, qPrintable(error));
         QVERIFY(QDir(dir.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).isEmpty());
 
         doc.setText(u"name", QStringLiteral("Ice"));
         doc.setDirty(false);
-        QVERIFY2(writeThemeFile(doc, path, &error), qPrintable(error));
+        written = writeThemeFile(doc, path);
+        QVERIFY2(written, qPrintable(written.errorText()));
         const QByteArray first = readFile(path);
         QVERIFY(first.contains("name=Ice"));
-        QVERIFY(writeThemeFile(doc, path, &error));
+        QVERIFY(writeThemeFile(doc, path));
         QCOMPARE(readFile(path), first);
         QVERIFY(!doc.isDirty()); // saving changes nothing in the document
         QCOMPARE(doc.currentThemeFile(), QString());
@@ -196,7 +197,9 @@ private slots:
         // Text Windows-1252 cannot hold is refused by name, and the old file stays.
         doc.setNumber(u"includesounds", 1);
         doc.setText(u"chat", QString::fromUtf8("チャット.wav"));
-        QVERIFY(!writeThemeFile(doc, path, &error));
+        written = writeThemeFile(doc, path);
+        QVERIFY(!written);
+        error = written.errorText();
         QVERIFY2(error.contains(u"\"chat\"") && error.contains(QString::fromUtf8("チ")), qPrintable(error));
         QCOMPARE(readFile(path), first);
     }

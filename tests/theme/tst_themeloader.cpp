@@ -153,7 +153,7 @@ private slots:
         ThemeDocument doc;
         doc.resetTheme();
         doc.setText(u"description", description);
-        QVERIFY(bytes.isNull() ? writeThemeFile(doc, first) : writeFile(first, bytes));
+        QVERIFY(bytes.isNull() ? writeThemeFile(doc, first).ok() : writeFile(first, bytes));
 
         Loaded back;
         back.doc.setText(u"description", QStringLiteral("//the theme loaded before"));
@@ -263,9 +263,8 @@ private slots:
     {
         const QString frame = m_dir.filePath(QStringLiteral("art/bg1.bmp"));
         QVERIFY(writeFile(frame, "BMframe"));
-        QString error;
-        QVERIFY2(writeResourcePackage(path(QStringLiteral("Pack.zip")), {frame}, m_dir.path(), &error),
-                 qPrintable(error));
+        const Result<void> packed = writeResourcePackage(path(QStringLiteral("Pack.zip")), {frame}, m_dir.path());
+        QVERIFY2(packed, qPrintable(packed.errorText()));
 
         // The theme names the package in other letter case, as Windows lets it.
         Loaded l;
