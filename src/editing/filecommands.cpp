@@ -64,7 +64,7 @@ bool FileCommands::promptToSave()
 
 bool FileCommands::saveThemeAs()
 {
-    const QString path = m_dialogs.saveFileName(themeFileFilter, proposedThemeFileName(m_doc.value(u"name")));
+    const QString path = m_dialogs.saveFileName(themeFileFilter, proposedThemeFileName(m_doc.value(FieldKey::name)));
     if (path.isEmpty() || !writeTo(path))
         return false;
     m_doc.setCurrentThemeFile(path);

@@ -37,7 +37,7 @@ BuildCommand::BuildCommand(MainWindow &window, ThemeDocument &doc, EditorDialogs
 
 bool BuildCommand::build()
 {
-    if (m_doc.number(u"themetype") == 1 && m_doc.currentThemeFile().isEmpty() && !m_commands.saveThemeAs()) {
+    if (m_doc.number(FieldKey::themeType) == 1 && m_doc.currentThemeFile().isEmpty() && !m_commands.saveThemeAs()) {
         m_dialogs.show(m_commands.takeReport());
         return false;
     }

@@ -96,11 +96,11 @@ struct SectionFrame {
     int element = -1;     // the animated element it shows
 };
 constexpr SectionFrame sectionFrames[] = {
-    {"fraIface", "includeinterface", EditorPage::Interface, nullptr},
-    {"fraColor", "includecolors", EditorPage::Misc, "Theme Colors"},
-    {"fraMImg", "includemiscimages", EditorPage::Misc, "Misc. Images"},
-    {"fraSound", "includesounds", EditorPage::Sounds, nullptr},
-    {"fraMusic", "includemusic", EditorPage::Sounds, nullptr},
+    {"fraIface", includeKey(Section::Interface), EditorPage::Interface, nullptr},
+    {"fraColor", includeKey(Section::Colors), EditorPage::Misc, "Theme Colors"},
+    {"fraMImg", includeKey(Section::MiscImages), EditorPage::Misc, "Misc. Images"},
+    {"fraSound", includeKey(Section::Sounds), EditorPage::Sounds, nullptr},
+    {"fraMusic", includeKey(Section::Music), EditorPage::Sounds, nullptr},
 };
 
 // A choice shows its frame and include box, hides the other sets' and stops their animations.
@@ -331,7 +331,7 @@ void MainWindow::focusThemeName()
 {
     if (m_page != Page::General)
         return;
-    auto *name = m_controls.at(fieldIndex("name"));
+    auto *name = m_controls.at(fieldIndex(FieldKey::name));
     name->setFocus(Qt::OtherFocusReason);
     if (auto *edit = qobject_cast<QLineEdit *>(name))
         edit->selectAll();
@@ -436,15 +436,15 @@ void MainWindow::buildPage(int page)
         m_area->setMinimumWidth(needed);
 
     if (page == int(Page::General)) {
-        m_type = panel->findChild<QComboBox *>(fieldControl("themetype"));
+        m_type = panel->findChild<QComboBox *>(fieldControl(FieldKey::themeType));
         connect(m_type, &QComboBox::currentIndexChanged, this, [this](int choice) {
             if (choice < 0)
                 return;
-            m_doc.setNumber(u"themetype", choice);
+            m_doc.setNumber(FieldKey::themeType, choice);
             applyThemeTypeChoice();
         });
         connect(panel->findChild<QPushButton *>(QStringLiteral("cmdGenerateDescription")), &QPushButton::clicked,
-                this, [this] { m_doc.setText(u"description", generateDescription(m_doc)); });
+                this, [this] { m_doc.setText(FieldKey::description, generateDescription(m_doc)); });
     }
     for (SwitchedFrame &switched : m_switchedFrames) {
         if (!switched.frame)
@@ -681,8 +681,8 @@ void MainWindow::refreshThemeType()
     QWidget *general = m_panels[int(Page::General)];
     if (!general)
         return;
-    const bool packaged = m_doc.number(u"themetype") == 1;
-    general->findChild<QWidget *>(fieldControl("resourcefile"))->setEnabled(packaged);
+    const bool packaged = m_doc.number(FieldKey::themeType) == 1;
+    general->findChild<QWidget *>(fieldControl(FieldKey::resourceFile))->setEnabled(packaged);
     general->findChild<QWidget *>(QStringLiteral("cmdBrowseResource"))->setEnabled(packaged);
     general->findChild<QWidget *>(QStringLiteral("fraTheme0"))->setEnabled(!packaged);
 }

@@ -30,9 +30,9 @@ const Section bothTypesSections[] = {Section::Explosion, Section::Bomb, Section:
                                      Section::Music, Section::Sounds};
 
 /** A missing key gives the field's reset value; a missing colour white, as an empty one is written. */
-QString missingValue(const SectionKey &k)
+QString missingValue(const FieldSpec &k)
 {
-    return QLatin1StringView(k.rule == KeyRule::Color ? whiteColorText : fieldSpec(k.key).defaultValue);
+    return QLatin1StringView(k.rule == KeyRule::Color ? whiteColorText : k.defaultValue);
 }
 
 class Loader
@@ -67,19 +67,11 @@ public:
     {
         const ThemeSection &s = themeSection(id);
         m_doc.setNumber(QLatin1StringView(s.include), 0);
-        if (s.readOrder.size() == 0) {
-            for (const SectionKey &k : s.keys)
-                key(s, k);
-        }
-        for (const char *name : s.readOrder) {
-            for (const SectionKey &k : s.keys) {
-                if (qstrcmp(k.key, name) == 0)
-                    key(s, k);
-            }
-        }
+        for (const FieldSpec *k : s.readOrder)
+            key(s, *k);
     }
 
-    void key(const ThemeSection &s, const SectionKey &k)
+    void key(const ThemeSection &s, const FieldSpec &k)
     {
         const std::optional<QString> value = read(k.key);
         if (value && s.files == FileKind::Music)
@@ -98,13 +90,13 @@ public:
     bool run()
     {
         // Header
-        for (const char *key : {"name", "developer", "version"})
+        for (const char *key : {FieldKey::name, FieldKey::developer, FieldKey::version})
             m_doc.setText(QLatin1StringView(key), read(key).value_or(QStringLiteral("Unknown")));
 
         // Resource package
-        const std::optional<QString> resource = read("resourcefile");
+        const std::optional<QString> resource = read(FieldKey::resourceFile);
         if (resource) {
-            m_doc.setText(u"resourcefile", *resource);
+            m_doc.setText(FieldKey::resourceFile, *resource);
             const QString package = resourcePackagePath(m_path, *resource);
             UnpackReport unpacked;
             if (m_extract.unpack)
@@ -112,7 +104,7 @@ public:
             else
                 unpacked.location = packageLocationFor(package);
             for (Problem &p : unpacked.problems)
-                p.field = QStringLiteral("resourcefile");
+                p.field = QLatin1StringView(FieldKey::resourceFile);
             m_report.append(unpacked);
             m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
         } else {
@@ -123,7 +115,7 @@ public:
         section(Section::Interface);
 
         // Theme type
-        const std::optional<QString> typeText = read("themetype");
+        const std::optional<QString> typeText = read(FieldKey::themeType);
         if (!typeText) {
             unreadable(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
             return false;
@@ -136,15 +128,15 @@ public:
             return false;
         }
         if (*type == 1 && !resource) {
-            unreadable(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QStringLiteral("resourcefile"));
+            unreadable(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QLatin1StringView(FieldKey::resourceFile));
             return false;
         }
-        m_doc.setNumber(u"themetype", int(*type));
+        m_doc.setNumber(FieldKey::themeType, int(*type));
 
         if (*type == 0) {
-            if (const auto skin = read("skinfile")) {
-                m_doc.setText(u"skinfile", *skin);
-                set("skintransparency", read("skintransparency").value_or(QStringLiteral("0")));
+            if (const auto skin = read(FieldKey::skinFile)) {
+                m_doc.setText(FieldKey::skinFile, *skin);
+                set(FieldKey::skinTransparency, read(FieldKey::skinTransparency).value_or(QStringLiteral("0")));
             }
         } else {
             for (Section id : typeOneSections)
@@ -158,7 +150,7 @@ public:
 
         // Not a key: the lines the writer put above the section.
         QFile file(m_path);
-        m_doc.setText(u"description", file.open(QIODevice::ReadOnly) ? storedDescription(file.readAll()) : QString());
+        m_doc.setText(FieldKey::description, file.open(QIODevice::ReadOnly) ? storedDescription(file.readAll()) : QString());
         return true;
     }
 
