@@ -11,6 +11,7 @@
 #include "theme/description.h"
 #include "theme/referencedfiles.h"
 #include "theme/themedocument.h"
+#include "theme/themecolors.h"
 #include "theme/themeloader.h"
 #include "theme/themesections.h"
 #include "package/zipdirectory.h"

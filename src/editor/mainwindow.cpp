@@ -10,6 +10,7 @@
 #include "theme/themedocument.h"
 #include "theme/themefields.h"
 #include "editing/themehistory.h"
+#include "theme/themecolors.h"
 #include "theme/themeloader.h"
 #include "editor/aboutwindow.h"
 #include "editor/accessiblenames.h"

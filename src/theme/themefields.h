@@ -33,7 +33,7 @@ enum class KeyRule {
 /** What a field is to its section: the animated elements and the page row lists are built from these. */
 enum class FieldRole {
     Plain,
-    Include,       // the section's include switch, written as its own key
+    Include,       // the section's include switch: the writer writes the section only while it is on
     Image,         // the editor's frame-1 file name: never written, rebuilt on load
     Animated,      // an animation switch of a frame sequence (the preview obeys the first)
     Root, Extension, FrameCount, StartingFrame, StillFrame, Delay, Reverse, Transparency,
