@@ -5,10 +5,12 @@
 // animation moving, sounds and a tune. Everything is drawn or synthesised here from fixed tables,
 // without fonts or clocks, so running it again gives the same bytes.
 
+#include "theme/animatedelement.h"
 #include "theme/description.h"
 #include "common/safefile.h"
 #include "theme/themedocument.h"
 #include "theme/themefilewriter.h"
+#include "theme/themesections.h"
 #include "package/resourcepackage.h"
 
 #include <QBuffer>
@@ -23,6 +25,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <initializer_list>
@@ -274,21 +277,11 @@ void paintBomb(QPainter &p, QSize size, double phase, int)
     }
 }
 
+// The sample's choices for one animated element; its fields come from the element table.
 struct SampleAnimation {
-    // Document fields; nullptr where the element has no such setting.
-    const char *animatedSwitch;
-    const char *imageField;
-    const char *rootField;
-    const char *extensionField;
-    const char *countField;
-    const char *startField;
-    const char *stillField;
-    const char *reverseField;
-    const char *delayField;
-    // The sample's choices.
+    AnimatedElementId element;
     const char *root;
     const char *extension; // "bmp" or "jpg"
-    QSize frame;           // the game's frame size
     int frames;
     int delay;             // milliseconds
     bool reverse;
@@ -296,30 +289,13 @@ struct SampleAnimation {
 };
 
 const SampleAnimation animations[] = {
-    {"bganimated", "bgimage", "bgfilename", "bgextension", "bgframecount",
-     "bgstartingframe", "bgstillframe", "bgreverseanimation", "bgdelaybetweenframes",
-     "bg", "jpg", QSize(192, 352), 8, 120, false, paintBackground},
-    {"inetbganimated", "inetbgimage", "inetbgfilename", "inetbgextension",
-     "inetbgframecount", "inetbgstartingframe", "inetbgstillframe", "inetbgreverseanimation",
-     "inetbgdelaybetweenframes",
-     "inetbg", "bmp", QSize(96, 176), 4, 150, false, paintInternetBackground},
-    {"animateblocks", "blkimage", "blkfilename", "blkextension", "blkframecount",
-     "blkstartingframe", "blkstillframe", "blkreverseanimation", "blkdelaybetweenframes",
-     "blocks", "bmp", QSize(96, 80), 8, 80, false, paintBlocks},
-    {"nextblkanimated", "nextblkimage", "nextblkfilename", "nextblkextension",
-     "nextblkframecount", "nextblkstartingframe", "nextblkstillframe", "nextblkreverseanimation",
-     "nextblkdelaybetweenframes",
-     "next", "bmp", QSize(77, 77), 6, 110, false, paintNextWindow},
-    {"specialwindowanimated", "specialwindowimage", "specialwindowfilename",
-     "specialwindowextension", "specialwindowframecount", "specialwindowstartingframe",
-     "specialwindowstillframe", "specialwindowreverseanimation", "specialwindowdelaybetweenframes",
-     "special", "bmp", QSize(160, 16), 5, 90, true, paintSpecialWindow},
-    {nullptr, "explodeimage", "explodefilename", "explodefileextension",
-     "explodeframecount", nullptr, nullptr, nullptr, "explodedelaybetweenframes",
-     "explode", "jpg", QSize(192, 64), 8, 60, false, paintExplosion},
-    {nullptr, "bombimage", "Bombfilename", "bombfileextension", "Bombframecount",
-     nullptr, nullptr, nullptr, "Bombdelaybetweenframes",
-     "bomb", "bmp", QSize(192, 64), 6, 100, false, paintBomb},
+    {ElementBackground, "bg", "jpg", 8, 120, false, paintBackground},
+    {ElementInternetBackground, "inetbg", "bmp", 4, 150, false, paintInternetBackground},
+    {ElementBlocks, "blocks", "bmp", 8, 80, false, paintBlocks},
+    {ElementNextBlock, "next", "bmp", 6, 110, false, paintNextWindow},
+    {ElementSpecialWindow, "special", "bmp", 5, 90, true, paintSpecialWindow},
+    {ElementExplosion, "explode", "jpg", 8, 60, false, paintExplosion},
+    {ElementBomb, "bomb", "bmp", 6, 100, false, paintBomb},
 };
 
 using StillPainter = void (*)(QPainter &p, QSize size, int variant);
@@ -438,8 +414,8 @@ void paintTeamFont(QPainter &p, QSize size, int)
         drawDigit(p, digit, QRectF(digit * 16 + 3, 1, 10, 14));
 }
 
+// One row of a page's row list (interfaceRowKeys, miscImageKeys), in the list's order.
 struct SampleStill {
-    const char *field;
     const char *file;
     QSize size;
     StillPainter paint;
@@ -448,41 +424,37 @@ struct SampleStill {
 
 // Interface screens, in the order their rows are shown.
 const SampleStill interfaceScreens[] = {
-    {"ifacemain", "main.jpg", QSize(640, 480), paintScreen, 0},
-    {"ifaceoptions", "options.jpg", QSize(640, 480), paintScreen, 1},
-    {"ifacethemes", "themes.jpg", QSize(640, 480), paintScreen, 2},
-    {"ifaceserver", "server.jpg", QSize(640, 480), paintScreen, 3},
-    {"ifacechat", "chat.jpg", QSize(640, 480), paintScreen, 4},
-    {"ifaceconnect", "connect.jpg", QSize(640, 480), paintScreen, 5},
-    {"ifacehighscore", "highscore.jpg", QSize(640, 480), paintScreen, 6},
-    {"ifacemisc", "misc.jpg", QSize(640, 480), paintScreen, 7},
-    {"ifacemenu", "menu.bmp", QSize(160, 240), paintMenu, 0},
-    {"ifaceinet", "inet.jpg", QSize(640, 480), paintScreen, 8},
+    {"main.jpg", QSize(640, 480), paintScreen, 0},
+    {"options.jpg", QSize(640, 480), paintScreen, 1},
+    {"themes.jpg", QSize(640, 480), paintScreen, 2},
+    {"server.jpg", QSize(640, 480), paintScreen, 3},
+    {"chat.jpg", QSize(640, 480), paintScreen, 4},
+    {"connect.jpg", QSize(640, 480), paintScreen, 5},
+    {"highscore.jpg", QSize(640, 480), paintScreen, 6},
+    {"misc.jpg", QSize(640, 480), paintScreen, 7},
+    {"menu.bmp", QSize(160, 240), paintMenu, 0},
+    {"inet.jpg", QSize(640, 480), paintScreen, 8},
 };
 
 const SampleStill miscImages[] = {
-    {"door1", "doorleft.bmp", QSize(96, 352), paintDoor, 0},
-    {"door2", "doorright.bmp", QSize(96, 352), paintDoor, 1},
-    {"internetdoor", "inetdoor.bmp", QSize(96, 176), paintDoor, 0},
-    {"winimg", "win.jpg", QSize(192, 96), paintWin, 0},
-    {"inetwinimg", "inetwin.bmp", QSize(96, 48), paintWin, 0},
-    {"heightled", "heightled.bmp", QSize(16, 352), paintHeightLed, 0},
-    {"warning", "warning.bmp", QSize(64, 64), paintWarning, 0},
-    {"teamfont", "teamfont.bmp", QSize(160, 16), paintTeamFont, 0},
+    {"doorleft.bmp", QSize(96, 352), paintDoor, 0},
+    {"doorright.bmp", QSize(96, 352), paintDoor, 1},
+    {"inetdoor.bmp", QSize(96, 176), paintDoor, 0},
+    {"win.jpg", QSize(192, 96), paintWin, 0},
+    {"inetwin.bmp", QSize(96, 48), paintWin, 0},
+    {"heightled.bmp", QSize(16, 352), paintHeightLed, 0},
+    {"warning.bmp", QSize(64, 64), paintWarning, 0},
+    {"teamfont.bmp", QSize(160, 16), paintTeamFont, 0},
 };
 
-struct SampleColor {
-    const char *field;
-    const char *text;
-};
-
-const SampleColor colors[] = {
-    {"colortitle", "255,220,120"},       {"colorfields", "200,230,255"},
-    {"coloroptions", "180,255,200"},     {"colortheme", "255,200,240"},
-    {"colorserver", "160,200,255"},      {"colorconnect", "255,180,140"},
-    {"colorinternet", "140,240,240"},    {"colorhighscoretitle", "255,255,255"},
-    {"colorhighscorenormal", "190,190,190"}, {"colorhighscorefirst", "255,215,0"},
-    {"colorhighscoresecond", "192,192,192"}, {"colorhighscorethird", "205,127,50"},
+// The swatches' colours, in the order of colorKeys.
+const char *const colors[] = {
+    "255,220,120",       "200,230,255",
+    "180,255,200",     "255,200,240",
+    "160,200,255",      "255,180,140",
+    "140,240,240",    "255,255,255",
+    "190,190,190", "255,215,0",
+    "192,192,192", "205,127,50",
 };
 
 // ---------------------------------------------------------------------------------------------
@@ -502,36 +474,36 @@ struct Partial {
     double decay;   // exponential fade per second
 };
 
+// One row of soundRowKeys, in its order.
 struct SampleSound {
-    const char *field;
     const char *file;
     std::initializer_list<Partial> partials;
 };
 
 const SampleSound sounds[] = {
-    {"rotate", "rotate.wav", {{0, 0.07, 660, 990, Wave::Square, 0.25, 8}}},
-    {"drop", "drop.wav",
+    {"rotate.wav", {{0, 0.07, 660, 990, Wave::Square, 0.25, 8}}},
+    {"drop.wav",
      {{0, 0.22, 150, 55, Wave::Sine, 0.9, 10}, {0, 0.08, 1800, 400, Wave::Noise, 0.8, 25}}},
-    {"startgame", "start.wav",
+    {"start.wav",
      {{0.0, 0.12, 523, 523, Wave::Triangle, 0.6, 3}, {0.12, 0.12, 659, 659, Wave::Triangle, 0.6, 3},
       {0.24, 0.12, 784, 784, Wave::Triangle, 0.6, 3}, {0.36, 0.35, 1047, 1047, Wave::Triangle, 0.6, 4}}},
-    {"lose", "lose.wav",
+    {"lose.wav",
      {{0, 0.8, 440, 110, Wave::Square, 0.22, 1.5}, {0.05, 0.75, 330, 82, Wave::Triangle, 0.4, 1.5}}},
-    {"win", "win.wav",
+    {"win.wav",
      {{0.0, 0.12, 523, 523, Wave::Square, 0.18, 2}, {0.13, 0.12, 659, 659, Wave::Square, 0.18, 2},
       {0.26, 0.12, 784, 784, Wave::Square, 0.18, 2}, {0.39, 0.6, 1047, 1047, Wave::Square, 0.18, 2.5},
       {0.39, 0.6, 659, 659, Wave::Triangle, 0.35, 2.5}, {0.39, 0.6, 784, 784, Wave::Triangle, 0.35, 2.5}}},
-    {"lineclear", "line.wav", {{0, 0.28, 400, 1600, Wave::Sine, 0.7, 4}}},
-    {"tetris", "tetris.wav",
+    {"line.wav", {{0, 0.28, 400, 1600, Wave::Sine, 0.7, 4}}},
+    {"tetris.wav",
      {{0.00, 0.15, 400, 900, Wave::Sine, 0.6, 3}, {0.12, 0.15, 500, 1100, Wave::Sine, 0.6, 3},
       {0.24, 0.15, 600, 1300, Wave::Sine, 0.6, 3}, {0.36, 0.15, 700, 1600, Wave::Sine, 0.6, 3},
       {0.50, 0.40, 1568, 1568, Wave::Triangle, 0.3, 5}, {0.50, 0.40, 2093, 2093, Wave::Triangle, 0.25, 5}}},
-    {"explode", "explode.wav",
+    {"explode.wav",
      {{0, 0.7, 1200, 150, Wave::Noise, 1.1, 4}, {0, 0.5, 90, 35, Wave::Sine, 0.6, 5}}},
-    {"chat", "chat.wav",
+    {"chat.wav",
      {{0, 0.15, 880, 880, Wave::Sine, 0.6, 10}, {0.14, 0.3, 1320, 1320, Wave::Sine, 0.6, 8}}},
-    {"click", "click.wav", {{0, 0.02, 2000, 1500, Wave::Square, 0.3, 60}}},
-    {"holyshield", "shield.wav",
+    {"click.wav", {{0, 0.02, 2000, 1500, Wave::Square, 0.3, 60}}},
+    {"shield.wav",
      {{0, 0.9, 523, 523, Wave::Triangle, 0.3, 1.2}, {0, 0.9, 527, 527, Wave::Triangle, 0.3, 1.2},
       {0, 0.9, 784, 784, Wave::Sine, 0.25, 1.2}, {0, 0.9, 1568, 1575, Wave::Sine, 0.12, 1.5}}},
 };
@@ -745,7 +717,7 @@ public:
     {
         identity();
         colorsAndSwitches();
-        return animatedElements() && stills(interfaceScreens) && stills(miscImages)
+        return animatedElements() && stills(interfaceScreens, interfaceRowKeys) && stills(miscImages, miscImageKeys)
                && soundsAndMusic();
     }
 
@@ -755,81 +727,86 @@ public:
 private:
     void identity()
     {
-        m_doc.setText(u"name", QStringLiteral("Stakko Sample"));
-        m_doc.setText(u"developer", QStringLiteral("Stakko Theme Maker"));
-        m_doc.setText(u"version", QStringLiteral("1.0"));
-        m_doc.setNumber(u"themetype", 1);
-        m_doc.setText(u"resourcefile", QStringLiteral("StakkoSample.zip"));
+        m_doc.setText(FieldKey::name, QStringLiteral("Stakko Sample"));
+        m_doc.setText(FieldKey::developer, QStringLiteral("Stakko Theme Maker"));
+        m_doc.setText(FieldKey::version, QStringLiteral("1.0"));
+        m_doc.setNumber(FieldKey::themeType, 1);
+        m_doc.setText(FieldKey::resourceFile, QStringLiteral("StakkoSample.zip"));
     }
 
     bool animatedElements()
     {
         for (const SampleAnimation &a : animations) {
+            const AnimatedElement &e = ::animatedElements[a.element];
             for (int n = 1; n <= a.frames; ++n) {
-                const QImage frame = drawImage(a.frame, [&](QPainter &p) {
-                    a.paint(p, a.frame, double(n - 1) / a.frames, n);
+                const QImage frame = drawImage(e.frame, [&](QPainter &p) {
+                    a.paint(p, e.frame, double(n - 1) / a.frames, n);
                 });
                 if (!saveImage(frame, QLatin1StringView(a.root) + QString::number(n) + u'.'
                                           + QLatin1StringView(a.extension)))
                     return false;
             }
             const QString extension = QLatin1StringView(a.extension);
-            m_doc.setText(a.imageField, QLatin1StringView(a.root) + u'1' + u'.' + extension);
-            m_doc.setText(a.rootField, QLatin1StringView(a.root));
-            m_doc.setText(a.extensionField, extension);
-            m_doc.setText(a.countField, QString::number(a.frames));
-            m_doc.setText(a.delayField, QString::number(a.delay));
-            if (a.animatedSwitch)
-                m_doc.setNumber(a.animatedSwitch, 1);
-            if (a.startField)
-                m_doc.setText(a.startField, QStringLiteral("1"));
-            if (a.stillField)
-                m_doc.setText(a.stillField, QStringLiteral("1"));
-            if (a.reverseField)
-                m_doc.setNumber(a.reverseField, a.reverse ? 1 : 0);
+            m_doc.setText(e.imageField, QLatin1StringView(a.root) + u'1' + u'.' + extension);
+            m_doc.setText(e.rootField, QLatin1StringView(a.root));
+            m_doc.setText(e.extensionField, extension);
+            m_doc.setText(e.frameCountField, QString::number(a.frames));
+            m_doc.setText(e.delayField, QString::number(a.delay));
+            if (e.animatedFields[0])
+                m_doc.setNumber(e.animatedFields[0], 1);
+            if (e.startingFrameField)
+                m_doc.setText(e.startingFrameField, QStringLiteral("1"));
+            if (e.stillFrameField)
+                m_doc.setText(e.stillFrameField, QStringLiteral("1"));
+            if (e.reverseField)
+                m_doc.setNumber(e.reverseField, a.reverse ? 1 : 0);
         }
         return true;
     }
 
     template <size_t N>
-    bool stills(const SampleStill (&table)[N])
+    bool stills(const SampleStill (&table)[N], const std::array<const char *, N> &keys)
     {
-        for (const SampleStill &still : table) {
+        for (size_t row = 0; row < N; ++row) {
+            const SampleStill &still = table[row];
             const QImage image = drawImage(still.size, [&](QPainter &p) {
                 still.paint(p, still.size, still.variant);
             });
             if (!saveImage(image, QLatin1StringView(still.file)))
                 return false;
-            m_doc.setText(still.field, QLatin1StringView(still.file));
+            m_doc.setText(keys[row], QLatin1StringView(still.file));
         }
         return true;
     }
 
     bool soundsAndMusic()
     {
-        for (const SampleSound &sound : sounds) {
-            if (!saveBytes(waveFile(sound.partials), QLatin1StringView(sound.file)))
+        static_assert(std::size(sounds) == std::size(soundRowKeys));
+        for (size_t row = 0; row < std::size(sounds); ++row) {
+            if (!saveBytes(waveFile(sounds[row].partials), QLatin1StringView(sounds[row].file)))
                 return false;
-            m_doc.setText(sound.field, QLatin1StringView(sound.file));
+            m_doc.setText(soundRowKeys[row], QLatin1StringView(sounds[row].file));
         }
         if (!saveBytes(midiFile(), QStringLiteral("theme.mid")))
             return false;
-        m_doc.setText(u"midi", QStringLiteral("theme.mid"));
+        m_doc.setText(FieldKey::midi, QStringLiteral("theme.mid"));
         return true;
     }
 
     void colorsAndSwitches()
     {
-        for (const SampleColor &color : colors)
-            m_doc.setText(color.field, QLatin1StringView(color.text));
-        for (const char *key : includeSwitchKeys)
-            m_doc.setNumber(key, 1);
-        m_doc.setNumber(u"animatespecials", 1);
-        m_doc.setNumber(u"animateinetblocks", 1);
-        m_doc.setNumber(u"ifacemenutransparent", 1);
-        m_doc.setNumber(u"wintransparent", 1);
-        m_doc.setNumber(u"explodetransparency", 1);
-        m_doc.setNumber(u"Bombtransparency", 1);
+        static_assert(std::size(colors) == std::size(colorKeys));
+        for (size_t row = 0; row < std::size(colors); ++row)
+            m_doc.setText(colorKeys[row], QLatin1StringView(colors[row]));
+        for (const ThemeSection &section : themeSections())
+            m_doc.setNumber(section.include, 1);
+        const AnimatedElement &blocks = ::animatedElements[ElementBlocks];
+        m_doc.setNumber(blocks.animatedFields[1], 1); // specials
+        m_doc.setNumber(blocks.animatedFields[2], 1); // internet blocks
+        m_doc.setNumber(FieldKey::menuTransparent, 1);
+        m_doc.setNumber(FieldKey::winTransparent, 1);
+        m_doc.setNumber(::animatedElements[ElementExplosion].transparencyField, 1);
+        m_doc.setNumber(::animatedElements[ElementBomb].transparencyField, 1);
     }
 
     bool saveImage(const QImage &image, const QString &name)
@@ -899,7 +876,7 @@ int main(int argc, char *argv[])
     SampleBuilder builder(work.path(), doc);
     if (!builder.build())
         return fail(builder.error());
-    doc.setText(u"description", sampleDescription(doc));
+    doc.setText(FieldKey::description, sampleDescription(doc));
 
     const QString zipPath = out.filePath(QStringLiteral("StakkoSample.zip"));
     if (const Result<void> packed = writeResourcePackage(zipPath, builder.files(), work.path()); !packed)

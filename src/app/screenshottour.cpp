@@ -12,6 +12,7 @@
 #include "editor/previewbinding.h"
 #include "editor/previewwindow.h"
 #include "editor/problemspanel.h"
+#include "theme/animatedelement.h"
 #include "theme/themedocument.h"
 
 #include <QAbstractButton>
@@ -154,13 +155,13 @@ bool writeImportShot(MainWindow &window, ArtImportCommand &importer, const Theme
 {
     window.showPage(MainWindow::Page::Background);
     QStringList frames;
-    const std::optional<FrameFileName> split = splitFrameFileName(doc.value(u"bgimage"));
+    const std::optional<FrameFileName> split = splitFrameFileName(doc.value(QLatin1StringView(animatedElements[ElementBackground].imageField)));
     for (int n = 1; split && n <= 8; ++n) {
         const QString file = doc.packageFolder() + split->root + QString::number(n) + u'.' + split->extension;
         if (QFileInfo::exists(file))
             frames << file;
     }
-    std::unique_ptr<ArtImportDialog> dialog(importer.dialogFor(QStringLiteral("bgimage"), frames));
+    std::unique_ptr<ArtImportDialog> dialog(importer.dialogFor(QLatin1StringView(animatedElements[ElementBackground].imageField), frames));
     dialog->show();
     settle();
     const bool ok = savePicture(*dialog, folder + QStringLiteral("/import-dialog") + suffix + QStringLiteral(".png"));

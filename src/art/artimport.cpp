@@ -182,10 +182,10 @@ public:
 private:
     bool checkTheme(const QStringList &sources)
     {
-        if (m_target.section->typeOneOnly && m_doc.number(u"themetype") != 1) {
+        if (m_target.section->typeOneOnly && m_doc.number(FieldKey::themeType) != 1) {
             m_report.error(QStringLiteral("%1 needs Theme Type 1: a Theme Type 0 theme holds only interface "
                                           "screens, sounds and music.").arg(m_target.label()),
-                           QStringLiteral("themetype"));
+                           QLatin1StringView(FieldKey::themeType));
             return false;
         }
         if (m_doc.currentThemeFile().isEmpty()) {
@@ -305,7 +305,7 @@ private:
     void setFileField(const QString &name)
     {
         // A Type 0 theme names its files where they are.
-        const bool absolute = m_doc.number(u"themetype") != 1;
+        const bool absolute = m_doc.number(FieldKey::themeType) != 1;
         set(m_target.key.toLatin1().constData(),
             absolute ? shown(m_report.folder + u'/' + name) : name);
         set(m_target.section->include, QStringLiteral("1"));
@@ -363,7 +363,7 @@ private:
         SafeFile theme(m_doc.currentThemeFile());
         if (!theme.open() || !theme.write(*bytes) || !theme.finishAside())
             return fail(QStringLiteral("%1 could not be saved: %2.").arg(shown(m_doc.currentThemeFile()), theme.errorString()));
-        if (updated.number(u"themetype") == 1 && !buildPackage(updated)) {
+        if (updated.number(FieldKey::themeType) == 1 && !buildPackage(updated)) {
             swap.undo(); // the theme's new bytes, never published, go with the SafeFile
             return;
         }
@@ -372,9 +372,9 @@ private:
 
         swap.keepUnreplaced();
         apply(m_doc);
-        if (m_target.kind == FileKind::Music && m_doc.number(u"themetype") == 1)
+        if (m_target.kind == FileKind::Music && m_doc.number(FieldKey::themeType) == 1)
             m_doc.setMusicFolder(m_report.folder + u'/');
-        if (m_doc.number(u"themetype") == 1 && m_doc.packageFolder().isEmpty())
+        if (m_doc.number(FieldKey::themeType) == 1 && m_doc.packageFolder().isEmpty())
             m_doc.setPackageFolder(m_report.folder + u'/', m_report.folder + u'/');
         m_doc.setDirty(false);
         m_report.imported = true;
@@ -399,7 +399,7 @@ private:
         note.severity = Problem::Severity::Warning;
         note.text = QStringLiteral("The package was not rebuilt: the theme names files that are not in %1.")
                         .arg(shown(m_report.folder));
-        note.field = QStringLiteral("resourcefile");
+        note.field = QLatin1StringView(FieldKey::resourceFile);
         m_report.add(note);
         for (Problem p : built.problems) {
             p.severity = Problem::Severity::Warning;
@@ -446,7 +446,7 @@ std::optional<ArtTarget> artTarget(const QString &key)
             return ArtTarget{key, kind, &section, e};
         if (kind != FileKind::StillImage && kind != FileKind::WaveSound && kind != FileKind::Music)
             continue;
-        for (const SectionKey &k : section.keys) {
+        for (const FieldSpec &k : section.keys) {
             if (key == QLatin1StringView(k.key) && isTextKey(k.key))
                 return ArtTarget{key, kind, &section, nullptr};
         }
@@ -462,7 +462,7 @@ QStringList artTargetKeys()
             keys.append(QString::fromLatin1(e->imageField));
             continue;
         }
-        for (const SectionKey &k : section.keys) {
+        for (const FieldSpec &k : section.keys) {
             if (artTarget(QString::fromLatin1(k.key)))
                 keys.append(QString::fromLatin1(k.key));
         }

@@ -11,6 +11,7 @@
 #include "theme/description.h"
 #include "theme/referencedfiles.h"
 #include "theme/themedocument.h"
+#include "theme/themecolors.h"
 #include "theme/themeloader.h"
 #include "theme/themesections.h"
 #include "package/zipdirectory.h"
@@ -65,12 +66,12 @@ QString readBackChange(const QString &text)
 /** Every text field the theme file for \a doc holds, the description first. */
 QList<const char *> writtenTexts(const ThemeDocument &doc)
 {
-    QList<const char *> keys{"description", "name", "developer", "version",
-                             doc.number(u"themetype") == 1 ? "resourcefile" : "skinfile"};
+    QList<const char *> keys{FieldKey::description, FieldKey::name, FieldKey::developer, FieldKey::version,
+                             doc.number(FieldKey::themeType) == 1 ? FieldKey::resourceFile : FieldKey::skinFile};
     for (const ThemeSection &s : themeSections()) {
         if (!isWritten(doc, s))
             continue;
-        for (const SectionKey &k : s.keys) {
+        for (const FieldSpec &k : s.keys) {
             if (fieldSpec(k.key).kind == FieldKind::Text)
                 keys.append(k.key);
         }
@@ -101,7 +102,7 @@ class Checker
 {
 public:
     Checker(const ThemeDocument &doc, bool contents)
-        : m_doc(doc), m_typeOne(doc.number(u"themetype") == 1), m_contents(contents), m_references(referencedFiles(doc))
+        : m_doc(doc), m_typeOne(doc.number(FieldKey::themeType) == 1), m_contents(contents), m_references(referencedFiles(doc))
     {
     }
 
@@ -113,7 +114,7 @@ public:
                 continue;
             if (const AnimatedElement *e = animationOf(s))
                 numbers(*e);
-            for (const SectionKey &k : s.keys) {
+            for (const FieldSpec &k : s.keys) {
                 if (k.rule == KeyRule::Color)
                     color(k.key);
             }
@@ -152,7 +153,7 @@ public:
     void played(const QString &key)
     {
         const QString name = m_doc.value(key);
-        const FileKind kind = key == u"midi" ? FileKind::Music : FileKind::WaveSound;
+        const FileKind kind = key == QLatin1StringView(FieldKey::midi) ? FileKind::Music : FileKind::WaveSound;
         if (name.isEmpty())
             add(Severity::Error, "file-missing", key, {}, captionOf(key) + QStringLiteral(" names no file to play"));
         else
@@ -267,7 +268,7 @@ private:
             return;
         }
         // The description is read back whole, not as a value.
-        const QString change = qstrcmp(key, "description") == 0 ? QString() : readBackChange(value);
+        const QString change = qstrcmp(key, FieldKey::description) == 0 ? QString() : readBackChange(value);
         if (!change.isEmpty())
             add(Severity::Warning, "value-changes-on-load", QLatin1StringView(key), {},
                 QStringLiteral("The text will not load as written: ") + change);
@@ -275,11 +276,11 @@ private:
 
     void description()
     {
-        QString text = m_doc.value(u"description");
+        QString text = m_doc.value(FieldKey::description);
         text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
         const QStringList lines = text.split(u'\n');
         if (lines.contains(descriptionPlaceholder))
-            add(Severity::Warning, "description-placeholder", QStringLiteral("description"), {},
+            add(Severity::Warning, "description-placeholder", QLatin1StringView(FieldKey::description), {},
                 QStringLiteral("The description still holds the line \"%1\" where your own words belong")
                     .arg(descriptionPlaceholder));
         bool inSection = false;
@@ -292,7 +293,7 @@ private:
                 reading = "a key of the section above it";
             inSection = inSection || kind == ProfileLine::Section;
             if (reading)
-                add(Severity::Warning, "description-key", QStringLiteral("description"), {},
+                add(Severity::Warning, "description-key", QLatin1StringView(FieldKey::description), {},
                     QStringLiteral("Description line %1 \"%2\" reads as %3 when the theme loads")
                         .arg(i + 1)
                         .arg(lines.at(i), QLatin1StringView(reading)));
@@ -351,7 +352,7 @@ private:
 
     void packageEntries()
     {
-        const QString package = resourcePackagePath(m_doc.currentThemeFile(), m_doc.value(u"resourcefile"));
+        const QString package = resourcePackagePath(m_doc.currentThemeFile(), m_doc.value(FieldKey::resourceFile));
         const auto entries = packageEntryNames(package);
         if (!entries)
             return; // the load has said why
@@ -360,7 +361,7 @@ private:
             for (const QString &f : r.files)
                 named.insert(windowsName(f));
         }
-        const QString field = QStringLiteral("resourcefile");
+        const QString field = QLatin1StringView(FieldKey::resourceFile);
         QHash<QString, QString> seen;
         for (const QString &entry : *entries) {
             const QString name = windowsName(entry);

@@ -127,7 +127,7 @@ bool browseMiscImage(ThemeDocument &doc, Dialogs &dialogs, int row)
 
 bool browseSkinFile(ThemeDocument &doc, Dialogs &dialogs)
 {
-    return browseIntoField(doc, dialogs, imageFilter, "skinfile");
+    return browseIntoField(doc, dialogs, imageFilter, FieldKey::skinFile);
 }
 
 bool browseSound(ThemeDocument &doc, Dialogs &dialogs, int row)
@@ -142,7 +142,7 @@ bool browseMusic(ThemeDocument &doc, Dialogs &dialogs)
     const QString result = makeThemeRelative(chosen, doc.packageFolderTail());
     if (result.isEmpty())
         return false;
-    doc.setText(u"midi", result);
+    doc.setText(FieldKey::midi, result);
     doc.setMusicFolder(result == chosen ? QString() : doc.packageFolder());
     return true;
 }
@@ -157,9 +157,9 @@ bool browseArtFolder(ThemeDocument &doc, Dialogs &dialogs)
     const QString path = folder.absolutePath() + u'/';
     doc.setPackageFolder(path, path);
     // A name the author gave stays, even for a package not built yet; the New-theme one is no choice.
-    const QString resource = doc.value(u"resourcefile");
-    if (resource.isEmpty() || resource == QLatin1StringView(fieldSpec("resourcefile").defaultValue))
-        doc.setText(u"resourcefile", folder.dirName() + QStringLiteral(".zip"));
+    const QString resource = doc.value(FieldKey::resourceFile);
+    if (resource.isEmpty() || resource == QLatin1StringView(fieldSpec(FieldKey::resourceFile).defaultValue))
+        doc.setText(FieldKey::resourceFile, folder.dirName() + QStringLiteral(".zip"));
     return true;
 }
 
@@ -170,6 +170,6 @@ Result<bool> browseResourcePackage(ThemeDocument &doc, Dialogs &dialogs)
         return false;
     const UnpackReport unpacked = extractResourcePackage(chosen, dialogs);
     doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
-    doc.setText(u"resourcefile", chosen);
+    doc.setText(FieldKey::resourceFile, chosen);
     return Result<bool>(true, unpacked);
 }

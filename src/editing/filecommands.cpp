@@ -65,7 +65,7 @@ Result<bool> FileCommands::promptToSave()
 
 Result<bool> FileCommands::saveThemeAs()
 {
-    const QString path = m_dialogs.saveFileName(themeFileFilter, proposedThemeFileName(m_doc.value(u"name")));
+    const QString path = m_dialogs.saveFileName(themeFileFilter, proposedThemeFileName(m_doc.value(FieldKey::name)));
     if (path.isEmpty())
         return false;
     Result<void> written = writeTo(path);

@@ -67,14 +67,14 @@ public:
 
     BuildReport run(const PackageProgress &progress)
     {
-        if (m_doc.number(u"themetype") != 1) {
+        if (m_doc.number(FieldKey::themeType) != 1) {
             m_report.error(QStringLiteral("A Theme Type 0 theme has no resource package: choose Theme Type 1 to "
                                           "build one."),
-                           QStringLiteral("themetype"));
+                           QLatin1StringView(FieldKey::themeType));
             return m_report;
         }
         m_report.package = m_options.output.isEmpty()
-                               ? resourcePackagePath(m_doc.currentThemeFile(), m_doc.value(u"resourcefile"))
+                               ? resourcePackagePath(m_doc.currentThemeFile(), m_doc.value(FieldKey::resourceFile))
                                : m_options.output;
         if (m_options.output.isEmpty() && m_doc.currentThemeFile().isEmpty()) {
             m_report.error(QStringLiteral("Save the theme first: its package is written beside it."));
@@ -88,7 +88,7 @@ public:
             return m_report;
         gather(from);
         if (const Result<void> written = writePackageEntries(m_report.package, m_entries, progress); !written) {
-            m_report.error(written.errorText(), QStringLiteral("resourcefile"), m_report.package);
+            m_report.error(written.errorText(), QLatin1StringView(FieldKey::resourceFile), m_report.package);
             return m_report;
         }
         m_report.written = true;
@@ -230,7 +230,7 @@ QString defaultBuildSource(const ThemeDocument &doc)
     // leaves only an empty folder behind.
     const bool artFolder = !doc.packageFolder().isEmpty() && doc.packageFolder() == doc.packageFolderTail();
     const bool unpacked =
-        QFileInfo(resourcePackagePath(doc.currentThemeFile(), doc.value(u"resourcefile"))).isFile();
+        QFileInfo(resourcePackagePath(doc.currentThemeFile(), doc.value(FieldKey::resourceFile))).isFile();
     if ((artFolder || unpacked) && QFileInfo(doc.packageFolder()).isDir())
         return doc.packageFolder();
     const QString theme = doc.currentThemeFile();

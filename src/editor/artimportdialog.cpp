@@ -58,7 +58,7 @@ QList<ImportRow> importRows()
                          table->edit ? rowControl(table->edit, row) : fieldControl(key)});
         }
     }
-    rows.append({QStringLiteral("midi"), QStringLiteral("cmdBrowseMusic"), fieldControl("midi")});
+    rows.append({QLatin1StringView(FieldKey::midi), QStringLiteral("cmdBrowseMusic"), fieldControl(FieldKey::midi)});
     return rows;
 }
 

@@ -36,7 +36,7 @@ BuildCommand::BuildCommand(MainWindow &window, ThemeDocument &doc, EditorDialogs
 
 bool BuildCommand::build()
 {
-    if (m_doc.number(u"themetype") == 1 && m_doc.currentThemeFile().isEmpty()) {
+    if (m_doc.number(FieldKey::themeType) == 1 && m_doc.currentThemeFile().isEmpty()) {
         const Result<bool> saved = m_commands.saveThemeAs();
         m_dialogs.show(saved.report());
         if (!saved || !*saved)

@@ -123,11 +123,11 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
         addBrowseRow(rowControl(soundRows.browse, row), fieldControl(soundRowKeys[row]), soundFilter,
                      [this, row](Dialogs &d) { browseSound(m_doc, d, row); });
     }
-    addBrowseRow(QStringLiteral("cmdBrowseSkin"), fieldControl("skinfile"), imageFilter,
+    addBrowseRow(QStringLiteral("cmdBrowseSkin"), fieldControl(FieldKey::skinFile), imageFilter,
                  [this](Dialogs &d) { browseSkinFile(m_doc, d); });
-    addBrowseRow(QStringLiteral("cmdBrowseMusic"), fieldControl("midi"), musicFilter,
+    addBrowseRow(QStringLiteral("cmdBrowseMusic"), fieldControl(FieldKey::midi), musicFilter,
                  [this](Dialogs &d) { browseMusic(m_doc, d); });
-    addBrowseRow(QStringLiteral("cmdBrowseResource"), fieldControl("resourcefile"), zipFilter, [this](Dialogs &d) {
+    addBrowseRow(QStringLiteral("cmdBrowseResource"), fieldControl(FieldKey::resourceFile), zipFilter, [this](Dialogs &d) {
         m_dialogs.show(browseResourcePackage(m_doc, d).report());
     });
 
@@ -167,7 +167,7 @@ void ButtonBinding::toggleMusic()
     // "Stop Music" and the next click merely resets it.
     if (button->text() == playMusicCaption) {
         button->setText(stopMusicCaption);
-        m_dialogs.show(m_sound.openMusic(themeFilePath(m_doc.musicFolder(), m_doc.value(u"midi"))));
+        m_dialogs.show(m_sound.openMusic(themeFilePath(m_doc.musicFolder(), m_doc.value(FieldKey::midi))));
         m_sound.playMusic();
     } else {
         button->setText(playMusicCaption);

@@ -10,6 +10,7 @@
 #include "theme/themedocument.h"
 #include "theme/themefields.h"
 #include "editing/themehistory.h"
+#include "theme/themecolors.h"
 #include "theme/themeloader.h"
 #include "editor/aboutwindow.h"
 #include "editor/accessiblenames.h"
@@ -97,11 +98,11 @@ struct SectionFrame {
     int element = -1;     // the animated element it shows
 };
 constexpr SectionFrame sectionFrames[] = {
-    {"fraIface", "includeinterface", EditorPage::Interface, nullptr},
-    {"fraColor", "includecolors", EditorPage::Misc, "Theme Colors"},
-    {"fraMImg", "includemiscimages", EditorPage::Misc, "Misc. Images"},
-    {"fraSound", "includesounds", EditorPage::Sounds, nullptr},
-    {"fraMusic", "includemusic", EditorPage::Sounds, nullptr},
+    {"fraIface", includeKey(Section::Interface), EditorPage::Interface, nullptr},
+    {"fraColor", includeKey(Section::Colors), EditorPage::Misc, "Theme Colors"},
+    {"fraMImg", includeKey(Section::MiscImages), EditorPage::Misc, "Misc. Images"},
+    {"fraSound", includeKey(Section::Sounds), EditorPage::Sounds, nullptr},
+    {"fraMusic", includeKey(Section::Music), EditorPage::Sounds, nullptr},
 };
 
 // A choice shows its frame and include box, hides the other sets' and stops their animations.
@@ -332,7 +333,7 @@ void MainWindow::focusThemeName()
 {
     if (m_page != Page::General)
         return;
-    auto *name = m_controls.at(fieldIndex("name"));
+    auto *name = m_controls.at(fieldIndex(FieldKey::name));
     name->setFocus(Qt::OtherFocusReason);
     if (auto *edit = qobject_cast<QLineEdit *>(name))
         edit->selectAll();
@@ -442,11 +443,11 @@ void MainWindow::buildPage(int page)
         connect(m_general.themeType, &QComboBox::currentIndexChanged, this, [this](int choice) {
             if (choice < 0)
                 return;
-            m_doc.setNumber(u"themetype", choice);
+            m_doc.setNumber(FieldKey::themeType, choice);
             applyThemeTypeChoice();
         });
         connect(m_general.generateDescription, &QPushButton::clicked, this,
-                [this] { m_doc.setText(u"description", generateDescription(m_doc)); });
+                [this] { m_doc.setText(FieldKey::description, generateDescription(m_doc)); });
     }
     for (SwitchedFrame &switched : m_switchedFrames) {
         if (!switched.frame)
@@ -682,7 +683,7 @@ void MainWindow::refreshThemeType()
 {
     if (!m_general.panel)
         return;
-    const bool packaged = m_doc.number(u"themetype") == 1;
+    const bool packaged = m_doc.number(FieldKey::themeType) == 1;
     m_general.resourceFile->setEnabled(packaged);
     m_general.browseResource->setEnabled(packaged);
     m_general.themeType0->setEnabled(!packaged);

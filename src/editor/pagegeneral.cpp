@@ -26,11 +26,11 @@ QGroupBox *themeType0Group()
     QGroupBox *group = frame("fraTheme0", QStringLiteral("Theme Type 0"));
     auto *grid = new QGridLayout(group);
     compact(grid);
-    QLineEdit *skin = lineEdit("skinfile");
-    grid->addWidget(label(fieldCaption("skinfile"), skin), 0, 0);
+    QLineEdit *skin = lineEdit(FieldKey::skinFile);
+    grid->addWidget(label(fieldCaption(FieldKey::skinFile), skin), 0, 0);
     grid->addWidget(skin, 0, 1);
     grid->addWidget(button(QStringLiteral("cmdBrowseSkin"), QStringLiteral("Browse")), 0, 2);
-    grid->addWidget(fieldCheckBox("skintransparency"), 0, 3);
+    grid->addWidget(fieldCheckBox(FieldKey::skinTransparency), 0, 3);
     grid->setColumnStretch(1, 1);
     return group;
 }
@@ -47,7 +47,7 @@ GeneralPage createGeneralPage()
 
     auto *grid = new QGridLayout(general);
     compact(grid);
-    for (const char *key : {"name", "developer", "version"}) {
+    for (const char *key : {FieldKey::name, FieldKey::developer, FieldKey::version}) {
         const int row = grid->rowCount();
         QLineEdit *edit = lineEdit(key);
         grid->addWidget(label(fieldCaption(key), edit), row, 0);
@@ -56,15 +56,15 @@ GeneralPage createGeneralPage()
 
     auto *type = new QComboBox;
     bound.themeType = type;
-    type->setObjectName(fieldControl("themetype"));
+    type->setObjectName(fieldControl(FieldKey::themeType));
     int row = grid->rowCount();
-    grid->addWidget(label(fieldCaption("themetype"), type), row, 0);
+    grid->addWidget(label(fieldCaption(FieldKey::themeType), type), row, 0);
     grid->addWidget(type, row, 1, Qt::AlignLeft);
 
-    QLineEdit *resource = lineEdit("resourcefile");
+    QLineEdit *resource = lineEdit(FieldKey::resourceFile);
     bound.resourceFile = resource;
     row = grid->rowCount();
-    grid->addWidget(label(fieldCaption("resourcefile"), resource), row, 0);
+    grid->addWidget(label(fieldCaption(FieldKey::resourceFile), resource), row, 0);
     grid->addWidget(resource, row, 1);
     bound.browseResource = button(QStringLiteral("cmdBrowseResource"), QStringLiteral("Browse"));
     grid->addWidget(bound.browseResource, row, 2);
@@ -73,11 +73,11 @@ GeneralPage createGeneralPage()
     grid->addWidget(bound.themeType0, grid->rowCount(), 0, 1, 3);
 
     auto *description = new QPlainTextEdit;
-    description->setObjectName(fieldControl("description"));
+    description->setObjectName(fieldControl(FieldKey::description));
     description->setTabChangesFocus(true);
     description->setMinimumHeight(description->fontMetrics().lineSpacing() * 3 + 8);
     row = grid->rowCount();
-    grid->addWidget(label(fieldCaption("description"), description), row, 0, Qt::AlignLeft | Qt::AlignBottom);
+    grid->addWidget(label(fieldCaption(FieldKey::description), description), row, 0, Qt::AlignLeft | Qt::AlignBottom);
     bound.generateDescription = button(QStringLiteral("cmdGenerateDescription"), QStringLiteral("Generate Description"));
     grid->addWidget(bound.generateDescription, row, 1, 1, 2, Qt::AlignRight);
     grid->addWidget(description, grid->rowCount(), 0, 1, 3);

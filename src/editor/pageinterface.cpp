@@ -27,7 +27,7 @@ QWidget *previewColumn()
     QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124), QStringLiteral("Interface screen preview"));
     layout->addWidget(label(QStringLiteral("Preview:")));
     layout->addWidget(area, 0, Qt::AlignLeft);
-    layout->addWidget(fieldCheckBox("ifacemenutransparent"));
+    layout->addWidget(fieldCheckBox(FieldKey::menuTransparent));
     layout->addStretch(1);
     return column;
 }
@@ -58,7 +58,7 @@ QWidget *createInterfacePage()
 
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(fieldCheckBox("includeinterface"));
+    layout->addWidget(fieldCheckBox(includeKey(Section::Interface)));
     layout->addWidget(screens);
     layout->addStretch(1);
     return page;

@@ -71,8 +71,8 @@ QGroupBox *miscImagesFrame()
         grid->addWidget(button(rowControl(miscImageRows.browse, i), QStringLiteral("Browse")), i, 2);
         grid->addWidget(button(rowControl(miscImageRows.show, i), QStringLiteral("Preview")), i, 3);
     }
-    grid->addWidget(fieldCheckBox("wintransparent"), rows, 0, 1, 4);
-    grid->addWidget(fieldCheckBox("inetwintransparent"), rows + 1, 0, 1, 4);
+    grid->addWidget(fieldCheckBox(FieldKey::winTransparent), rows, 0, 1, 4);
+    grid->addWidget(fieldCheckBox(FieldKey::inetWinTransparent), rows + 1, 0, 1, 4);
     grid->setColumnStretch(1, 1);
     grid->addWidget(miscPreview(), 0, 4, rows + 2, 1, Qt::AlignTop);
     grid->setRowStretch(rows + 2, 1);
@@ -83,6 +83,6 @@ QGroupBox *miscImagesFrame()
 
 QWidget *createMiscPage()
 {
-    return dataSetPage(EditorPage::Misc, "picMisc", "cmbMisc", {"includecolors", "includemiscimages"},
+    return dataSetPage(EditorPage::Misc, "picMisc", "cmbMisc", {includeKey(Section::Colors), includeKey(Section::MiscImages)},
                        {colorFrame(), miscImagesFrame()});
 }

@@ -46,7 +46,7 @@ QGroupBox *musicFrame()
 {
     QGroupBox *box = frame("fraMusic", QStringLiteral("Music"));
     auto *row = new QHBoxLayout(box);
-    row->addWidget(lineEdit("midi"), 1);
+    row->addWidget(lineEdit(FieldKey::midi), 1);
     row->addWidget(button(QStringLiteral("cmdBrowseMusic"), QStringLiteral("Browse")));
     auto *play = button(QStringLiteral("cmdPlayMusic"), QStringLiteral("Play Music"));
     play->setIcon(editorIcon("play"));
@@ -61,8 +61,8 @@ QWidget *createSoundPage()
     auto *page = new QWidget;
     page->setObjectName(QStringLiteral("picSound"));
     auto *switches = new QHBoxLayout;
-    switches->addWidget(fieldCheckBox("includesounds"));
-    switches->addWidget(fieldCheckBox("includemusic"));
+    switches->addWidget(fieldCheckBox(includeKey(Section::Sounds)));
+    switches->addWidget(fieldCheckBox(includeKey(Section::Music)));
     switches->addStretch(1);
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);

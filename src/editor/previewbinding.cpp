@@ -3,6 +3,7 @@
 
 #include "editor/previewbinding.h"
 
+#include "editing/colorchoice.h"
 #include "common/pathlookup.h"
 #include "theme/themedocument.h"
 #include "editor/controlnames.h"
@@ -72,7 +73,7 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     , m_doc(doc)
     , m_dialogs(dialogs)
     , m_frames(doc, m_loading)
-    , m_stills(doc, dialogs, m_loading)
+    , m_stills(doc, m_loading)
     , m_progress(std::make_unique<ProgressDialogReporter>(&window))
 {
     m_frames.setProgress(m_progress.get());
@@ -264,7 +265,7 @@ void PreviewBinding::bindStills()
         m_miscRow = row;
         watchShownFiles();
     });
-    m_window.onRowClick(colorRows.browse, colorRows.keys, this, [this](int row) { m_stills.chooseThemeColor(row); });
+    m_window.onRowClick(colorRows.browse, colorRows.keys, this, [this](int row) { chooseThemeColor(m_doc, m_dialogs, row); });
 
     // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.
     const auto show = [this](const char *display) {

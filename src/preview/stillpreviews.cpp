@@ -3,18 +3,15 @@
 
 #include "preview/stillpreviews.h"
 
-#include "common/dialogs.h"
 #include "common/pathlookup.h"
 #include "theme/themedocument.h"
 #include "theme/themefields.h"
 #include "theme/themeloader.h"
 #include "preview/loadingsurface.h"
 
-StillPreviews::StillPreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurface &loading,
-                             QObject *parent)
+StillPreviews::StillPreviews(ThemeDocument &doc, LoadingSurface &loading, QObject *parent)
     : QObject(parent)
     , m_doc(doc)
-    , m_dialogs(dialogs)
     , m_loading(loading)
 {
 }
@@ -38,15 +35,6 @@ void StillPreviews::showMiscImagePreview(int row)
     m_loading.load(themeFilePath(m_doc.packageFolder(), m_doc.value(QString::fromLatin1(miscImageKeys[row]))));
     m_miscPicture = m_loading.picture();
     emit miscPictureChanged(m_miscPicture);
-}
-
-void StillPreviews::chooseThemeColor(int row)
-{
-    const auto color = m_dialogs.chooseColor();
-    if (!color)
-        return;
-    m_doc.setSwatch(row, *color);
-    m_doc.setText(QString::fromLatin1(colorKeys[row]), colorToText(*color));
 }
 
 void StillPreviews::clear()

@@ -9,7 +9,6 @@
 #include <QObject>
 #include <QSize>
 
-class Dialogs;
 class LoadingSurface;
 class ThemeDocument;
 
@@ -26,8 +25,7 @@ public:
     static constexpr QSize interfaceDisplaySize{191, 124};
     static constexpr QSize miscDisplaySize{209, 169};
 
-    StillPreviews(ThemeDocument &doc, Dialogs &dialogs, LoadingSurface &loading,
-                  QObject *parent = nullptr);
+    StillPreviews(ThemeDocument &doc, LoadingSurface &loading, QObject *parent = nullptr);
 
     /**
      * Shows interface screen \a row (0-9). An empty path empties the display; a file that
@@ -41,9 +39,6 @@ public:
      */
     void showMiscImagePreview(int row);
 
-    /** Lets the author pick theme colour \a row (0-11); cancelling changes nothing. */
-    void chooseThemeColor(int row);
-
     /** Empties both displays: another theme is open. */
     void clear();
 
@@ -56,7 +51,6 @@ signals:
 
 private:
     ThemeDocument &m_doc;
-    Dialogs &m_dialogs;
     LoadingSurface &m_loading;
     QImage m_interfacePicture;
     QImage m_miscPicture;

@@ -13,6 +13,12 @@
 
 namespace {
 
+// The theme field a music error belongs to (the field table lies in a layer above this one).
+QString musicField()
+{
+    return QStringLiteral("midi");
+}
+
 /** The mixer's functions, once startAudio() has loaded them. */
 const MixerLibrary &mixer()
 {
@@ -312,7 +318,7 @@ Report SoundSystem::openMusic(const QString &path)
     freeMusic();
     m_musicIsStream = isStreamFile(path);
     if (!wakeDevice()) {
-        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(SoundError::DeviceFailed), QStringLiteral("midi"), path);
+        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(SoundError::DeviceFailed), musicField(), path);
         return report;
     }
 
@@ -325,7 +331,7 @@ Report SoundSystem::openMusic(const QString &path)
             code = loadFailure(QString::fromUtf8(mixer().SDL_GetError()));
     }
     if (!m_musicHandle) {
-        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), QStringLiteral("midi"), path);
+        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), musicField(), path);
         m_musicPlaying = false;
     }
     return report;

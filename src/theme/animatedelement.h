@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "theme/themefields.h"
+
 #include <QAnyStringView>
 #include <QLatin1StringView>
 #include <QSize>
@@ -19,7 +21,7 @@ enum AnimatedElementId : int {
 };
 
 /**
- * One animated theme element: its document fields, the geometry of its frames and where the
+ * One animated theme element: its document fields (from the field table), the geometry of its frames and where the
  * editor shows it. nullptr marks a field the element lacks.
  */
 struct AnimatedElement {
@@ -46,41 +48,44 @@ struct AnimatedElement {
     EditorPage alsoTicksOn;         // showing this page leaves its tick running too
 };
 
+/** The element of frame-sequence \a section: its fields found in the field table by their roles. */
+constexpr AnimatedElement animatedElement(const char *caption, Section section, FrameStripId strip,
+                                          AnimatedElementId surface, QSize surfaceSize, QSize frame, int stripWidth,
+                                          int stripHeightPerFrame, EditorPage page, const char *dataSet,
+                                          EditorPage alsoTicksOn)
+{
+    using enum FieldRole;
+    const auto role = [section](FieldRole r, int nth = 0) { return fieldWithRole(section, r, nth); };
+    return {caption, role(Include), {role(Animated), role(Animated, 1), role(Animated, 2), role(Animated, 3)},
+            role(Image), role(Root), role(Extension), role(FrameCount), role(StartingFrame), role(StillFrame),
+            role(Delay), role(Reverse), role(Transparency), strip, surface, surfaceSize, frame, stripWidth,
+            stripHeightPerFrame, page, dataSet, alsoTicksOn};
+}
+
 inline constexpr AnimatedElement animatedElements[AnimatedElementCount] = {
-    {"Game Background", "includebackground", {"bganimated"}, "bgimage", "bgfilename", "bgextension",
-     "bgframecount", "bgstartingframe", "bgstillframe", "bgdelaybetweenframes", "bgreverseanimation", nullptr,
-     FrameStripId::Background, ElementBackground, QSize(192, 352), QSize(192, 352), 192, 352,
-     EditorPage::Background, "Background", EditorPage::Background},
+    animatedElement("Game Background", Section::Background,
+                    FrameStripId::Background, ElementBackground, QSize(192, 352), QSize(192, 352), 192, 352,
+                    EditorPage::Background, "Background", EditorPage::Background),
     // Drawn into the top-left corner of the background's surface; the Blocks page leaves it playing.
-    {"Game Internet Background", "includeinetbackground", {"inetbganimated"}, "inetbgimage", "inetbgfilename",
-     "inetbgextension", "inetbgframecount", "inetbgstartingframe", "inetbgstillframe",
-     "inetbgdelaybetweenframes", "inetbgreverseanimation", nullptr,
-     FrameStripId::Background, ElementBackground, QSize(192, 352), QSize(96, 176), 97, 177,
-     EditorPage::Background, "Internet Background", EditorPage::Blocks},
-    {"Game Blocks", "includeblocks", {"animateblocks", "animatespecials", "animateinetblocks", "animateinetspecials"},
-     "blkimage", "blkfilename", "blkextension", "blkframecount", "blkstartingframe", "blkstillframe",
-     "blkdelaybetweenframes", "blkreverseanimation", "blktransparency",
-     FrameStripId::Blocks, ElementBlocks, QSize(96, 80), QSize(96, 80), 98, 80,
-     EditorPage::Blocks, "Game Blocks", EditorPage::Blocks},
-    {"Next Block Window", "includenextwindow", {"nextblkanimated"}, "nextblkimage", "nextblkfilename",
-     "nextblkextension", "nextblkframecount", "nextblkstartingframe", "nextblkstillframe",
-     "nextblkdelaybetweenframes", "nextblkreverseanimation", nullptr,
-     FrameStripId::Blocks, ElementNextBlock, QSize(77, 77), QSize(77, 77), 78, 78,
-     EditorPage::Blocks, "Next Block Window", EditorPage::Blocks},
-    {"Special Window", "includespecialwindow", {"specialwindowanimated"}, "specialwindowimage",
-     "specialwindowfilename", "specialwindowextension", "specialwindowframecount", "specialwindowstartingframe",
-     "specialwindowstillframe", "specialwindowdelaybetweenframes", "specialwindowreverseanimation", nullptr,
-     FrameStripId::Blocks, ElementSpecialWindow, QSize(160, 16), QSize(160, 16), 161, 17,
-     EditorPage::Blocks, "Special Window", EditorPage::Blocks},
-    {"Explosion", "includeexplosion", {}, "explodeimage", "explodefilename", "explodefileextension",
-     "explodeframecount", nullptr, nullptr, "explodedelaybetweenframes", nullptr, "explodetransparency",
-     FrameStripId::Blocks, ElementExplosion, QSize(192, 64), QSize(192, 64), 193, 65,
-     EditorPage::Misc, "Explosion", EditorPage::Misc},
+    animatedElement("Game Internet Background", Section::InternetBackground,
+                    FrameStripId::Background, ElementBackground, QSize(192, 352), QSize(96, 176), 97, 177,
+                    EditorPage::Background, "Internet Background", EditorPage::Blocks),
+    animatedElement("Game Blocks", Section::Blocks,
+                    FrameStripId::Blocks, ElementBlocks, QSize(96, 80), QSize(96, 80), 98, 80,
+                    EditorPage::Blocks, "Game Blocks", EditorPage::Blocks),
+    animatedElement("Next Block Window", Section::NextWindow,
+                    FrameStripId::Blocks, ElementNextBlock, QSize(77, 77), QSize(77, 77), 78, 78,
+                    EditorPage::Blocks, "Next Block Window", EditorPage::Blocks),
+    animatedElement("Special Window", Section::SpecialWindow,
+                    FrameStripId::Blocks, ElementSpecialWindow, QSize(160, 16), QSize(160, 16), 161, 17,
+                    EditorPage::Blocks, "Special Window", EditorPage::Blocks),
+    animatedElement("Explosion", Section::Explosion,
+                    FrameStripId::Blocks, ElementExplosion, QSize(192, 64), QSize(192, 64), 193, 65,
+                    EditorPage::Misc, "Explosion", EditorPage::Misc),
     // The bomb surface shows only the left 64 columns of each frame.
-    {"Block Bomb", "includebomb", {}, "bombimage", "Bombfilename", "bombfileextension",
-     "Bombframecount", nullptr, nullptr, "Bombdelaybetweenframes", nullptr, "Bombtransparency",
-     FrameStripId::Blocks, ElementBomb, QSize(64, 64), QSize(192, 64), 193, 65,
-     EditorPage::Misc, "Block Bomb", EditorPage::Misc},
+    animatedElement("Block Bomb", Section::Bomb,
+                    FrameStripId::Blocks, ElementBomb, QSize(64, 64), QSize(192, 64), 193, 65,
+                    EditorPage::Misc, "Block Bomb", EditorPage::Misc),
 };
 
 /** The element whose frame root is the field \a rootField ("bgfilename"), or nullptr. */

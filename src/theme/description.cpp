@@ -24,37 +24,37 @@ QString generateDescription(const ThemeDocument &doc)
         if (s.label)
             answer(s.label, s.include);
         if (doc.isOn(QLatin1StringView(s.include))) {
-            for (const SectionKey &k : s.keys) {
-                if (k.label)
-                    answer(k.label, k.key);
+            for (const FieldSpec &k : s.keys) {
+                if (k.describe)
+                    answer(k.describe, k.key);
             }
         }
     };
 
-    add(QStringLiteral("//Theme Name: ") + doc.value(u"name"));
-    add(QStringLiteral("//Developer: ") + doc.value(u"developer"));
-    add(QStringLiteral("//Version: ") + doc.value(u"version"));
-    add(QStringLiteral("//Theme Type: ") + doc.value(u"themetype"));
+    add(QStringLiteral("//Theme Name: ") + doc.value(FieldKey::name));
+    add(QStringLiteral("//Developer: ") + doc.value(FieldKey::developer));
+    add(QStringLiteral("//Version: ") + doc.value(FieldKey::version));
+    add(QStringLiteral("//Theme Type: ") + doc.value(FieldKey::themeType));
     add(separator);
     add(descriptionPlaceholder);
     add(separator);
     add(QStringLiteral("//Theme Contents:"));
     // The summary's own section order, kept only here: neither the writer's nor the loader's.
     contents(Section::Interface);
-    if (doc.number(u"themetype") == 1) {
+    if (doc.number(FieldKey::themeType) == 1) {
         for (Section id : {Section::Background, Section::InternetBackground, Section::Blocks,
                            Section::NextWindow, Section::SpecialWindow, Section::Explosion, Section::Bomb})
             contents(id);
     } else {
-        answer("//Skin File: ", "skinfile");
-        if (!doc.value(u"skinfile").isEmpty()) {
+        answer("//Skin File: ", FieldKey::skinFile);
+        if (!doc.value(FieldKey::skinFile).isEmpty()) {
             for (const char *line : {"//Background: Yes", "//Blocks: Yes",
                                      "//Special Window Image: Yes", "//Next Block Image: Yes"})
                 add(QLatin1StringView(line));
         }
     }
     contents(Section::MiscImages);
-    if (!doc.isOn(u"includemiscimages")) {
+    if (!doc.isOn(includeKey(Section::MiscImages))) {
         // The game's own spelling: descriptions must read as the original writes them.
         add(QStringLiteral("//Miscellaenous Images: No"));
     }

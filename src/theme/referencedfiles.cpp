@@ -34,10 +34,10 @@ QList<FileReference> referencedFiles(const ThemeDocument &doc)
         const QStringList files = name.isEmpty() ? QStringList() : QStringList{name};
         found.append({QLatin1StringView(key), kind, name, {}, {}, files});
     };
-    if (doc.number(u"themetype") == 1)
-        add("resourcefile", FileKind::ResourcePackage);
-    else if (!doc.value(u"skinfile").isEmpty())
-        add("skinfile", FileKind::SkinFile);
+    if (doc.number(FieldKey::themeType) == 1)
+        add(FieldKey::resourceFile, FileKind::ResourcePackage);
+    else if (!doc.value(FieldKey::skinFile).isEmpty())
+        add(FieldKey::skinFile, FileKind::SkinFile);
 
     for (const ThemeSection &s : themeSections()) {
         if (!s.files || !isWritten(doc, s))
@@ -50,7 +50,7 @@ QList<FileReference> referencedFiles(const ThemeDocument &doc)
                           frameFiles(root, extension, count)});
             continue;
         }
-        for (const SectionKey &k : s.keys) {
+        for (const FieldSpec &k : s.keys) {
             const bool empty = doc.value(QLatin1StringView(k.key)).isEmpty();
             if (fieldSpec(k.key).kind == FieldKind::Text && (k.rule != KeyRule::IfNotEmpty || !empty))
                 add(k.key, *s.files);

@@ -113,12 +113,12 @@ void ThemeDocument::resetTheme()
     // Table order already follows the reset's order, except that the type is chosen after
     // the interface fields; nothing observable depends on the position of the other sections.
     const auto fields = themeFields();
-    const int typeIndex = requireIndex(u"themetype");
+    const int typeIndex = requireIndex(FieldKey::themeType);
     for (int i = 0; i < int(fields.size()); ++i) {
         if (i == typeIndex || !fields[size_t(i)].defaultValue)
             continue;
         setValue(i, QString::fromLatin1(fields[size_t(i)].defaultValue));
-        if (QLatin1StringView(fields[size_t(i)].key) == "ifacemenutransparent")
+        if (QLatin1StringView(fields[size_t(i)].key) == FieldKey::menuTransparent)
             setNumberAt(typeIndex, 1);
     }
     emit stateChanged();

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QAnyStringView>
 
+#include <array>
 #include <span>
 
 /** How a field's value is held and written. */
@@ -15,16 +16,337 @@ enum class FieldKind {
     TypeIndex, // 0 = Theme Type 0, 1 = Theme Type 1
 };
 
+/** The blocks of a theme file, by their index in themeSections() (the writer's order), then the header. */
+enum class Section { Interface, Background, Blocks, InternetBackground, SpecialWindow, NextWindow,
+                     Explosion, Bomb, MiscImages, Colors, Music, Sounds,
+                     Header }; // the [Theme Info] lines above the blocks, written by their own rules
+
+/** How the writer writes one key of a section. */
+enum class KeyRule {
+    Always,
+    IfNotEmpty,
+    AfterPrevious, // a switch written only when the key before it was
+    Print,         // number print form: a blank either side of the value
+    Color,         // white stands in for an empty colour when written and a missing one when read
+};
+
+/** What a field is to its section: the animated elements and the page row lists are built from these. */
+enum class FieldRole {
+    Plain,
+    Include,       // the section's include switch: the writer writes the section only while it is on
+    Image,         // the editor's frame-1 file name: never written, rebuilt on load
+    Animated,      // an animation switch of a frame sequence (the preview obeys the first)
+    Root, Extension, FrameCount, StartingFrame, StillFrame, Delay, Reverse, Transparency,
+    Row,           // one row of its page's row list, at pageRow
+};
+
 /**
- * One field of the theme document. The key is the theme-file key exactly as the writer
- * spells it (or the editor-only name); the caption labels its control in the editor.
+ * One field of the theme document, the only place its key is spelled. The key is the theme-file
+ * key exactly as the writer spells it (or the editor-only name); the caption labels its control.
  */
 struct FieldSpec {
     const char *key;
-    FieldKind kind;
-    const char *defaultValue; // what a reset gives it; nullptr: a reset leaves it alone
-    const char *caption;      // "Theme Name:"
+    Section section;
+    FieldKind kind = FieldKind::Text;
+    const char *defaultValue = ""; // what a reset gives it; nullptr: a reset leaves it alone
+    const char *caption = nullptr; // "Theme Name:"
+    const char *control = nullptr; // "txtThemeName"; nullptr: named by its row list's edit control
+    KeyRule rule = KeyRule::Always;
+    FieldRole role = FieldRole::Plain;
+    int readRank = 0;              // the loader reads a section's keys by rank, ties in table order
+    int pageRow = 0;               // its place on its page's row list (FieldRole::Row)
+    const char *describe = nullptr; // its description line while its section is included
 };
+
+/** The keys the program names by hand (the header's, and a few with rules of their own), spelled once. */
+namespace FieldKey {
+inline constexpr char name[] = "name";
+inline constexpr char developer[] = "developer";
+inline constexpr char version[] = "version";
+inline constexpr char themeType[] = "themetype";
+inline constexpr char description[] = "description";
+inline constexpr char resourceFile[] = "resourcefile";
+inline constexpr char skinFile[] = "skinfile";
+inline constexpr char skinTransparency[] = "skintransparency";
+inline constexpr char midi[] = "midi";
+inline constexpr char menuTransparent[] = "ifacemenutransparent";
+inline constexpr char winTransparent[] = "wintransparent";
+inline constexpr char inetWinTransparent[] = "inetwintransparent";
+} // namespace FieldKey
+
+namespace fieldtable {
+using enum Section;
+using enum FieldKind;
+using enum KeyRule;
+using enum FieldRole;
+
+// Grouped by section, include switch and image first; within a section the rows stand in the
+// writer's order. Reset defaults are the New-theme values.
+inline constexpr FieldSpec rows[] = {
+    {.key = FieldKey::name, .section = Header, .defaultValue = "Stakko Theme", .caption = "Theme Name:",
+     .control = "txtThemeName"},
+    {.key = FieldKey::developer, .section = Header, .defaultValue = "Author", .caption = "Theme Author:",
+     .control = "txtAuthor"},
+    {.key = FieldKey::version, .section = Header, .defaultValue = "1.0", .caption = "Theme Version", .control = "txtVersion"},
+    {.key = FieldKey::themeType, .section = Header, .kind = TypeIndex, .defaultValue = "1", .caption = "Theme Type:",
+     .control = "cmbType"},
+    {.key = FieldKey::description, .section = Header, .defaultValue = nullptr, .caption = "Theme Description:",
+     .control = "txtDescription"},
+    {.key = FieldKey::resourceFile, .section = Header, .defaultValue = "StakkoTheme.zip",
+     .caption = "Resource File(Theme Type 1):", .control = "txtResource"},
+    {.key = FieldKey::skinFile, .section = Header, .defaultValue = nullptr, .caption = "Skin File:",
+     .control = "txtSkinFile"},
+    {.key = FieldKey::skinTransparency, .section = Header, .kind = Switch, .defaultValue = nullptr,
+     .caption = "Use Skin File Transparency Effects", .control = "chkSkinTransparent"},
+
+    {.key = "includeinterface", .section = Interface, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Interface in Theme", .control = "chkIface", .role = Include},
+    {.key = "ifacemain", .section = Interface, .caption = "Main/Fields Screen:", .control = "txtIMain",
+     .rule = IfNotEmpty, .role = Row, .pageRow = 0},
+    {.key = "ifaceoptions", .section = Interface, .caption = "Options Screen:", .control = "txtIOptions",
+     .rule = IfNotEmpty, .role = Row, .pageRow = 1},
+    {.key = "ifacechat", .section = Interface, .caption = "Chat Screen:", .control = "txtIChat", .rule = IfNotEmpty,
+     .role = Row, .pageRow = 4},
+    {.key = "ifaceconnect", .section = Interface, .caption = "Client Connect Screen:", .control = "txtIClient",
+     .rule = IfNotEmpty, .role = Row, .pageRow = 5},
+    {.key = "ifaceserver", .section = Interface, .caption = "Server Screen:", .control = "txtIServer",
+     .rule = IfNotEmpty, .role = Row, .pageRow = 3},
+    {.key = "ifacethemes", .section = Interface, .caption = "Theme Previewer Screen:", .control = "txtITheme",
+     .rule = IfNotEmpty, .role = Row, .pageRow = 2},
+    {.key = "ifacemisc", .section = Interface, .caption = "Miscellaneous Screen:", .control = "txtIMisc",
+     .rule = IfNotEmpty, .role = Row, .pageRow = 7},
+    {.key = "ifacehighscore", .section = Interface, .caption = "High Score Screen:", .control = "txtIHighScore",
+     .rule = IfNotEmpty, .role = Row, .pageRow = 6},
+    {.key = "ifaceinet", .section = Interface, .caption = "Internet Field Screen:", .control = "txtIInternet",
+     .rule = IfNotEmpty, .role = Row, .readRank = 1, .pageRow = 9},
+    {.key = "ifacemenu", .section = Interface, .caption = "Menu Graphics:", .control = "txtIMenu", .rule = IfNotEmpty,
+     .role = Row, .pageRow = 8},
+    {.key = FieldKey::menuTransparent, .section = Interface, .kind = Switch, .defaultValue = "0",
+     .caption = "Enable Menu Graphic Transparency", .control = "chkIMenuTransparent", .rule = AfterPrevious},
+
+    // "Backgrond" (here and below) is the caption authors know: kept as the original spells it.
+    {.key = "includebackground", .section = Background, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Game Backgrond", .control = "chkBG", .role = Include},
+    {.key = "bgimage", .section = Background, .caption = "Background Image:", .control = "txtBStart", .role = Image},
+    {.key = "bganimated", .section = Background, .kind = Switch, .defaultValue = "0",
+     .caption = "Animated Background", .control = "chkBGAni", .role = Animated,
+     .describe = "//Background Animated: "},
+    {.key = "bgfilename", .section = Background, .caption = "Image Root:", .control = "txtBGRoot", .role = Root},
+    {.key = "bgextension", .section = Background, .caption = "Image Extension:", .control = "txtBGExt",
+     .role = Extension},
+    {.key = "bgframecount", .section = Background, .caption = "Number of frames:", .control = "txtBGNum",
+     .role = FrameCount},
+    {.key = "bgstartingframe", .section = Background, .defaultValue = "1", .caption = "Starting Frame:",
+     .control = "txtBGStart", .role = StartingFrame},
+    {.key = "bgstillframe", .section = Background, .defaultValue = "1", .caption = "Background Still Image:",
+     .control = "txtBGStill", .role = StillFrame},
+    {.key = "bgreverseanimation", .section = Background, .kind = Switch, .defaultValue = "0",
+     .caption = "Reverse Animation", .control = "chkBGReverse", .role = Reverse},
+    {.key = "bgdelaybetweenframes", .section = Background, .defaultValue = "10", .caption = "Delay Between Frames:",
+     .control = "txtBGDelay", .role = Delay},
+
+    {.key = "includeinetbackground", .section = InternetBackground, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Game Internet Backgrond", .control = "chkIBG", .role = Include},
+    {.key = "inetbgimage", .section = InternetBackground, .caption = "Internet Background Image:",
+     .control = "txtIBGImage", .role = Image},
+    {.key = "inetbganimated", .section = InternetBackground, .kind = Switch, .defaultValue = "0",
+     .caption = "Animated Internet Background", .control = "chkIBGAni", .role = Animated,
+     .describe = "//Internet Background Animated: "},
+    {.key = "inetbgfilename", .section = InternetBackground, .caption = "Image Root:", .control = "txtIBGRoot",
+     .role = Root},
+    {.key = "inetbgextension", .section = InternetBackground, .caption = "Image Extension:", .control = "txtIBGExt",
+     .role = Extension},
+    {.key = "inetbgframecount", .section = InternetBackground, .caption = "Number of frames:", .control = "txtIBGNum",
+     .role = FrameCount},
+    {.key = "inetbgstartingframe", .section = InternetBackground, .caption = "Starting Frame:",
+     .control = "txtIBGStart", .role = StartingFrame},
+    {.key = "inetbgstillframe", .section = InternetBackground, .caption = "Background Still Image:",
+     .control = "txtIBGStill", .role = StillFrame},
+    {.key = "inetbgreverseanimation", .section = InternetBackground, .kind = Switch, .defaultValue = "0",
+     .caption = "Reverse Animation", .control = "chkIBGReverse", .role = Reverse},
+    {.key = "inetbgdelaybetweenframes", .section = InternetBackground, .caption = "Delay Between Frames:",
+     .control = "txtIBGDelay", .role = Delay},
+
+    {.key = "includeblocks", .section = Blocks, .kind = Switch, .defaultValue = "0", .caption = "Include Game Blocks",
+     .control = "chkBlk", .role = Include},
+    {.key = "blkimage", .section = Blocks, .caption = "Blocks Image:", .control = "txtBlkStart", .role = Image},
+    {.key = "animateblocks", .section = Blocks, .kind = Switch, .defaultValue = "0", .caption = "Animated Blocks",
+     .control = "chkBlkAni", .role = Animated, .describe = "//Animated Blocks: "},
+    {.key = "animatespecials", .section = Blocks, .kind = Switch, .defaultValue = "0", .caption = "Animated Specials",
+     .control = "chkSpecAni", .role = Animated, .describe = "//Animated Specials: "},
+    {.key = "animateinetblocks", .section = Blocks, .kind = Switch, .defaultValue = "0",
+     .caption = "Animated Internet Blocks", .control = "chkInetBlkAni", .role = Animated,
+     .describe = "//Animated Internet Blocks: "},
+    {.key = "animateinetspecials", .section = Blocks, .kind = Switch, .defaultValue = "0",
+     .caption = "Animated Internet Specials", .control = "chkInetSpecAni", .role = Animated,
+     .describe = "//Animated Internet Specials: "},
+    {.key = "blktransparency", .section = Blocks, .kind = Switch, .defaultValue = "0",
+     .caption = "Transparent Blocks", .control = "chkBlkTrans", .role = Transparency, .readRank = 1},
+    {.key = "blkfilename", .section = Blocks, .caption = "Image Root:", .control = "txtBlkRoot", .role = Root},
+    {.key = "blkextension", .section = Blocks, .caption = "Image Extension:", .control = "txtBlkExt", .role = Extension},
+    {.key = "blkframecount", .section = Blocks, .caption = "Number of frames:", .control = "txtBlkNum",
+     .role = FrameCount},
+    {.key = "blkstartingframe", .section = Blocks, .defaultValue = "1", .caption = "Starting Frame:",
+     .control = "txtBlkStartImage", .role = StartingFrame},
+    {.key = "blkstillframe", .section = Blocks, .defaultValue = "1", .caption = "Block Still Image:",
+     .control = "txtBlkStill", .role = StillFrame},
+    {.key = "blkreverseanimation", .section = Blocks, .kind = Switch, .defaultValue = "0",
+     .caption = "Reverse Animation", .control = "chkBlkReverse", .role = Reverse},
+    {.key = "blkdelaybetweenframes", .section = Blocks, .defaultValue = "10", .caption = "Delay Between Frames:",
+     .control = "txtBlkDelay", .role = Delay},
+
+    {.key = "includenextwindow", .section = NextWindow, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Next Window GFX", .control = "chkNext", .role = Include},
+    {.key = "nextblkimage", .section = NextWindow, .caption = "Next Block Image:", .control = "txtNextImage",
+     .role = Image},
+    {.key = "nextblkanimated", .section = NextWindow, .kind = Switch, .defaultValue = "0",
+     .caption = "Animated Blocks", .control = "chkNextAni", .role = Animated},
+    {.key = "nextblkfilename", .section = NextWindow, .caption = "Image Root:", .control = "txtNextRoot",
+     .role = Root},
+    {.key = "nextblkextension", .section = NextWindow, .caption = "Image Extension:", .control = "txtNextExt",
+     .role = Extension},
+    {.key = "nextblkframecount", .section = NextWindow, .caption = "Number of frames:", .control = "txtNextNum",
+     .role = FrameCount},
+    {.key = "nextblkstartingframe", .section = NextWindow, .defaultValue = "1", .caption = "Starting Frame:",
+     .control = "txtNextStart", .role = StartingFrame},
+    {.key = "nextblkstillframe", .section = NextWindow, .defaultValue = "1", .caption = "Block Still Image:",
+     .control = "txtNextStill", .role = StillFrame},
+    {.key = "nextblkreverseanimation", .section = NextWindow, .kind = Switch, .defaultValue = "0",
+     .caption = "Reverse Animation", .control = "chkNextReverse", .role = Reverse},
+    {.key = "nextblkdelaybetweenframes", .section = NextWindow, .defaultValue = "10",
+     .caption = "Delay Between Frames:", .control = "txtNextDelay", .role = Delay},
+
+    {.key = "includespecialwindow", .section = SpecialWindow, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Special Window GFX", .control = "chkSW", .role = Include},
+    {.key = "specialwindowimage", .section = SpecialWindow, .caption = "Special Window Image:",
+     .control = "txtSWImage", .role = Image},
+    {.key = "specialwindowanimated", .section = SpecialWindow, .kind = Switch, .defaultValue = "0",
+     .caption = "Animated Special Window", .control = "chkSWAni", .role = Animated},
+    {.key = "specialwindowfilename", .section = SpecialWindow, .caption = "Image Root:", .control = "txtSWRoot",
+     .role = Root},
+    {.key = "specialwindowextension", .section = SpecialWindow, .caption = "Image Extension:", .control = "txtSWExt",
+     .role = Extension},
+    {.key = "specialwindowframecount", .section = SpecialWindow, .caption = "Number of frames:",
+     .control = "txtSWNum", .role = FrameCount},
+    {.key = "specialwindowstartingframe", .section = SpecialWindow, .defaultValue = "1", .caption = "Starting Frame:",
+     .control = "txtSWStart", .role = StartingFrame},
+    {.key = "specialwindowstillframe", .section = SpecialWindow, .defaultValue = "1", .caption = "Block Still Image:",
+     .control = "txtSWStill", .role = StillFrame},
+    {.key = "specialwindowreverseanimation", .section = SpecialWindow, .kind = Switch, .defaultValue = "0",
+     .caption = "Reverse Animation", .control = "chkSWReverse", .role = Reverse, .readRank = 1},
+    {.key = "specialwindowdelaybetweenframes", .section = SpecialWindow, .defaultValue = "10",
+     .caption = "Delay Between Frames:", .control = "txtSWDelay", .role = Delay},
+
+    {.key = "includeexplosion", .section = Explosion, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Explosion in Theme", .control = "chkExplosion", .role = Include},
+    {.key = "explodeimage", .section = Explosion, .caption = "Explosion Image:", .control = "txtExplosionImage",
+     .role = Image},
+    {.key = "explodetransparency", .section = Explosion, .kind = Switch, .defaultValue = "0",
+     .caption = "Transparent Explosion", .control = "chkExplosionTrans", .rule = Print, .role = Transparency,
+     .readRank = 1},
+    {.key = "explodefilename", .section = Explosion, .caption = "Image Root:", .control = "txtExplosionRoot",
+     .role = Root},
+    {.key = "explodefileextension", .section = Explosion, .caption = "Image Extension:", .control = "txtExplosionExt",
+     .role = Extension},
+    {.key = "explodeframecount", .section = Explosion, .caption = "Number of frames:", .control = "txtExplosionNum",
+     .role = FrameCount},
+    {.key = "explodedelaybetweenframes", .section = Explosion, .defaultValue = "10",
+     .caption = "Delay Between Frames:", .control = "txtExplosionDelay", .role = Delay},
+
+    {.key = "includebomb", .section = Bomb, .kind = Switch, .defaultValue = "0", .caption = "Include Bomb in Theme",
+     .control = "chkBomb", .role = Include},
+    {.key = "bombimage", .section = Bomb, .caption = "Block Bomb Image:", .control = "txtBombImage", .role = Image},
+    {.key = "Bombtransparency", .section = Bomb, .kind = Switch, .defaultValue = "0", .caption = "Transparent Blocks",
+     .control = "chkBombTrans", .rule = Print, .role = Transparency, .readRank = 1},
+    {.key = "Bombfilename", .section = Bomb, .caption = "Image Root:", .control = "txtBombRoot", .role = Root},
+    {.key = "bombfileextension", .section = Bomb, .caption = "Image Extension:", .control = "txtBombExt",
+     .role = Extension},
+    {.key = "Bombframecount", .section = Bomb, .caption = "Number of frames:", .control = "txtBombNum",
+     .role = FrameCount},
+    {.key = "Bombdelaybetweenframes", .section = Bomb, .defaultValue = "10", .caption = "Delay Between Frames:",
+     .control = "txtBombDelay", .role = Delay},
+
+    {.key = "includecolors", .section = Colors, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Colors in Theme", .control = "chkColor", .role = Include},
+    {.key = "colortitle", .section = Colors, .caption = "Title Bar Color:", .rule = Color, .role = Row, .pageRow = 0},
+    {.key = "colorfields", .section = Colors, .caption = "Fields Screen Color:", .rule = Color, .role = Row,
+     .pageRow = 1},
+    {.key = "coloroptions", .section = Colors, .caption = "Options Screen Color:", .rule = Color, .role = Row,
+     .pageRow = 2},
+    {.key = "colortheme", .section = Colors, .caption = "Theme Screen Color:", .rule = Color, .role = Row,
+     .pageRow = 3},
+    {.key = "colorserver", .section = Colors, .caption = "Server Screen Color:", .rule = Color, .role = Row,
+     .pageRow = 4},
+    {.key = "colorconnect", .section = Colors, .caption = "Client Connect Screen Color:", .rule = Color, .role = Row,
+     .pageRow = 5},
+    {.key = "colorinternet", .section = Colors, .caption = "Internet Screen Color:", .rule = Color, .role = Row,
+     .pageRow = 6},
+    {.key = "colorhighscoretitle", .section = Colors, .caption = "High Score Title Color:", .rule = Color,
+     .role = Row, .readRank = 2, .pageRow = 7},
+    {.key = "colorhighscorenormal", .section = Colors, .caption = "High Score Normal Color:", .rule = Color,
+     .role = Row, .readRank = 1, .pageRow = 8},
+    {.key = "colorhighscorefirst", .section = Colors, .caption = "High Score First Place Color:", .rule = Color,
+     .role = Row, .pageRow = 9},
+    {.key = "colorhighscoresecond", .section = Colors, .caption = "High Score Second Place Color:", .rule = Color,
+     .role = Row, .pageRow = 10},
+    {.key = "colorhighscorethird", .section = Colors, .caption = "High Score Third Place Color:", .rule = Color,
+     .role = Row, .pageRow = 11},
+
+    {.key = "includemiscimages", .section = MiscImages, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Misc. Images in Theme", .control = "chkMImg", .role = Include},
+    {.key = "door1", .section = MiscImages, .caption = "Door Image Left:", .rule = IfNotEmpty, .role = Row,
+     .readRank = 1, .pageRow = 0},
+    {.key = "door2", .section = MiscImages, .caption = "Door Image Right:", .rule = IfNotEmpty, .role = Row,
+     .readRank = 1, .pageRow = 1, .describe = "//Game Door: "},
+    {.key = "internetdoor", .section = MiscImages, .caption = "Internet Door Image:", .rule = IfNotEmpty, .role = Row,
+     .readRank = 1, .pageRow = 2, .describe = "//Internet Door: "},
+    {.key = "winimg", .section = MiscImages, .caption = "Win Game Image:", .rule = IfNotEmpty, .role = Row,
+     .readRank = 2, .pageRow = 3, .describe = "//Win Game Image: "},
+    {.key = FieldKey::winTransparent, .section = MiscImages, .kind = Switch, .defaultValue = "0",
+     .caption = "Win Game Image Transparent", .control = "chkWinTrans", .rule = AfterPrevious, .readRank = 2},
+    {.key = "inetwinimg", .section = MiscImages, .caption = "Internet Win Game Image:", .rule = IfNotEmpty,
+     .role = Row, .readRank = 2, .pageRow = 4, .describe = "//Internet Win Game Image: "},
+    {.key = FieldKey::inetWinTransparent, .section = MiscImages, .kind = Switch, .defaultValue = "0",
+     .caption = "Internet Win Game Image Transparent", .control = "chkWinInetTrans", .rule = AfterPrevious,
+     .readRank = 2},
+    {.key = "heightled", .section = MiscImages, .caption = "Height Led Image:", .rule = IfNotEmpty, .role = Row,
+     .pageRow = 5, .describe = "//Height Led: "},
+    {.key = "warning", .section = MiscImages, .caption = "Warning Image:", .rule = IfNotEmpty, .role = Row,
+     .readRank = 1, .pageRow = 6, .describe = "//Warning Image: "},
+    {.key = "teamfont", .section = MiscImages, .caption = "Team Font Image:", .rule = IfNotEmpty, .role = Row,
+     .readRank = 1, .pageRow = 7, .describe = "//Team Font: "},
+
+    {.key = "includesounds", .section = Sounds, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Sounds in Theme", .control = "chkSounds", .role = Include},
+    {.key = "startgame", .section = Sounds, .caption = "Start Game:", .control = "txtStart", .rule = IfNotEmpty,
+     .role = Row, .pageRow = 2},
+    {.key = "rotate", .section = Sounds, .caption = "Rotate Block:", .control = "txtRotate", .rule = IfNotEmpty,
+     .role = Row, .pageRow = 0},
+    {.key = "drop", .section = Sounds, .caption = "Drop Block:", .control = "txtDrop", .rule = IfNotEmpty,
+     .role = Row, .pageRow = 1},
+    {.key = "lineclear", .section = Sounds, .caption = "Make Line:", .control = "txtLine", .rule = IfNotEmpty,
+     .role = Row, .pageRow = 5},
+    {.key = "tetris", .section = Sounds, .caption = "Tetris:", .control = "txtTetrisSound", .rule = IfNotEmpty,
+     .role = Row, .readRank = 1, .pageRow = 6},
+    {.key = "explode", .section = Sounds, .caption = "Explosion:", .control = "txtExplosionSound", .rule = IfNotEmpty,
+     .role = Row, .pageRow = 7},
+    {.key = "win", .section = Sounds, .caption = "Win Game:", .control = "txtWinGame", .rule = IfNotEmpty,
+     .role = Row, .readRank = 1, .pageRow = 4},
+    {.key = "lose", .section = Sounds, .caption = "Lose Game:", .control = "txtLose", .rule = IfNotEmpty, .role = Row,
+     .readRank = 1, .pageRow = 3},
+    {.key = "chat", .section = Sounds, .caption = "Chat Message:", .control = "txtChatSound", .rule = IfNotEmpty,
+     .role = Row, .readRank = 1, .pageRow = 8},
+    {.key = "click", .section = Sounds, .caption = "Menu Click:", .control = "txtClick", .rule = IfNotEmpty,
+     .role = Row, .readRank = 1, .pageRow = 9},
+    // A new theme inherits no sound, so the reset clears the shield sound too.
+    {.key = "holyshield", .section = Sounds, .caption = "Shield:", .control = "txtShieldSound", .rule = IfNotEmpty,
+     .role = Row, .readRank = 1, .pageRow = 10},
+
+    {.key = "includemusic", .section = Music, .kind = Switch, .defaultValue = "0",
+     .caption = "Include Music in Theme", .control = "chkMusic", .role = Include},
+    {.key = FieldKey::midi, .section = Music, .caption = "Music", .control = "txtMusic", .rule = IfNotEmpty},
+};
+} // namespace fieldtable
 
 /** Every document field, in the order the document's tables list them. */
 std::span<const FieldSpec> themeFields();
@@ -38,27 +360,48 @@ const FieldSpec &fieldSpec(QAnyStringView key);
 /** The field's caption as a name, without its colon: "Number of frames:" -> "Number of frames". */
 QString fieldLabel(int index);
 
+/** The include switch of \a section ("includecolors"). */
+constexpr const char *includeKey(Section section);
+
+/** The \a nth field of \a section with \a role, or nullptr. */
+constexpr const char *fieldWithRole(Section section, FieldRole role, int nth = 0)
+{
+    for (const FieldSpec &f : fieldtable::rows) {
+        if (f.section == section && f.role == role && nth-- == 0)
+            return f.key;
+    }
+    return nullptr;
+}
+
+constexpr const char *includeKey(Section section)
+{
+    return fieldWithRole(section, FieldRole::Include);
+}
+
+/** The row list of \a section's page: its FieldRole::Row keys by pageRow. */
+template <Section section, size_t count>
+constexpr std::array<const char *, count> pageRowKeys()
+{
+    std::array<const char *, count> keys{};
+    size_t rows = 0;
+    for (const FieldSpec &f : fieldtable::rows) {
+        if (f.section == section && f.role == FieldRole::Row) {
+            if (size_t(f.pageRow) >= count || keys[f.pageRow])
+                throw "a page row is out of range or taken twice"; // stops the constant evaluation
+            keys[f.pageRow] = f.key;
+            ++rows;
+        }
+    }
+    if (rows != count)
+        throw "a page row list has a gap";
+    return keys;
+}
+
 /** The twelve colour keys, by swatch index. */
-inline constexpr const char *colorKeys[] = {
-    "colortitle", "colorfields", "coloroptions", "colortheme", "colorserver", "colorconnect",
-    "colorinternet", "colorhighscoretitle", "colorhighscorenormal", "colorhighscorefirst",
-    "colorhighscoresecond", "colorhighscorethird",
-};
-
+inline constexpr auto colorKeys = pageRowKeys<Section::Colors, 12>();
 /** The eight miscellaneous image keys, by row index. */
-inline constexpr const char *miscImageKeys[] = {
-    "door1", "door2", "internetdoor", "winimg", "inetwinimg", "heightled", "warning", "teamfont",
-};
-
+inline constexpr auto miscImageKeys = pageRowKeys<Section::MiscImages, 8>();
 /** The ten interface screen keys, by preview/browse row index (not the document order). */
-inline constexpr const char *interfaceRowKeys[] = {
-    "ifacemain", "ifaceoptions", "ifacethemes", "ifaceserver", "ifacechat",
-    "ifaceconnect", "ifacehighscore", "ifacemisc", "ifacemenu", "ifaceinet",
-};
-
+inline constexpr auto interfaceRowKeys = pageRowKeys<Section::Interface, 10>();
 /** The eleven sound keys, by play/browse row index (not the document order). */
-inline constexpr const char *soundRowKeys[] = {
-    "rotate", "drop", "startgame", "lose", "win", "lineclear",
-    "tetris", "explode", "chat", "click", "holyshield",
-};
-
+inline constexpr auto soundRowKeys = pageRowKeys<Section::Sounds, 11>();

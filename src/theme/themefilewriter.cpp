@@ -49,7 +49,7 @@ public:
         line(separator);
         line(QLatin1StringView(section.comment));
         bool previousWritten = false;
-        for (const SectionKey &k : section.keys) {
+        for (const FieldSpec &k : section.keys) {
             QString value = m_doc.value(QLatin1StringView(k.key));
             const bool skip = (k.rule == KeyRule::AfterPrevious && !previousWritten)
                 || (k.rule == KeyRule::IfNotEmpty && value.isEmpty());
@@ -79,24 +79,24 @@ public:
 
 Result<QByteArray> themeFileBytes(const ThemeDocument &doc)
 {
-    const int type = doc.number(u"themetype");
+    const int type = doc.number(FieldKey::themeType);
     if (type != 0 && type != 1)
         return Result<QByteArray>::fail(QStringLiteral("The theme type %1 cannot be saved.").arg(type));
 
     Writer w(doc);
     w.line(header);
     // Typed descriptions break lines with LF alone; the file wants CR LF everywhere.
-    QString description = doc.value(u"description");
+    QString description = doc.value(FieldKey::description);
     description.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\n', QStringLiteral("\r\n"));
-    w.line(description, "description");
+    w.line(description, FieldKey::description);
     w.line(separator);
     w.line(sectionLine);
-    w.keyLine("name", w.identity("name"));
-    w.keyLine("developer", w.identity("developer"));
-    w.keyLine("version", w.identity("version"));
+    w.keyLine(FieldKey::name, w.identity(FieldKey::name));
+    w.keyLine(FieldKey::developer, w.identity(FieldKey::developer));
+    w.keyLine(FieldKey::version, w.identity(FieldKey::version));
     const ThemeSection &iface = themeSection(Section::Interface); // the others follow it in table order
     if (type == 1) {
-        w.keyLine("resourcefile", doc.value(u"resourcefile"));
+        w.keyLine(FieldKey::resourceFile, doc.value(FieldKey::resourceFile));
         w.line(QStringLiteral("themetype=1"));
         w.line(separator);
         w.block(iface);
@@ -107,9 +107,9 @@ Result<QByteArray> themeFileBytes(const ThemeDocument &doc)
         w.line(QStringLiteral("themetype=0"));
         w.line(separator);
         w.line(QStringLiteral("//Theme Type 0 Info"));
-        if (!doc.value(u"skinfile").isEmpty()) {
-            w.keyLine("skinfile", doc.value(u"skinfile"));
-            w.keyLine("skintransparency", doc.value(u"skintransparency"));
+        if (!doc.value(FieldKey::skinFile).isEmpty()) {
+            w.keyLine(FieldKey::skinFile, doc.value(FieldKey::skinFile));
+            w.keyLine(FieldKey::skinTransparency, doc.value(FieldKey::skinTransparency));
         }
         w.block(iface);
     }

@@ -9,6 +9,7 @@
 #include "common/profilereader.h"
 #include "theme/animatedelement.h"
 #include "theme/themedocument.h"
+#include "theme/themecolors.h"
 #include "theme/themefilewriter.h"
 #include "theme/themesections.h"
 #include "package/resourcepackage.h"
@@ -30,9 +31,9 @@ const Section bothTypesSections[] = {Section::Explosion, Section::Bomb, Section:
                                      Section::Music, Section::Sounds};
 
 /** A missing key gives the field's reset value; a missing colour white, as an empty one is written. */
-QString missingValue(const SectionKey &k)
+QString missingValue(const FieldSpec &k)
 {
-    return QLatin1StringView(k.rule == KeyRule::Color ? whiteColorText : fieldSpec(k.key).defaultValue);
+    return QLatin1StringView(k.rule == KeyRule::Color ? whiteColorText : k.defaultValue);
 }
 
 class Loader
@@ -67,19 +68,11 @@ public:
     {
         const ThemeSection &s = themeSection(id);
         m_doc.setNumber(QLatin1StringView(s.include), 0);
-        if (s.readOrder.size() == 0) {
-            for (const SectionKey &k : s.keys)
-                key(s, k);
-        }
-        for (const char *name : s.readOrder) {
-            for (const SectionKey &k : s.keys) {
-                if (qstrcmp(k.key, name) == 0)
-                    key(s, k);
-            }
-        }
+        for (const FieldSpec *k : s.readOrder)
+            key(s, *k);
     }
 
-    void key(const ThemeSection &s, const SectionKey &k)
+    void key(const ThemeSection &s, const FieldSpec &k)
     {
         const std::optional<QString> value = read(k.key);
         if (value && s.files == FileKind::Music)
@@ -98,13 +91,13 @@ public:
     bool run()
     {
         // Header
-        for (const char *key : {"name", "developer", "version"})
+        for (const char *key : {FieldKey::name, FieldKey::developer, FieldKey::version})
             m_doc.setText(QLatin1StringView(key), read(key).value_or(QStringLiteral("Unknown")));
 
         // Resource package
-        const std::optional<QString> resource = read("resourcefile");
+        const std::optional<QString> resource = read(FieldKey::resourceFile);
         if (resource) {
-            m_doc.setText(u"resourcefile", *resource);
+            m_doc.setText(FieldKey::resourceFile, *resource);
             const QString package = resourcePackagePath(m_path, *resource);
             UnpackReport unpacked;
             if (m_extract.unpack)
@@ -112,7 +105,7 @@ public:
             else
                 unpacked.location = packageLocationFor(package);
             for (Problem &p : unpacked.problems)
-                p.field = QStringLiteral("resourcefile");
+                p.field = QLatin1StringView(FieldKey::resourceFile);
             m_report.append(unpacked);
             m_doc.setPackageFolder(unpacked.location.folder, unpacked.location.tail);
         } else {
@@ -123,7 +116,7 @@ public:
         section(Section::Interface);
 
         // Theme type
-        const std::optional<QString> typeText = read("themetype");
+        const std::optional<QString> typeText = read(FieldKey::themeType);
         if (!typeText) {
             unreadable(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
             return false;
@@ -136,15 +129,15 @@ public:
             return false;
         }
         if (*type == 1 && !resource) {
-            unreadable(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QStringLiteral("resourcefile"));
+            unreadable(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QLatin1StringView(FieldKey::resourceFile));
             return false;
         }
-        m_doc.setNumber(u"themetype", int(*type));
+        m_doc.setNumber(FieldKey::themeType, int(*type));
 
         if (*type == 0) {
-            if (const auto skin = read("skinfile")) {
-                m_doc.setText(u"skinfile", *skin);
-                set("skintransparency", read("skintransparency").value_or(QStringLiteral("0")));
+            if (const auto skin = read(FieldKey::skinFile)) {
+                m_doc.setText(FieldKey::skinFile, *skin);
+                set(FieldKey::skinTransparency, read(FieldKey::skinTransparency).value_or(QStringLiteral("0")));
             }
         } else {
             for (Section id : typeOneSections)
@@ -158,7 +151,7 @@ public:
 
         // Not a key: the lines the writer put above the section.
         QFile file(m_path);
-        m_doc.setText(u"description", file.open(QIODevice::ReadOnly) ? storedDescription(file.readAll()) : QString());
+        m_doc.setText(FieldKey::description, file.open(QIODevice::ReadOnly) ? storedDescription(file.readAll()) : QString());
         return true;
     }
 
@@ -183,15 +176,6 @@ private:
     LoadReport m_report;
 };
 
-/** A colour component: a whole number in the 16-bit range, not negative, above 255 counts as 255. */
-std::optional<quint32> component(const QString &text)
-{
-    const std::optional<qint64> n = storedWholeNumber(text);
-    if (!n || *n < 0 || *n > 32767)
-        return std::nullopt;
-    return quint32(std::min<qint64>(*n, 255));
-}
-
 } // namespace
 
 QString resourcePackagePath(const QString &themePath, const QString &resourceFile)
@@ -209,46 +193,4 @@ QString resourcePackagePath(const QString &themePath, const QString &resourceFil
 LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &questions, const ExtractOptions &extract)
 {
     return Loader(doc, path, questions, extract).load();
-}
-
-quint32 textToColor(const QString &text)
-{
-    constexpr quint32 white = 0xFFFFFF;
-    const qsizetype first = text.indexOf(u',');
-    if (first < 0)
-        return white;
-    const QString rest = text.mid(first + 1);
-    const qsizetype second = rest.indexOf(u',');
-    if (second < 0)
-        return white;
-    const auto red = component(text.left(first));
-    const auto green = component(rest.left(second));
-    const auto blue = component(rest.mid(second + 1));
-    if (!red || !green || !blue)
-        return white;
-    return *red + 256 * *green + 65536 * *blue;
-}
-
-std::optional<quint32> colorOfText(const QString &text)
-{
-    const QStringList parts = text.split(u',');
-    if (parts.size() != 3)
-        return std::nullopt;
-    quint32 color = 0;
-    for (int i = 0; i < 3; ++i) {
-        const QString &part = parts.at(i);
-        const bool digits = std::all_of(part.cbegin(), part.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-        if (part.isEmpty() || part.size() > 3 || !digits || part.toInt() > 255)
-            return std::nullopt;
-        color += quint32(part.toInt()) << (8 * i);
-    }
-    return color;
-}
-
-QString colorToText(quint32 colorValue)
-{
-    const quint32 red = colorValue % 256;
-    const quint32 blue = colorValue / 65536;
-    const quint32 green = (colorValue - blue * 65536 - red) / 256;
-    return QStringLiteral("%1,%2,%3").arg(red).arg(green).arg(blue);
 }

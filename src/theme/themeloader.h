@@ -33,15 +33,3 @@ LoadReport loadThemeFile(ThemeDocument &doc, const QString &path, Dialogs &quest
 
 /** Where the theme file at \a themePath finds its resource file \a resourceFile: beside it unless absolute. */
 QString resourcePackagePath(const QString &themePath, const QString &resourceFile);
-
-/** A colour text "R,G,B" as red + 256 green + 65536 blue; white (0xFFFFFF) when unreadable. */
-quint32 textToColor(const QString &text);
-
-/**
- * The colour a well-formed colour text names: exactly three whole numbers from 0 to 255, no
- * blanks, no signs, separated by commas ("255,0,0"); nullopt for anything else.
- */
-std::optional<quint32> colorOfText(const QString &text);
-
-/** The colour text "R,G,B" of a colour value. */
-QString colorToText(quint32 colorValue);

@@ -6,6 +6,7 @@
 #include "editing/filecommands.h"
 #include "theme/themedocument.h"
 #include "theme/themesections.h"
+#include "theme/themecolors.h"
 #include "theme/themeloader.h"
 #include "editor/buildcommand.h"
 #include "editor/buttonbinding.h"

@@ -8,6 +8,7 @@
 #include "theme/themesections.h"
 #include "theme/themedocument.h"
 #include "theme/themefilewriter.h"
+#include "theme/themecolors.h"
 #include "theme/themeloader.h"
 #include "package/resourcepackage.h"
 

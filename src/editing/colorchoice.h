@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+class Dialogs;
+class ThemeDocument;
+
+/**
+ * Lets the author pick theme colour \a row (0-11 of colorKeys): the swatch and the colour's
+ * text change together. Cancelling changes nothing.
+ */
+void chooseThemeColor(ThemeDocument &doc, Dialogs &dialogs, int row);
