@@ -43,11 +43,53 @@
 #include <QSettings>
 #include <QTextStream>
 #include <QTimer>
+#include <QWindow>
 
 #include <cstdio>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace {
+
+/**
+ * Calls a function once, on the turn of the event loop after \a window first shows on screen,
+ * or after a second if it never does (started minimised).
+ */
+class AfterFirstShow : public QObject
+{
+public:
+    AfterFirstShow(QWindow *window, std::function<void()> then)
+        : QObject(window)
+        , m_then(std::move(then))
+    {
+        window->installEventFilter(this);
+        QTimer::singleShot(1000, this, &AfterFirstShow::call);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        // Qt paints a widget window while handling its first exposure, so the next turn comes after.
+        if (event->type() == QEvent::Expose && static_cast<QWindow *>(watched)->isExposed()) {
+            watched->removeEventFilter(this);
+            QTimer::singleShot(0, this, &AfterFirstShow::call);
+        }
+        return false;
+    }
+
+private:
+    void call()
+    {
+        if (!m_then)
+            return;
+        const std::function<void()> then = std::exchange(m_then, {});
+        deleteLater();
+        then();
+    }
+
+    std::function<void()> m_then;
+};
 
 const char *const usageLines =
     "Usage: stakko-theme-maker [THEME.skt]\n"
@@ -463,7 +505,8 @@ int main(int argc, char *argv[])
     };
 
     window.show();
-    QTimer::singleShot(0, &window, [&] {
+    // Opening the sound device loads the audio libraries: the window comes first.
+    new AfterFirstShow(window.windowHandle(), [&] {
         // Caught from the first turn of the event loop on; before, there is nothing to lose.
         auto *ending = new ShutdownSignals(&window);
         QObject::connect(ending, &ShutdownSignals::received, &window, endBySystem, Qt::SingleShotConnection);

@@ -52,22 +52,26 @@ QString PreviewSurface::description() const
     return m_describe ? m_describe() : accessibleDescription();
 }
 
+QImage windowPixels(const QImage &image, QImage into)
+{
+    if (image.format() != QImage::Format_RGB888)
+        return image;
+    // Qt paints 24-bit pictures onto a window through its thread pool, waking threads for every
+    // frame; converted here, on this thread, a frame is a plain copy onto the window.
+    if (into.size() != image.size() || into.format() != QImage::Format_RGB32 || !into.isDetached())
+        into = QImage(image.size(), QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        const uchar *from = image.constScanLine(y);
+        auto *to = reinterpret_cast<QRgb *>(into.scanLine(y));
+        for (int x = 0; x < image.width(); ++x, from += 3)
+            to[x] = qRgb(from[0], from[1], from[2]);
+    }
+    return into;
+}
+
 void PreviewSurface::setImage(const QImage &image)
 {
-    if (image.format() != QImage::Format_RGB888) {
-        m_image = image;
-    } else {
-        // Qt paints 24-bit pictures onto the window through its thread pool, waking threads for
-        // every frame; converted here, on this thread, a frame is a plain copy onto the window.
-        if (m_image.size() != image.size() || m_image.format() != QImage::Format_RGB32 || !m_image.isDetached())
-            m_image = QImage(image.size(), QImage::Format_RGB32);
-        for (int y = 0; y < image.height(); ++y) {
-            const uchar *from = image.constScanLine(y);
-            auto *to = reinterpret_cast<QRgb *>(m_image.scanLine(y));
-            for (int x = 0; x < image.width(); ++x, from += 3)
-                to[x] = qRgb(from[0], from[1], from[2]);
-        }
-    }
+    m_image = windowPixels(image, std::move(m_image));
     update();
 }
 
