@@ -624,10 +624,14 @@ int main(int argc, char **argv)
         if (!bench.openBackground(editor, &window))
             return 1;
         const int threads = threadCount(editor.pid());
-        server.click(server.origin(window) + layout->previewButton);
-        bench.waitThreadsBack(editor.pid(), threads); // the strip is built
-        waitQuiet(player.pid());                      // the bare player has decoded
         const QRect probe(bench.surfaceOnScreen(window).topLeft() + QPoint(90, 170), QSize(8, 8));
+        const QList<quint32> still = server.pixels(probe);
+        server.click(server.origin(window) + layout->previewButton);
+        // The click lands when the editor gets to it: the first frame shows, then the strip is built.
+        for (int i = 0; i < 20000 && server.pixels(probe) == still; ++i)
+            usleep(1000);
+        bench.waitThreadsBack(editor.pid(), threads);
+        waitQuiet(player.pid()); // the bare player has decoded
         const QList<quint32> seen = server.pixels(probe);
         measureSide(editor.pid(), player.pid(), play, playWakes);
         changing = server.pixels(probe) != seen;
