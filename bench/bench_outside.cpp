@@ -614,7 +614,7 @@ int main(int argc, char **argv)
     // painting the same decoded frames from a QTimer at that period; then with the closer look
     // open beside the page's preview, against two such programs.
     double play[2] = {}, playWakes[2] = {}, closer[2] = {}, closerWakes[2] = {};
-    bool changing = false, closerShown = false;
+    bool changing = false, closerShown = false, editorEnded = false;
     if (wanted("play")) {
         const QStringList playerCommand{bench.bare, QStringLiteral("play"), frames, QString::number(stripFrames),
                                         QString::number(frameDelay + 1)};
@@ -634,7 +634,8 @@ int main(int argc, char **argv)
         waitQuiet(player.pid()); // the bare player has decoded
         const QList<quint32> seen = server.pixels(probe);
         measureSide(editor.pid(), player.pid(), play, playWakes);
-        changing = server.pixels(probe) != seen;
+        editorEnded = !editor.running();
+        changing = server.pixels(probe) != seen && !editorEnded;
         if (wanted("closer")) {
             Child second(playerCommand, bench.env(), frames);
             server.doubleClick(bench.surfaceOnScreen(window).center());
@@ -650,6 +651,8 @@ int main(int argc, char **argv)
             closer[0] = double(cpuNs(editor.pid()) - cpu) / wall;
             closerWakes[0] = double(wakeUps(editor.pid()) - woke) / (wall / 1e9);
             closer[1] = bare[0] + bare[1];
+            editorEnded = !editor.running();
+            closerShown = closerShown && !editorEnded;
             closerWakes[1] = bareWakes[0] + bareWakes[1];
         }
     }
@@ -657,7 +660,9 @@ int main(int argc, char **argv)
         std::printf("playing %d frames at %d ms for %d s: editor %.2f%% of a core (%.1f wake-ups/s), bare Qt %.2f%% "
                     "(%.1f wake-ups/s)%s\n",
                     stripFrames, frameDelay, measureSeconds, play[0] * 100, playWakes[0], play[1] * 100, playWakes[1],
-                    changing ? "" : "; the editor's preview did NOT change");
+                    changing       ? ""
+                    : editorEnded ? "; the editor ENDED"
+                                  : "; the editor's preview did NOT change");
     if (wanted("closer"))
         std::printf("  with the closer look open: editor %.2f%% (%.1f wake-ups/s), two bare Qt players %.2f%% "
                     "(%.1f wake-ups/s)%s\n",
