@@ -10,8 +10,11 @@
 #include "benchstats.h"
 #include "previewframes.h"
 #include "theme/themefilewriter.h"
+#include "editing/filecommands.h"
+#include "editor/artimportdialog.h"
 #include "editor/editorstyle.h"
 #include "editor/mainwindow.h"
+#include "editor/qtdialogs.h"
 
 #include <QApplication>
 #include <QDir>
@@ -69,7 +72,8 @@ public:
             putenv(strdup(setting.toLocal8Bit().constData()));
         const int null = open("/dev/null", O_RDWR);
         dup2(null, 1);
-        dup2(null, 2);
+        if (!qEnvironmentVariableIsSet("STAKKO_BENCH_CHILD_ERRORS"))
+            dup2(null, 2);
         std::vector<QByteArray> bytes;
         for (const QString &part : command)
             bytes.push_back(QFile::encodeName(part));
@@ -114,6 +118,29 @@ qint64 cpuNs(pid_t pid)
     return total;
 }
 
+/** The fields of /proc/PID/stat after the command's closing parenthesis: state, ppid, ... */
+QList<QByteArray> statFields(pid_t pid)
+{
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray line = stat.readAll();
+    return line.mid(line.lastIndexOf(')') + 2).split(' ');
+}
+
+/** Processor time of \a pid in nanoseconds, threads that ended included; counted in clock ticks. */
+qint64 processCpuNs(pid_t pid)
+{
+    const QList<QByteArray> fields = statFields(pid);
+    return (fields.value(11).toLongLong() + fields.value(12).toLongLong()) * 1000000000 / sysconf(_SC_CLK_TCK);
+}
+
+/** Page faults \a pid has taken that needed no disk: fresh memory touched for the first time. */
+qint64 minorFaults(pid_t pid)
+{
+    return statFields(pid).value(7).toLongLong();
+}
+
 /** Context switches of every thread of \a pid: how often it woke. */
 qint64 wakeUps(pid_t pid)
 {
@@ -151,36 +178,14 @@ void waitQuiet(pid_t pid)
 class Server
 {
 public:
-    bool start()
+    /** Starts Xvfb on the first free display from \a first on (engineers' own lie below). */
+    bool start(int first)
     {
-        int pipeFds[2];
-        if (pipe(pipeFds) != 0)
-            return false;
-        m_pid = fork();
-        if (m_pid == 0) {
-            close(pipeFds[0]);
-            const int null = open("/dev/null", O_RDWR);
-            dup2(null, 1);
-            dup2(null, 2);
-            const QByteArray fd = QByteArray::number(pipeFds[1]);
-            execlp("Xvfb", "Xvfb", "-displayfd", fd.constData(), "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
-                   "-br", static_cast<char *>(nullptr));
-            _exit(127);
+        for (int number = first; number < first + 40; ++number) {
+            if (startOn(number))
+                return true;
         }
-        close(pipeFds[1]);
-        // The server writes the number and a new line apart, and ends if it cannot write both.
-        QByteArray number;
-        char c = 0;
-        while (read(pipeFds[0], &c, 1) == 1 && c != '\n')
-            number += c;
-        close(pipeFds[0]);
-        if (number.isEmpty())
-            return false;
-        m_name = ":" + number;
-        // The number comes a moment before the server takes connections.
-        for (int tries = 0; tries < 500 && !m_display; ++tries, usleep(10000))
-            m_display = XOpenDisplay(m_name.constData());
-        return m_display && XTestQueryExtension(m_display, &m_unused, &m_unused, &m_unused, &m_unused);
+        return false;
     }
     ~Server()
     {
@@ -194,16 +199,15 @@ public:
     QByteArray name() const { return m_name; }
     Display *display() const { return m_display; }
 
-    /** The largest viewable top-level window of process \a pid; 0 while there is none. */
-    Window windowOf(pid_t pid) const
+    /** Calls \a found with each viewable top-level window of process \a pid. */
+    template<typename Found>
+    void forEachWindow(pid_t pid, Found found) const
     {
         Window root = 0, parent = 0, *children = nullptr;
         unsigned count = 0;
-        Window best = 0;
-        int bestArea = 0;
         const Atom pidAtom = XInternAtom(m_display, "_NET_WM_PID", True);
         if (!pidAtom || !XQueryTree(m_display, DefaultRootWindow(m_display), &root, &parent, &children, &count))
-            return 0;
+            return;
         for (unsigned i = 0; i < count; ++i) {
             Atom type = 0;
             int format = 0;
@@ -216,13 +220,32 @@ public:
             XFree(data);
             XWindowAttributes attributes;
             if (ours && XGetWindowAttributes(m_display, children[i], &attributes)
-                && attributes.map_state == IsViewable && attributes.width * attributes.height > bestArea) {
-                best = children[i];
-                bestArea = attributes.width * attributes.height;
-            }
+                && attributes.map_state == IsViewable)
+                found(children[i], attributes);
         }
         XFree(children);
+    }
+
+    /** The largest viewable top-level window of process \a pid; 0 while there is none. */
+    Window windowOf(pid_t pid) const
+    {
+        Window best = 0;
+        int bestArea = 0;
+        forEachWindow(pid, [&](Window window, const XWindowAttributes &attributes) {
+            if (attributes.width * attributes.height > bestArea) {
+                best = window;
+                bestArea = attributes.width * attributes.height;
+            }
+        });
         return best;
+    }
+
+    /** How many viewable top-level windows \a pid shows. */
+    int windowCount(pid_t pid) const
+    {
+        int count = 0;
+        forEachWindow(pid, [&count](Window, const XWindowAttributes &) { ++count; });
+        return count;
     }
 
     /** Where (0, 0) of \a window lies on the screen. */
@@ -259,6 +282,13 @@ public:
         XSync(m_display, False);
     }
 
+    void doubleClick(QPoint at) const
+    {
+        click(at);
+        usleep(50000);
+        click(at);
+    }
+
     /**
      * Waits up to \a timeoutMs for a viewable window of \a pid whose middle is painted (the
      * root is black); returns the moment it was seen, or -1.
@@ -283,6 +313,43 @@ public:
     }
 
 private:
+    // Xvfb on display \a number; false when that number is taken (the server ends at once).
+    bool startOn(int number)
+    {
+        int pipeFds[2];
+        if (pipe(pipeFds) != 0)
+            return false;
+        m_pid = fork();
+        if (m_pid == 0) {
+            close(pipeFds[0]);
+            const int null = open("/dev/null", O_RDWR);
+            dup2(null, 1);
+            dup2(null, 2);
+            const QByteArray fd = QByteArray::number(pipeFds[1]);
+            const QByteArray name = ":" + QByteArray::number(number);
+            execlp("Xvfb", "Xvfb", name.constData(), "-displayfd", fd.constData(), "-screen", "0", "1280x1024x24",
+                   "-nolisten", "tcp", "-br", static_cast<char *>(nullptr));
+            _exit(127);
+        }
+        close(pipeFds[1]);
+        // The server writes the number and a new line apart, and ends if it cannot write both.
+        QByteArray written;
+        char c = 0;
+        while (read(pipeFds[0], &c, 1) == 1 && c != '\n')
+            written += c;
+        close(pipeFds[0]);
+        if (written.isEmpty()) {
+            waitpid(m_pid, nullptr, 0);
+            m_pid = -1;
+            return false;
+        }
+        m_name = ":" + written;
+        // The number comes a moment before the server takes connections.
+        for (int tries = 0; tries < 500 && !m_display; ++tries, usleep(10000))
+            m_display = XOpenDisplay(m_name.constData());
+        return m_display && XTestQueryExtension(m_display, &m_unused, &m_unused, &m_unused, &m_unused);
+    }
+
     pid_t m_pid = -1;
     QByteArray m_name;
     Display *m_display = nullptr;
@@ -300,6 +367,10 @@ std::optional<Layout> probeLayout()
 {
     ThemeDocument doc;
     MainWindow window(doc);
+    // What the editor's start adds to the pages: the import buttons beside Browse.
+    QtDialogs dialogs(&window);
+    FileCommands commands(doc, dialogs);
+    new ArtImportCommand(window, doc, dialogs, commands);
     window.startUp();
     window.show();
     QApplication::processEvents();
@@ -376,7 +447,7 @@ struct Bench {
 
     // Click on Preview to the first frame on screen, and to the whole strip built (the
     // loader's threads gone), in milliseconds.
-    bool firstFrame(double *firstMs, double *wholeMs) const
+    bool firstFrame(double *firstMs, double *wholeMs, double *cpuMs, double *faults) const
     {
         Child child(editorCommand(true), env(), folder);
         Window window = 0;
@@ -385,6 +456,8 @@ struct Bench {
         const QRect probe(surfaceOnScreen(window).topLeft() + QPoint(90, 170), QSize(8, 8));
         const QList<quint32> before = server.pixels(probe);
         const int threads = threadCount(child.pid());
+        const qint64 cpuBefore = processCpuNs(child.pid());
+        const qint64 faultsBefore = minorFaults(child.pid());
         const qint64 clicked = nowNs();
         server.click(server.origin(window) + layout.previewButton);
         qint64 shown = -1;
@@ -396,16 +469,25 @@ struct Bench {
             usleep(200);
         }
         qint64 built = -1;
-        while (shown >= 0 && nowNs() - clicked < 60000000000LL) {
-            if (threadCount(child.pid()) <= threads) {
+        if (shown >= 0) {
+            waitThreadsBack(child.pid(), threads);
+            if (threadCount(child.pid()) <= threads)
                 built = nowNs();
-                break;
-            }
-            usleep(200);
         }
+        // The loader's threads are gone: the process's total holds what they used.
+        *cpuMs = double(processCpuNs(child.pid()) - cpuBefore) / 1e6;
+        *faults = double(minorFaults(child.pid()) - faultsBefore);
         *firstMs = double(shown - clicked) / 1e6;
         *wholeMs = double(built - clicked) / 1e6;
         return shown >= 0 && built >= 0;
+    }
+
+    // Waits (up to a minute) until \a pid runs no more than \a threads threads: its loader is done.
+    void waitThreadsBack(pid_t pid, int threads) const
+    {
+        const qint64 started = nowNs();
+        while (threadCount(pid) > threads && nowNs() - started < 60000000000LL)
+            usleep(200);
     }
 
     double serialDecodeMs() const
@@ -433,20 +515,36 @@ void measureSide(pid_t a, pid_t b, double share[2], double wakes[2])
     wakes[1] = double(wakeUps(b) - woke[1]) / (wall / 1e9);
 }
 
+// The machine's load average: figures taken while others compile say so beside them.
+void printLoad(const char *when)
+{
+    QFile load(QStringLiteral("/proc/loadavg"));
+    if (load.open(QIODevice::ReadOnly))
+        std::printf("load average %s: %s\n", when, load.readAll().trimmed().constData());
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    printLoad("before");
     Server server;
-    if (!server.start()) {
+    if (!server.start(55)) {
         std::fprintf(stderr, "no private X server (Xvfb with XTest) could be started\n");
         return 1;
     }
     qputenv("DISPLAY", server.name());
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication app(argc, argv);
+    // Measures named on the command line (start idle play closer click) run alone; none, all.
+    const QStringList chosen = QApplication::arguments().mid(1);
+    const auto wanted = [&chosen](const char *measure) {
+        return chosen.isEmpty() || chosen.contains(QLatin1StringView(measure))
+               || (QLatin1StringView(measure) == "play" && chosen.contains(QStringLiteral("closer")));
+    };
     installEditorStyle();
     QTemporaryDir dir;
+    dir.setAutoRemove(!qEnvironmentVariableIsSet("STAKKO_BENCH_KEEP"));
     const std::optional<Layout> layout = probeLayout();
     if (!dir.isValid() || !layout) {
         std::fprintf(stderr, "the editor's window could not be measured\n");
@@ -473,29 +571,33 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "the theme could not be made: %s%s\n", output.constData(), qPrintable(error));
         return 1;
     }
-    Bench bench{server, *layout, QStringLiteral(STAKKO_EDITOR_PATH), QStringLiteral(STAKKO_BARE_WINDOW), frames, home,
+    // Another build of the editor (one piece taken out) can stand in, to measure what the piece gains.
+    const QString editorPath = qEnvironmentVariable("STAKKO_BENCH_EDITOR", QStringLiteral(STAKKO_EDITOR_PATH));
+    Bench bench{server, *layout, editorPath, QStringLiteral(STAKKO_BARE_WINDOW), frames, home,
                 server.name()};
     const QStringList bareLabel{bench.bare, QStringLiteral("label")};
 
     // Start-up, round by round so that a busy moment falls on both.
     constexpr int startRounds = 7;
-    bench.startUpMs(bench.editorCommand(false)); // the file cache, for both
-    bench.startUpMs(bareLabel);
     QList<double> editorStart, bareStart;
-    for (int round = 0; round < startRounds; ++round) {
-        editorStart.append(bench.startUpMs(bench.editorCommand(false)));
-        bareStart.append(bench.startUpMs(bareLabel));
-        if (editorStart.last() < 0 || bareStart.last() < 0) {
+    for (int round = 0; wanted("start") && round <= startRounds; ++round) {
+        const double editorMs = bench.startUpMs(bench.editorCommand(false));
+        const double bareMs = bench.startUpMs(bareLabel);
+        if (editorMs < 0 || bareMs < 0) {
             std::fprintf(stderr, "a window never showed\n");
             return 1;
         }
+        if (round > 0) { // the first fills the file cache, for both
+            editorStart.append(editorMs);
+            bareStart.append(bareMs);
+        }
     }
-    std::printf("start-up to a visible window, median of %d: editor %.1f ms, a QLabel window %.1f ms\n", startRounds,
-                median(editorStart), median(bareStart));
-
+    if (wanted("start"))
+        std::printf("start-up to a visible window, median of %d: editor %.1f ms, a QLabel window %.1f ms\n",
+                    startRounds, median(editorStart), median(bareStart));
     // Idle: the editor with a theme loaded beside the label window, over the same seconds.
     double idle[2] = {}, idleWakes[2] = {};
-    {
+    if (wanted("idle")) {
         Child editor(bench.editorCommand(true), bench.env(), frames);
         Child label(bareLabel, bench.env(), frames);
         if (server.waitVisible(editor.pid(), 20000) < 0 || server.waitVisible(label.pid(), 20000) < 0)
@@ -504,56 +606,106 @@ int main(int argc, char **argv)
         waitQuiet(label.pid());
         measureSide(editor.pid(), label.pid(), idle, idleWakes);
     }
-    std::printf("idle %d s: editor %.3f%% of a core (%.1f wake-ups/s), a QLabel window %.3f%% (%.1f wake-ups/s)\n",
+    if (wanted("idle"))
+        std::printf("idle %d s: editor %.3f%% of a core (%.1f wake-ups/s), a QLabel window %.3f%% (%.1f wake-ups/s)\n",
                 measureSeconds, idle[0] * 100, idleWakes[0], idle[1] * 100, idleWakes[1]);
 
     // Playing: the background at its delay (a frame every delay + 1 ms) beside a QWidget
-    // painting the same decoded frames from a QTimer at that period.
-    double play[2] = {}, playWakes[2] = {};
-    bool changing = false;
-    {
+    // painting the same decoded frames from a QTimer at that period; then with the closer look
+    // open beside the page's preview, against two such programs.
+    double play[2] = {}, playWakes[2] = {}, closer[2] = {}, closerWakes[2] = {};
+    bool changing = false, closerShown = false, editorEnded = false;
+    if (wanted("play")) {
+        const QStringList playerCommand{bench.bare, QStringLiteral("play"), frames, QString::number(stripFrames),
+                                        QString::number(frameDelay + 1)};
         Child editor(bench.editorCommand(true), bench.env(), frames);
-        Child player({bench.bare, QStringLiteral("play"), frames, QString::number(stripFrames),
-                      QString::number(frameDelay + 1)},
-                     bench.env(), frames);
+        Child player(playerCommand, bench.env(), frames);
         Window window = 0;
         if (!bench.openBackground(editor, &window))
             return 1;
-        server.click(server.origin(window) + layout->previewButton);
-        sleepMs(1000);
-        waitQuiet(player.pid()); // the bare player decodes, and the strip builds
+        const int threads = threadCount(editor.pid());
         const QRect probe(bench.surfaceOnScreen(window).topLeft() + QPoint(90, 170), QSize(8, 8));
+        const QList<quint32> still = server.pixels(probe);
+        server.click(server.origin(window) + layout->previewButton);
+        // The click lands when the editor gets to it: the first frame shows, then the strip is built.
+        for (int i = 0; i < 20000 && server.pixels(probe) == still; ++i)
+            usleep(1000);
+        bench.waitThreadsBack(editor.pid(), threads);
+        waitQuiet(player.pid()); // the bare player has decoded
         const QList<quint32> seen = server.pixels(probe);
         measureSide(editor.pid(), player.pid(), play, playWakes);
-        changing = server.pixels(probe) != seen;
+        editorEnded = !editor.running();
+        changing = server.pixels(probe) != seen && !editorEnded;
+        if (wanted("closer")) {
+            Child second(playerCommand, bench.env(), frames);
+            server.doubleClick(bench.surfaceOnScreen(window).center());
+            for (int i = 0; i < 400 && !closerShown; ++i, sleepMs(10))
+                closerShown = server.windowCount(editor.pid()) > 1;
+            waitQuiet(second.pid());
+            double bare[2] = {}, bareWakes[2] = {};
+            const qint64 cpu = cpuNs(editor.pid());
+            const qint64 woke = wakeUps(editor.pid());
+            const qint64 started = nowNs();
+            measureSide(player.pid(), second.pid(), bare, bareWakes);
+            const double wall = double(nowNs() - started);
+            closer[0] = double(cpuNs(editor.pid()) - cpu) / wall;
+            closerWakes[0] = double(wakeUps(editor.pid()) - woke) / (wall / 1e9);
+            closer[1] = bare[0] + bare[1];
+            editorEnded = !editor.running();
+            closerShown = closerShown && !editorEnded;
+            closerWakes[1] = bareWakes[0] + bareWakes[1];
+        }
     }
-    std::printf("playing %d frames at %d ms for %d s: editor %.2f%% of a core (%.1f wake-ups/s), bare Qt %.2f%% "
-                "(%.1f wake-ups/s)%s\n",
-                stripFrames, frameDelay, measureSeconds, play[0] * 100, playWakes[0], play[1] * 100, playWakes[1],
-                changing ? "" : "; the editor's preview did NOT change");
+    if (wanted("play"))
+        std::printf("playing %d frames at %d ms for %d s: editor %.2f%% of a core (%.1f wake-ups/s), bare Qt %.2f%% "
+                    "(%.1f wake-ups/s)%s\n",
+                    stripFrames, frameDelay, measureSeconds, play[0] * 100, playWakes[0], play[1] * 100, playWakes[1],
+                    changing       ? ""
+                    : editorEnded ? "; the editor ENDED"
+                                  : "; the editor's preview did NOT change");
+    if (wanted("closer"))
+        std::printf("  with the closer look open: editor %.2f%% (%.1f wake-ups/s), two bare Qt players %.2f%% "
+                    "(%.1f wake-ups/s)%s\n",
+                    closer[0] * 100, closerWakes[0], closer[1] * 100, closerWakes[1],
+                    closerShown ? "" : "; the closer look did NOT open");
 
     // Click to first frame, and to the whole strip, beside the serial decode of its files.
     constexpr int clickRounds = 5;
-    bench.serialDecodeMs();
-    QList<double> decode, first, whole;
-    for (int round = 0; round < clickRounds; ++round) {
-        double firstMs = 0, wholeMs = 0;
+    QList<double> decode, first, whole, clickCpu, clickFaults;
+    if (wanted("click"))
+        bench.serialDecodeMs();
+    for (int round = 0; wanted("click") && round < clickRounds; ++round) {
+        double firstMs = 0, wholeMs = 0, cpuMs = 0, faults = 0;
         decode.append(bench.serialDecodeMs());
-        if (!bench.firstFrame(&firstMs, &wholeMs)) {
+        if (!bench.firstFrame(&firstMs, &wholeMs, &cpuMs, &faults)) {
             std::fprintf(stderr, "the preview never showed a frame\n");
             return 1;
         }
         first.append(firstMs);
         whole.append(wholeMs);
+        clickCpu.append(cpuMs);
+        clickFaults.append(faults);
     }
-    std::printf("Preview click of %d BMP frames, median of %d: first frame %.1f ms, whole strip %.1f ms, "
-                "serial QImageReader decode %.1f ms\n",
-                stripFrames, clickRounds, median(first), median(whole), median(decode));
+    if (wanted("click"))
+        std::printf("Preview click of %d BMP frames, median of %d: first frame %.1f ms, whole strip %.1f ms, "
+                    "serial QImageReader decode %.1f ms\n  the editor's processor time for it %.0f ms, "
+                    "%.0f page faults (counts a busy machine moves less than times)\n",
+                    stripFrames, clickRounds, median(first), median(whole), median(decode), median(clickCpu),
+                    median(clickFaults));
 
-    benchRow("outside: idle editor, CPU of one core", idle[0] * 100, 0.1, "%");
-    benchRow("outside: playing at 40 ms / bare Qt painting", changing ? play[0] / play[1] : 99, 1.25, "x");
-    benchRow("outside: Preview click to first frame / serial decode", medianRatio(first, decode), 0.25, "x");
-    benchRow("outside: Preview click to whole strip / serial decode", medianRatio(whole, decode), 0.65, "x");
-    benchRow("outside: start-up to visible window / QLabel window", medianRatio(editorStart, bareStart), 1.25, "x");
+    printLoad("after");
+    if (wanted("idle"))
+        benchRow("outside: idle editor, CPU of one core", idle[0] * 100, 0.1, "%");
+    if (wanted("play"))
+        benchRow("outside: playing at 40 ms / bare Qt painting", changing ? play[0] / play[1] : 99, 1.25, "x");
+    if (wanted("closer"))
+        benchRow("outside: page and closer look / two bare Qt", closerShown ? closer[0] / closer[1] : 99, 1.25, "x");
+    if (wanted("click")) {
+        benchRow("outside: Preview click to first frame / serial decode", medianRatio(first, decode), 0.25, "x");
+        benchRow("outside: Preview click to whole strip / serial decode", medianRatio(whole, decode), 0.65, "x");
+    }
+    if (wanted("start"))
+        benchRow("outside: start-up to visible window / QLabel window", medianRatio(editorStart, bareStart), 1.25,
+                 "x");
     return 0;
 }

@@ -23,8 +23,54 @@
 #include <QLocale>
 #include <QMenu>
 #include <QTimer>
+#include <QWindow>
 
 #include <cstdio>
+#include <functional>
+#include <utility>
+
+namespace {
+
+/**
+ * Calls a function once, on the turn of the event loop after \a window first shows on screen,
+ * or after a second if it never does (started minimised).
+ */
+class AfterFirstShow : public QObject
+{
+public:
+    AfterFirstShow(QWindow *window, std::function<void()> then)
+        : QObject(window)
+        , m_then(std::move(then))
+    {
+        window->installEventFilter(this);
+        QTimer::singleShot(1000, this, &AfterFirstShow::call);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        // Qt paints a widget window while handling its first exposure, so the next turn comes after.
+        if (event->type() == QEvent::Expose && static_cast<QWindow *>(watched)->isExposed()) {
+            watched->removeEventFilter(this);
+            QTimer::singleShot(0, this, &AfterFirstShow::call);
+        }
+        return false;
+    }
+
+private:
+    void call()
+    {
+        if (!m_then)
+            return;
+        const std::function<void()> then = std::exchange(m_then, {});
+        deleteLater();
+        then();
+    }
+
+    std::function<void()> m_then;
+};
+
+} // namespace
 
 void UnattendedDialogs::show(const Report &report)
 {
@@ -170,6 +216,7 @@ int EditorApplication::run(const QString &themePath)
     });
 
     m_window.show();
-    QTimer::singleShot(0, &m_window, [this, themePath] { startSession(themePath); });
+    // Opening the sound device loads the audio libraries: the window comes first.
+    new AfterFirstShow(m_window.windowHandle(), [this, themePath] { startSession(themePath); });
     return QApplication::exec();
 }

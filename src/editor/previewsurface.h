@@ -10,6 +10,12 @@
 #include <functional>
 
 /**
+ * \a image as a window paints it quickly: a 24-bit picture becomes a 32-bit one, written into
+ * \a into when that fits and is not shared; any other picture comes back as it is.
+ */
+QImage windowPixels(const QImage &image, QImage into = {});
+
+/**
  * A fixed-size picture area for previews. Natural mode draws the image unscaled from the
  * top-left corner (larger images are cut off); Stretch mode fills the whole area, ignoring the
  * aspect ratio. Whatever the image leaves uncovered shows the fill colour.

@@ -6,6 +6,7 @@
 #include "theme/animatedelement.h"
 #include "preview/framepreviews.h"
 #include "preview/ticktimer.h"
+#include "editor/previewsurface.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -42,7 +43,9 @@ public:
     void render(QPainter &painter) const
     {
         const QSize shown = m_image.size() * factor();
-        for (int y = 0; y < shown.height(); y += checkerSquare) {
+        // The checkerboard shows only through transparent pixels: under an opaque picture it
+        // would cost thousands of squares a frame for nothing.
+        for (int y = 0; m_image.hasAlphaChannel() && y < shown.height(); y += checkerSquare) {
             for (int x = 0; x < shown.width(); x += checkerSquare) {
                 const bool dark = (x / checkerSquare + y / checkerSquare) % 2;
                 painter.fillRect(x, y, checkerSquare, checkerSquare, dark ? QColor(0x99, 0x99, 0x99) : QColor(0xcc, 0xcc, 0xcc));
@@ -67,7 +70,7 @@ private:
 } // namespace
 
 PreviewWindow::PreviewWindow(FramePreviews &frames, int element, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(frames.surfaceImage(element))
+    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(windowPixels(frames.surfaceImage(element)))
 {
     // The picture comes first: the canvas takes its size from it when it is built.
     build(QString::fromLatin1(animatedElements[element].caption));
@@ -82,7 +85,7 @@ PreviewWindow::PreviewWindow(FramePreviews &frames, int element, QWidget *parent
 }
 
 PreviewWindow::PreviewWindow(const QString &caption, const QImage &image, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_image(image)
+    : QWidget(parent, Qt::Window), m_image(windowPixels(image))
 {
     build(caption);
     for (QWidget *frameControl : {static_cast<QWidget *>(m_state), static_cast<QWidget *>(m_pause),
@@ -166,7 +169,7 @@ void PreviewWindow::fitToPicture()
 void PreviewWindow::setImage(const QImage &image)
 {
     const bool resized = image.size() != m_image.size();
-    m_image = image;
+    m_image = windowPixels(image, std::move(m_image));
     if (resized)
         m_canvas->resize(m_canvas->sizeHint());
     m_canvas->update();

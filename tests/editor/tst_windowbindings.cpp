@@ -303,6 +303,27 @@ private slots:
         QCOMPARE(e.shownFrame("imgIPreview"), 8);
     }
 
+    // Frames reach the window as 32-bit pixels equal to what Qt converts them to, whatever the
+    // width (the fast path takes four pixels at a time and finishes the row one by one).
+    void framesReachTheWindowAsQtConvertsThem_data()
+    {
+        QTest::addColumn<int>("width");
+        for (const int width : {1, 5, 6, 7, 10, 192})
+            QTest::addRow("%d pixels wide", width) << width;
+    }
+    void framesReachTheWindowAsQtConvertsThem()
+    {
+        QFETCH(int, width);
+        QImage frame(width, 3, QImage::Format_RGB888);
+        for (int y = 0; y < frame.height(); ++y) {
+            for (int x = 0; x < frame.bytesPerLine(); ++x)
+                frame.scanLine(y)[x] = uchar(x * 37 + y * 11);
+        }
+        const QImage shown = windowPixels(frame);
+        QCOMPARE(shown.format(), QImage::Format_RGB32);
+        QCOMPARE(shown, frame.convertToFormat(QImage::Format_RGB32));
+    }
+
     // The preview plays in the page until the page changes; the closer look is the page's own
     // animation: its pause and steps move the page's preview.
     void previewPlaysZoomsPausesAndSteps()
