@@ -215,7 +215,7 @@ QByteArray problemsJson(const Report &report)
     for (qsizetype i = 0; i < report.problems.size(); ++i) {
         const Problem &p = report.problems.at(i);
         const bool error = p.severity == Problem::Severity::Error;
-        out += (i == 0 ? "\n  {" : ",\n  {") + QByteArray("\"severity\": ") + jsonText(error ? "error" : "warning")
+        out += (i == 0 ? "\n  {" : ",\n  {") + QByteArray("\"severity\": ") + jsonText(severityName(error ? Problem::Severity::Error : Problem::Severity::Warning))
             + ", \"code\": " + jsonText(p.code) + ", \"field\": " + jsonText(p.field)
             + ", \"file\": " + jsonText(p.file) + ", \"message\": " + jsonText(p.text)
             + ", \"manual\": " + jsonText(problemCodeUrl(p.code).toString(QUrl::FullyEncoded)) + '}';

@@ -53,8 +53,8 @@ QString Report::summary() const
         const qsizetype n = count(severity);
         return QStringLiteral("%1 %2%3").arg(n).arg(QLatin1StringView(what), n == 1 ? "" : "s");
     };
-    return counted(Problem::Severity::Error, "error") + QStringLiteral(", ")
-        + counted(Problem::Severity::Warning, "warning");
+    return counted(Problem::Severity::Error, severityName(Problem::Severity::Error)) + QStringLiteral(", ")
+        + counted(Problem::Severity::Warning, severityName(Problem::Severity::Warning));
 }
 
 QStringList Report::lines() const
@@ -64,6 +64,19 @@ QStringList Report::lines() const
         out.append(p.shownTitle() + QStringLiteral(": ") + p.text);
     }
     return out;
+}
+
+const char *severityName(Problem::Severity severity)
+{
+    switch (severity) {
+    case Problem::Severity::Error:
+        return "error";
+    case Problem::Severity::Warning:
+        return "warning";
+    case Problem::Severity::Information:
+        break;
+    }
+    return "information";
 }
 
 QString firstErrorText(const Report &report)

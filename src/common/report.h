@@ -39,5 +39,8 @@ struct Report {
     QStringList lines() const;
 };
 
+/** "error", "warning" or "information": how summaries and --json name a severity. */
+const char *severityName(Problem::Severity severity);
+
 /** The text of the first error in \a report; "" when it holds none. */
 QString firstErrorText(const Report &report);

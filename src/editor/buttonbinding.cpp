@@ -167,7 +167,8 @@ void ButtonBinding::toggleMusic()
     // "Stop Music" and the next click merely resets it.
     if (button->text() == playMusicCaption) {
         button->setText(stopMusicCaption);
-        m_dialogs.show(m_sound.openMusic(themeFilePath(m_doc.musicFolder(), m_doc.value(FieldKey::midi))));
+        m_dialogs.show(m_sound.openMusic(themeFilePath(m_doc.musicFolder(), m_doc.value(FieldKey::midi)),
+                                         QLatin1StringView(FieldKey::midi)));
         m_sound.playMusic();
     } else {
         button->setText(playMusicCaption);

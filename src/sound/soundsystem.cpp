@@ -13,12 +13,6 @@
 
 namespace {
 
-// The theme field a music error belongs to (the field table lies in a layer above this one).
-QString musicField()
-{
-    return QStringLiteral("midi");
-}
-
 /** The mixer's functions, once startAudio() has loaded them. */
 const MixerLibrary &mixer()
 {
@@ -309,7 +303,7 @@ bool SoundSystem::isStreamFile(const QString &path) const
     return !isModuleSongName(path);
 }
 
-Report SoundSystem::openMusic(const QString &path)
+Report SoundSystem::openMusic(const QString &path, const QString &field)
 {
     Report report;
     if (!m_soundAvailable)
@@ -318,7 +312,7 @@ Report SoundSystem::openMusic(const QString &path)
     freeMusic();
     m_musicIsStream = isStreamFile(path);
     if (!wakeDevice()) {
-        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(SoundError::DeviceFailed), musicField(), path);
+        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(SoundError::DeviceFailed), field, path);
         return report;
     }
 
@@ -331,7 +325,7 @@ Report SoundSystem::openMusic(const QString &path)
             code = loadFailure(QString::fromUtf8(mixer().SDL_GetError()));
     }
     if (!m_musicHandle) {
-        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), musicField(), path);
+        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), field, path);
         m_musicPlaying = false;
     }
     return report;

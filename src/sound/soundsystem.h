@@ -52,7 +52,7 @@ public:
      * any letter case are accepted). A file that cannot be opened is reported with the matching
      * soundErrorText() and leaves no music item. Does nothing without sound.
      */
-    Report openMusic(const QString &path);
+    Report openMusic(const QString &path, const QString &field = {});
 
     /** Starts the open music item from its beginning; module songs loop, streams play once. */
     void playMusic();
