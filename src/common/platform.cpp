@@ -27,7 +27,82 @@
 #include <sys/timerfd.h>
 #endif
 
+QString systemReason(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
 namespace Platform {
+
+int openFolderAt(const QByteArray &path, int &fd)
+{
+    fd = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    return fd < 0 ? errno : 0;
+}
+
+FileAt fileAt(int folder, const QByteArray &name)
+{
+    struct stat info {};
+    if (fstatat(folder, name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0)
+        return {};
+    return {S_ISDIR(info.st_mode), S_ISREG(info.st_mode), unsigned(info.st_mode & 07777)};
+}
+
+int createNewFile(int folder, const QByteArray &name, unsigned mode, int &fd)
+{
+    fd = ::openat(folder, name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode_t(mode));
+    return fd < 0 ? errno : 0;
+}
+
+bool isExistsError(int error)
+{
+    return error == EEXIST;
+}
+
+int isAFolderError()
+{
+    return EISDIR;
+}
+
+int setFileMode(int fd, unsigned mode)
+{
+    return fchmod(fd, mode_t(mode)) == 0 ? 0 : errno;
+}
+
+int writeAll(int fd, const char *data, qint64 size)
+{
+    while (size > 0) {
+        const ssize_t written = ::write(fd, data, size_t(size));
+        if (written < 0) {
+            if (errno == EINTR)
+                continue;
+            return errno;
+        }
+        data += written;
+        size -= written;
+    }
+    return 0;
+}
+
+int syncFile(int fd)
+{
+    return fsync(fd) == 0 ? 0 : errno;
+}
+
+int closeFile(int fd)
+{
+    return ::close(fd) == 0 ? 0 : errno;
+}
+
+int renameInFolder(int folder, const QByteArray &from, const QByteArray &to)
+{
+    return renameat(folder, from.constData(), folder, to.constData()) == 0 ? 0 : errno;
+}
+
+void removeFileIn(int folder, const QByteArray &name)
+{
+    unlinkat(folder, name.constData(), 0);
+}
 
 Descriptor::~Descriptor()
 {

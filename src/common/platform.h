@@ -64,6 +64,26 @@ std::optional<OwnFile> openOwnPlainFile(int folder, const QByteArray &name);
 /** Fills \a size bytes of \a buffer from \a file at \a offset; fails at the file's end too. */
 Result<void> readAt(int file, char *buffer, qint64 size, qint64 offset);
 
+// Replacing a file inside an open folder (SafeFile). Each returns 0 or the system's error number.
+int openFolderAt(const QByteArray &path, int &fd);
+struct FileAt {
+    bool folder = false;
+    bool plain = false;  // a plain file (not a link, not a folder)
+    unsigned mode = 0;   // its permission bits
+};
+/** What is at \a name inside \a folder, links not followed. */
+FileAt fileAt(int folder, const QByteArray &name);
+/** Creates \a name in \a folder, failing if anything (a link included) is there already. */
+int createNewFile(int folder, const QByteArray &name, unsigned mode, int &fd);
+bool isExistsError(int error);
+int isAFolderError();
+int setFileMode(int fd, unsigned mode);
+int writeAll(int fd, const char *data, qint64 size);
+int syncFile(int fd);
+int closeFile(int fd);
+int renameInFolder(int folder, const QByteArray &from, const QByteArray &to);
+void removeFileIn(int folder, const QByteArray &name);
+
 /** Whether the file or folder \a info belongs to the user running the program. */
 bool ownedByCurrentUser(const QFileInfo &info);
 

@@ -3,21 +3,11 @@
 
 #include "common/safefile.h"
 
+#include "common/platform.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
-
-#include <cerrno>
-#include <cstring>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-QString systemReason(int error)
-{
-    return QString::fromLocal8Bit(std::strerror(error));
-}
 
 namespace {
 
@@ -35,7 +25,7 @@ QString followLinks(const QString &path)
 
 SafeFile::SafeFile(const QString &path) : m_path(followLinks(path)) {}
 
-SafeFile::SafeFile(int folderFd, const QByteArray &name, mode_t mode)
+SafeFile::SafeFile(int folderFd, const QByteArray &name, unsigned mode)
     : m_folderFd(folderFd), m_name(name), m_mode(mode), m_keepMode(false)
 {
 }
@@ -44,7 +34,7 @@ SafeFile::~SafeFile()
 {
     cancel();
     if (m_ownsFolder)
-        ::close(m_folderFd);
+        Platform::closeFile(m_folderFd);
 }
 
 bool SafeFile::fail(int error)
@@ -58,51 +48,43 @@ bool SafeFile::open()
     if (!m_path.isEmpty()) {
         const QFileInfo info(m_path);
         const QByteArray folder = QFile::encodeName(info.absolutePath());
-        m_folderFd = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (m_folderFd < 0)
-            return fail(errno);
+        if (const int error = Platform::openFolderAt(folder, m_folderFd))
+            return fail(error);
         m_ownsFolder = true;
         m_name = QFile::encodeName(info.fileName());
     }
-    struct stat old {};
-    const bool replacing = fstatat(m_folderFd, m_name.constData(), &old, AT_SYMLINK_NOFOLLOW) == 0;
-    if (replacing && S_ISDIR(old.st_mode))
-        return fail(EISDIR);
+    const Platform::FileAt old = Platform::fileAt(m_folderFd, m_name);
+    if (old.folder)
+        return fail(Platform::isAFolderError());
 
+    int error = 0;
     for (int attempt = 0; attempt < 100; ++attempt) {
         // Cut so a long name still leaves room for the suffix.
         m_tempName = "." + m_name.left(200) + "."
                      + QByteArray::number(QRandomGenerator::system()->generate(), 36) + ".partial";
-        m_fd = ::openat(m_folderFd, m_tempName.constData(),
-                        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, m_mode);
-        if (m_fd >= 0 || errno != EEXIST)
+        error = Platform::createNewFile(m_folderFd, m_tempName, m_mode, m_fd);
+        if (!Platform::isExistsError(error))
             break;
     }
-    if (m_fd < 0) {
+    if (error) {
+        m_fd = -1;
         m_tempName.clear();
-        return fail(errno);
+        return fail(error);
     }
     // The umask must not narrow an existing file's permissions on every save.
-    if (m_keepMode && replacing && S_ISREG(old.st_mode) && fchmod(m_fd, old.st_mode & 07777) != 0) {
-        const int error = errno;
-        cancel();
-        return fail(error);
+    if (m_keepMode && old.plain) {
+        if (const int modeError = Platform::setFileMode(m_fd, old.mode)) {
+            cancel();
+            return fail(modeError);
+        }
     }
     return true;
 }
 
 bool SafeFile::write(const char *data, qint64 size)
 {
-    while (size > 0) {
-        const ssize_t written = ::write(m_fd, data, size_t(size));
-        if (written < 0) {
-            if (errno == EINTR)
-                continue;
-            return fail(errno);
-        }
-        data += written;
-        size -= written;
-    }
+    if (const int error = Platform::writeAll(m_fd, data, size))
+        return fail(error);
     return true;
 }
 
@@ -111,8 +93,7 @@ bool SafeFile::closeFile()
     const int fd = m_fd;
     m_fd = -1;
     // Delayed allocation may only now learn that the disk is full.
-    if (::close(fd) != 0) {
-        const int error = errno;
+    if (const int error = Platform::closeFile(fd)) {
         cancel();
         return fail(error);
     }
@@ -123,8 +104,7 @@ bool SafeFile::commit(bool sync)
 {
     if (m_fd < 0)
         return false;
-    if (sync && fsync(m_fd) != 0) {
-        const int error = errno;
+    if (const int error = sync ? Platform::syncFile(m_fd) : 0) {
         cancel();
         return fail(error);
     }
@@ -138,8 +118,7 @@ bool SafeFile::finishAside()
 
 bool SafeFile::publish()
 {
-    if (renameat(m_folderFd, m_tempName.constData(), m_folderFd, m_name.constData()) != 0) {
-        const int error = errno;
+    if (const int error = Platform::renameInFolder(m_folderFd, m_tempName, m_name)) {
         cancel();
         return fail(error);
     }
@@ -150,11 +129,11 @@ bool SafeFile::publish()
 void SafeFile::cancel()
 {
     if (m_fd >= 0) {
-        ::close(m_fd);
+        Platform::closeFile(m_fd);
         m_fd = -1;
     }
     if (!m_tempName.isEmpty()) {
-        unlinkat(m_folderFd, m_tempName.constData(), 0);
+        Platform::removeFileIn(m_folderFd, m_tempName);
         m_tempName.clear();
     }
 }

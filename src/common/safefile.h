@@ -8,8 +8,6 @@
 #include <QByteArray>
 #include <QString>
 
-#include <sys/types.h>
-
 /**
  * A file written whole or not at all. The bytes go to a new hidden file beside the target,
  * which replaces the target only when every write, the sync and the close have succeeded.
@@ -25,7 +23,7 @@ public:
      * Replaces \a name inside the open folder \a folderFd (never following a link at \a name),
      * creating it with \a mode when new. The descriptor must stay open until commit or cancel.
      */
-    SafeFile(int folderFd, const QByteArray &name, mode_t mode);
+    SafeFile(int folderFd, const QByteArray &name, unsigned mode);
     ~SafeFile();
     SafeFile(const SafeFile &) = delete;
     SafeFile &operator=(const SafeFile &) = delete;
@@ -55,7 +53,7 @@ private:
     bool m_ownsFolder = false;
     QByteArray m_name;     // target, relative to the folder
     QByteArray m_tempName; // the hidden file, relative to the folder
-    mode_t m_mode = 0666;
+    unsigned m_mode = 0666;
     bool m_keepMode = true; // take the old file's permissions
     int m_fd = -1;
     QString m_error;
