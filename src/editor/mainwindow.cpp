@@ -508,7 +508,7 @@ void MainWindow::assignAccelerators(int page)
     QList<QWidget *> setParts;
     for (const SectionFrame &set : dataSetsOf(page)) {
         auto *frame = panel->findChild<QWidget *>(QLatin1StringView(set.frame));
-        auto *include = panel->findChild<QWidget *>(fieldControl(set.includeKey));
+        QWidget *include = m_controls.at(fieldIndex(set.includeKey));
         QList<QWidget *> controls = Mnemonics::captionedControls(frame);
         controls.prepend(include);
         sets.append(controls);
@@ -688,7 +688,7 @@ void MainWindow::showDataSet(int page)
         // A page not built yet shows the choice when it is.
         if (auto *frame = findChild<QWidget *>(QLatin1StringView(sets[i].frame)))
             frame->setVisible(shown);
-        if (auto *box = findChild<QWidget *>(fieldControl(sets[i].includeKey)))
+        if (QWidget *box = m_controls.at(fieldIndex(sets[i].includeKey)))
             box->setVisible(shown);
     }
 }
