@@ -57,12 +57,14 @@ void settle()
 /** Starts every preview the page shows and lets the animations play a moment. */
 void playVisiblePreviews(MainWindow &window)
 {
-    QStringList buttons;
-    for (const ElementControls &names : elementControls)
-        buttons << QLatin1StringView(names.preview);
-    buttons << rowControl(interfaceRows.show, 0) << rowControl(miscImageRows.show, 0);
-    for (const QString &name : std::as_const(buttons)) {
-        auto *button = window.findChild<QAbstractButton *>(name);
+    const EditorPages &pages = window.pages();
+    QList<QAbstractButton *> buttons;
+    for (int page = 0; page < MainWindow::pageCount; ++page) {
+        for (const ElementFrame &frame : pages.elementFrames(MainWindow::Page(page)))
+            buttons << frame.image.show;
+    }
+    buttons << pages.iface.screens.value(0).show << pages.misc.images.value(0).show;
+    for (QAbstractButton *button : std::as_const(buttons)) {
         if (button && button->isVisibleTo(&window) && button->isEnabled())
             button->click();
     }
@@ -125,12 +127,11 @@ bool writeScreenshots(MainWindow &window, const QString &folder, const QString &
         const auto page = MainWindow::Page(i);
         window.showPage(page);
         const QString base = folder + QLatin1Char('/') + MainWindow::pageSlug(page);
-        const char *selectorName = MainWindow::dataSetSelector(page);
-        if (!selectorName) {
+        QComboBox *selector = window.pages().selector(page);
+        if (!selector) {
             ok = saveShot(window, base + suffix + QStringLiteral(".png")) && ok;
             continue;
         }
-        auto *selector = window.findChild<QComboBox *>(QLatin1StringView(selectorName));
         for (int choice = 0; choice < selector->count(); ++choice) {
             selector->setCurrentIndex(choice);
             const QString name = base + QLatin1Char('-') + fileSlug(selector->itemText(choice));

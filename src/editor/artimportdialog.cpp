@@ -38,28 +38,10 @@ namespace {
 const QString caption = QStringLiteral("Import Art");
 
 /** Every row with an Import button: its key, its Browse button and the text box that takes drops. */
-struct ImportRow {
-    QString key;
-    QString browse;
-    QString edit;
-};
-
-QList<ImportRow> importRows()
+// The rows whose art can be imported: every file row but the skin and the resource package.
+bool importsArt(const FileRow &row)
 {
-    QList<ImportRow> rows;
-    for (int e = 0; e < AnimatedElementCount; ++e) {
-        const char *key = animatedElements[e].imageField;
-        rows.append({QLatin1StringView(key), QLatin1StringView(elementControls[e].browse), fieldControl(key)});
-    }
-    for (const RowControls *table : {&interfaceRows, &miscImageRows, &soundRows}) {
-        for (int row = 0; row < int(table->keys.size()); ++row) {
-            const char *key = table->keys[size_t(row)];
-            rows.append({QLatin1StringView(key), rowControl(table->browse, row),
-                         table->edit ? rowControl(table->edit, row) : fieldControl(key)});
-        }
-    }
-    rows.append({QLatin1StringView(FieldKey::midi), QStringLiteral("cmdBrowseMusic"), fieldControl(FieldKey::midi)});
-    return rows;
+    return qstrcmp(row.key, FieldKey::skinFile) != 0 && qstrcmp(row.key, FieldKey::resourceFile) != 0;
 }
 
 QLayout *layoutHolding(QLayout *layout, QWidget *widget)
@@ -333,14 +315,16 @@ void ArtImportDialog::refresh()
 ArtImportCommand::ArtImportCommand(MainWindow &window, ThemeDocument &doc, EditorDialogs &dialogs, FileCommands &commands)
     : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_commands(commands)
 {
-    for (const ImportRow &row : importRows()) {
-        const QString key = row.key;
-        m_window.withControl(row.browse, this, [this, key](QWidget *browse) { addImportButton(browse, key); });
-        m_window.withControl(row.edit, this, [this, key](QWidget *edit) {
-            m_dropRows.insert(edit, key);
-            edit->installEventFilter(this); // after the Browse's own: this one sees the drag first
-        });
-    }
+    m_window.bindPages(this, [this](EditorPage page) {
+        for (const FileRow &row : m_window.pages().fileRows(page)) {
+            if (!importsArt(row))
+                continue;
+            const QString key = QLatin1StringView(row.key);
+            addImportButton(row.browse, key);
+            m_dropRows.insert(row.edit, key);
+            row.edit->installEventFilter(this); // after the Browse's own: this one sees the drag first
+        }
+    });
     QMenu *tools = m_window.findChild<QMenu *>(QStringLiteral("mnuTools"));
     auto *item = new QAction(QStringLiteral("&Import Art..."), tools);
     item->setObjectName(QStringLiteral("mnuImportArt"));

@@ -20,6 +20,7 @@
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QWidget>
@@ -101,8 +102,7 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
 {
     // Every row with a Browse button, once: the button browses, the row's text box takes drops.
     for (int element = 0; element < AnimatedElementCount; ++element) {
-        addBrowseRow(QLatin1StringView(elementControls[element].browse),
-                     fieldControl(animatedElements[element].imageField), imageFilter,
+        addBrowseRow(animatedElements[element].imageField, imageFilter,
                      [this, element](Dialogs &d) {
                          const QString key = QLatin1StringView(animatedElements[element].imageField);
                          ImportOfferDialogs offering(d, [this, key](const QString &path) {
@@ -112,36 +112,26 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
                      });
     }
     for (int row = 0; row < int(std::size(interfaceRowKeys)); ++row) {
-        addBrowseRow(rowControl(interfaceRows.browse, row), fieldControl(interfaceRowKeys[row]), imageFilter,
+        addBrowseRow(interfaceRowKeys[row], imageFilter,
                      [this, row](Dialogs &d) { browseInterfaceImage(m_doc, d, row); });
     }
     for (int row = 0; row < int(std::size(miscImageKeys)); ++row) {
-        addBrowseRow(rowControl(miscImageRows.browse, row), rowControl(miscImageRows.edit, row), imageFilter,
+        addBrowseRow(miscImageKeys[row], imageFilter,
                      [this, row](Dialogs &d) { browseMiscImage(m_doc, d, row); });
     }
     for (int row = 0; row < int(std::size(soundRowKeys)); ++row) {
-        addBrowseRow(rowControl(soundRows.browse, row), fieldControl(soundRowKeys[row]), soundFilter,
+        addBrowseRow(soundRowKeys[row], soundFilter,
                      [this, row](Dialogs &d) { browseSound(m_doc, d, row); });
     }
-    addBrowseRow(QStringLiteral("cmdBrowseSkin"), fieldControl(FieldKey::skinFile), imageFilter,
+    addBrowseRow(FieldKey::skinFile, imageFilter,
                  [this](Dialogs &d) { browseSkinFile(m_doc, d); });
-    addBrowseRow(QStringLiteral("cmdBrowseMusic"), fieldControl(FieldKey::midi), musicFilter,
+    addBrowseRow(FieldKey::midi, musicFilter,
                  [this](Dialogs &d) { browseMusic(m_doc, d); });
-    addBrowseRow(QStringLiteral("cmdBrowseResource"), fieldControl(FieldKey::resourceFile), zipFilter, [this](Dialogs &d) {
+    addBrowseRow(FieldKey::resourceFile, zipFilter, [this](Dialogs &d) {
         m_dialogs.show(browseResourcePackage(m_doc, d).report());
     });
 
-    m_window.onRowClick(soundRows.show, soundRows.keys, this, [this](int row) {
-        const QString key = QLatin1StringView(soundRows.keys[row]);
-        // The sound itself is silent about a file it cannot play: the status bar says it.
-        const QString trouble = playProblem(m_doc, key);
-        if (trouble.isEmpty())
-            m_window.statusBar()->clearMessage();
-        else
-            m_window.statusBar()->showMessage(trouble);
-        m_sound.playWaveFile(themeFilePath(m_doc.packageFolder(), m_doc.value(key)));
-    });
-    m_window.onClick(QStringLiteral("cmdPlayMusic"), this, [this] { toggleMusic(); });
+    m_window.bindPages(this, [this](EditorPage page) { bindPage(page); });
     connect(m_window.findChild<QAction *>(QStringLiteral("mnuArtFolder")), &QAction::triggered, this,
             [this] { browseArtFolder(m_doc, m_dialogs); });
 
@@ -149,20 +139,44 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
     m_window.installEventFilter(this);
 }
 
-void ButtonBinding::addBrowseRow(const QString &button, const QString &edit, QLatin1StringView filter,
-                                 std::function<void(Dialogs &)> browse)
+void ButtonBinding::addBrowseRow(const char *key, QLatin1StringView filter, std::function<void(Dialogs &)> browse)
 {
-    m_window.onClick(button, this, [this, browse] { browse(m_dialogs); });
-    m_window.withControl(edit, this, [this, filter, browse](QWidget *control) {
-        control->setAcceptDrops(true);
-        control->installEventFilter(this);
-        m_dropRows.insert(control, {filter, browse});
-    });
+    m_browseRows.insert(QLatin1StringView(key), {filter, std::move(browse)});
+}
+
+void ButtonBinding::bindPage(EditorPage page)
+{
+    for (const FileRow &row : m_window.pages().fileRows(page)) {
+        const auto found = m_browseRows.constFind(QLatin1StringView(row.key));
+        if (found == m_browseRows.cend())
+            continue;
+        const DropRow browsing = *found;
+        connect(row.browse, &QAbstractButton::clicked, this, [this, browsing] { browsing.browse(m_dialogs); });
+        row.edit->setAcceptDrops(true);
+        row.edit->installEventFilter(this);
+        m_dropRows.insert(row.edit, browsing);
+    }
+    if (page != EditorPage::Sounds)
+        return;
+    const SoundPage &sounds = m_window.pages().sounds;
+    for (int row = 0; row < int(sounds.sounds.size()); ++row) {
+        connect(sounds.sounds[row].show, &QAbstractButton::clicked, this, [this, row] {
+            const QString key = QLatin1StringView(soundRows.keys[row]);
+            // The sound itself is silent about a file it cannot play: the status bar says it.
+            const QString trouble = playProblem(m_doc, key);
+            if (trouble.isEmpty())
+                m_window.statusBar()->clearMessage();
+            else
+                m_window.statusBar()->showMessage(trouble);
+            m_sound.playWaveFile(themeFilePath(m_doc.packageFolder(), m_doc.value(key)));
+        });
+    }
+    connect(sounds.music.show, &QAbstractButton::clicked, this, [this] { toggleMusic(); });
 }
 
 void ButtonBinding::toggleMusic()
 {
-    auto *button = m_window.findChild<QAbstractButton *>(QStringLiteral("cmdPlayMusic"));
+    QAbstractButton *button = m_window.pages().sounds.music.show;
     // The caption is the state: it changes before opening, so a failed open still reads
     // "Stop Music" and the next click merely resets it.
     if (button->text() == playMusicCaption) {

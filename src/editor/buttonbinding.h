@@ -7,6 +7,8 @@
 #include <QLatin1StringView>
 #include <QObject>
 
+#include "theme/animatedelement.h"
+
 #include <functional>
 
 class Dialogs;
@@ -21,8 +23,7 @@ class ThemeDocument;
  * Connects the window's Browse, play and music buttons to the field-editing and sound code.
  * A file dropped on a row's text box is taken as its Browse would take it, when it is of the
  * row's kind; a .skt file dropped anywhere loads through the Load command's save guard.
- * Controls are found by their object names, also on pages built later, so the window needs
- * no knowledge of this.
+ * Controls come from the window's page structs, each page's as it is built.
  */
 class ButtonBinding : public QObject
 {
@@ -47,8 +48,8 @@ private:
         std::function<void(Dialogs &)> browse;
     };
 
-    void addBrowseRow(const QString &button, const QString &edit, QLatin1StringView filter,
-                      std::function<void(Dialogs &)> browse);
+    void addBrowseRow(const char *key, QLatin1StringView filter, std::function<void(Dialogs &)> browse);
+    void bindPage(EditorPage page);
     static bool fits(const QString &path, QLatin1StringView filter);
     void loadDroppedTheme(QDropEvent *drop);
     void toggleMusic();
@@ -58,6 +59,7 @@ private:
     EditorDialogs &m_dialogs;
     SoundSystem &m_sound;
     FileCommands &m_commands;
+    QHash<QString, DropRow> m_browseRows; // by field key
     QHash<QObject *, DropRow> m_dropRows;
     std::function<bool(const QString &, const QString &)> m_importOffer;
 };

@@ -61,7 +61,6 @@ constexpr int recheckDelayMs = 500;
 constexpr qreal pageAreaWidthInCharacters = 124;
 
 struct PageRow {
-    QWidget *(*create)(); // nullptr for General, whose controls the window keeps
     const char *tabCaption;
     const char *tabToolTip;
     const char *icon;
@@ -73,18 +72,18 @@ struct PageRow {
 };
 
 constexpr PageRow pageRows[MainWindow::pageCount] = {
-    {nullptr, "General", "General Theme Information", "tab-general", "mnuGeneral", "&General",
+    {"General", "General Theme Information", "tab-general", "mnuGeneral", "&General",
      6475, "general", nullptr},
-    {createInterfacePage, "IFace", "Graphical Interface Configuration", "tab-iface", "mnuIface", "&Interface",
+    {"IFace", "Graphical Interface Configuration", "tab-iface", "mnuIface", "&Interface",
      6475, "interface", nullptr},
-    {createBackgroundPage, "Background", "Game Background Configuration", "tab-background", "mnuBG",
+    {"Background", "Game Background Configuration", "tab-background", "mnuBG",
      "&Background", 7315, "background", "cmbFields"},
-    {createBlocksPage, "Blocks", "Game Block Configuration", "tab-blocks", "mnuBLK", "Bl&ocks",
+    {"Blocks", "Game Block Configuration", "tab-blocks", "mnuBLK", "Bl&ocks",
      6475, "blocks", "cmbBlocks"},
     // "Misceallenous" is the menu caption authors know: kept as the original spells it.
-    {createMiscPage, "Misc. GFX", "Miscellaneous graphics", "tab-misc", "mnuMisc", "&Misceallenous Graphics",
+    {"Misc. GFX", "Miscellaneous graphics", "tab-misc", "mnuMisc", "&Misceallenous Graphics",
      6475, "misc", "cmbMisc"},
-    {createSoundPage, "Sounds/Music", "Sounds and Music configuration", "tab-sounds", "mnuSounds",
+    {"Sounds/Music", "Sounds and Music configuration", "tab-sounds", "mnuSounds",
      "&Sounds and Music", 6475, "sounds", nullptr},
 };
 
@@ -362,7 +361,7 @@ void MainWindow::revealField(const QString &key)
             auto *frame = findChild<QWidget *>(QLatin1StringView(sets[i].frame));
             const bool inSet = (frame && frame->isAncestorOf(control)) || fieldIndex(sets[i].includeKey) == index;
             if (inSet) {
-                if (auto *combo = findChild<QComboBox *>(QLatin1StringView(pageRows[page].selector)))
+                if (QComboBox *combo = m_pages.selector(Page(page)))
                     combo->setCurrentIndex(i);
                 chooseDataSet(page, i);
             }
@@ -428,9 +427,15 @@ void MainWindow::buildPage(int page)
 {
     if (m_panels[page])
         return;
-    if (page == int(Page::General))
-        m_general = createGeneralPage();
-    QWidget *panel = page == int(Page::General) ? m_general.panel : pageRows[page].create();
+    switch (Page(page)) {
+    case Page::General: m_pages.general = createGeneralPage(); break;
+    case Page::Interface: m_pages.iface = createInterfacePage(); break;
+    case Page::Background: m_pages.background = createBackgroundPage(); break;
+    case Page::Blocks: m_pages.blocks = createBlocksPage(); break;
+    case Page::Misc: m_pages.misc = createMiscPage(); break;
+    case Page::Sounds: m_pages.sounds = createSoundPage(); break;
+    }
+    QWidget *panel = m_pages.panel(Page(page));
     panel->setVisible(false); // shown filled, so selectors size themselves to their items
     static_cast<QGridLayout *>(m_area->layout())->addWidget(panel, 0, 0);
     m_panels[page] = panel;
@@ -440,13 +445,13 @@ void MainWindow::buildPage(int page)
         m_area->setMinimumWidth(needed);
 
     if (page == int(Page::General)) {
-        connect(m_general.themeType, &QComboBox::currentIndexChanged, this, [this](int choice) {
+        connect(m_pages.general.themeType, &QComboBox::currentIndexChanged, this, [this](int choice) {
             if (choice < 0)
                 return;
             m_doc.setNumber(FieldKey::themeType, choice);
             applyThemeTypeChoice();
         });
-        connect(m_general.generateDescription, &QPushButton::clicked, this,
+        connect(m_pages.general.generateDescription, &QPushButton::clicked, this,
                 [this] { m_doc.setText(FieldKey::description, generateDescription(m_doc)); });
     }
     for (SwitchedFrame &switched : m_switchedFrames) {
@@ -457,21 +462,12 @@ void MainWindow::buildPage(int page)
     nameControls(panel);
     for (int i = 0; i < int(colorRows.keys.size()); ++i)
         showSwatch(i);
-    bindSelector(panel, page);
+    bindSelector(page);
     assignAccelerators(page);
     refreshSwitchedFrames();
     refreshThemeType();
 
-    for (qsizetype i = 0; i < m_pending.size();) {
-        PendingControl &pending = m_pending[i];
-        QWidget *control = pending.context ? panel->findChild<QWidget *>(pending.name) : nullptr;
-        if (control)
-            pending.use(control);
-        if (control || !pending.context)
-            m_pending.removeAt(i);
-        else
-            ++i;
-    }
+    emit pageBuilt(Page(page));
     panel->setVisible(page == int(m_page));
 }
 
@@ -512,7 +508,7 @@ void MainWindow::assignAccelerators(int page)
     QList<QWidget *> setParts;
     for (const SectionFrame &set : dataSetsOf(page)) {
         auto *frame = panel->findChild<QWidget *>(QLatin1StringView(set.frame));
-        auto *include = panel->findChild<QWidget *>(fieldControl(set.includeKey));
+        QWidget *include = m_controls.at(fieldIndex(set.includeKey));
         QList<QWidget *> controls = Mnemonics::captionedControls(frame);
         controls.prepend(include);
         sets.append(controls);
@@ -531,38 +527,15 @@ void MainWindow::buildAllPages()
 {
     for (int page = 0; page < pageCount; ++page)
         buildPage(page);
-    for (const PendingControl &pending : std::as_const(m_pending)) {
-        if (pending.context)
-            qWarning("MainWindow: no control named %s", qPrintable(pending.name));
+}
+
+void MainWindow::bindPages(QObject *context, const std::function<void(Page)> &bind)
+{
+    for (int page = 0; page < pageCount; ++page) {
+        if (m_panels[page])
+            bind(Page(page));
     }
-    m_pending.clear();
-}
-
-void MainWindow::withControl(const QString &name, QObject *context, std::function<void(QWidget *)> use)
-{
-    if (QWidget *control = findChild<QWidget *>(name))
-        use(control);
-    else
-        m_pending.append({name, context, std::move(use)});
-}
-
-void MainWindow::onClick(const QString &name, QObject *context, std::function<void()> action)
-{
-    withControl(name, context, [name, context, action = std::move(action)](QWidget *control) {
-        auto *button = qobject_cast<QAbstractButton *>(control);
-        if (!button) {
-            qWarning("MainWindow: %s is not a button", qPrintable(name));
-            return;
-        }
-        connect(button, &QAbstractButton::clicked, context, action);
-    });
-}
-
-void MainWindow::onRowClick(const char *name, std::span<const char *const> rows, QObject *context,
-                            std::function<void(int row)> action)
-{
-    for (int row = 0; row < int(rows.size()); ++row)
-        onClick(rowControl(name, row), context, [action, row] { action(row); });
+    connect(this, &MainWindow::pageBuilt, context, bind);
 }
 
 void MainWindow::bindFields(QWidget *panel)
@@ -627,13 +600,13 @@ void MainWindow::showFieldValue(int index)
     }
     if (field.kind == FieldKind::Switch)
         refreshSwitchedFrames();
-    else if (field.kind == FieldKind::TypeIndex && m_general.themeType->count() > m_doc.number(index))
-        m_general.themeType->setCurrentIndex(m_doc.number(index)); // runs the choice handler when it moves
+    else if (field.kind == FieldKind::TypeIndex && m_pages.general.themeType->count() > m_doc.number(index))
+        m_pages.general.themeType->setCurrentIndex(m_doc.number(index)); // runs the choice handler when it moves
 }
 
 void MainWindow::showSwatch(int index)
 {
-    auto *swatch = findChild<PreviewSurface *>(rowControl(colorRows.show, index));
+    PreviewSurface *swatch = m_pages.misc.swatches.value(index);
     if (!swatch)
         return;
     // The swatch shows the text as it stands, so typing, choosing, New and Load agree.
@@ -645,10 +618,9 @@ void MainWindow::showSwatch(int index)
         QStringLiteral("%1: %2").arg(fieldLabel(field), color ? text : QStringLiteral("no colour")));
 }
 
-void MainWindow::bindSelector(QWidget *panel, int page)
+void MainWindow::bindSelector(int page)
 {
-    const char *selector = pageRows[page].selector;
-    auto *combo = selector ? panel->findChild<QComboBox *>(QLatin1StringView(selector)) : nullptr;
+    QComboBox *combo = m_pages.selector(Page(page));
     if (!combo)
         return;
     connect(combo, &QComboBox::currentIndexChanged, this, [this, page](int choice) {
@@ -681,12 +653,12 @@ void MainWindow::refreshSwitchedFrames()
 
 void MainWindow::refreshThemeType()
 {
-    if (!m_general.panel)
+    if (!m_pages.general.panel)
         return;
     const bool packaged = m_doc.number(FieldKey::themeType) == 1;
-    m_general.resourceFile->setEnabled(packaged);
-    m_general.browseResource->setEnabled(packaged);
-    m_general.themeType0->setEnabled(!packaged);
+    m_pages.general.resourceFile->setEnabled(packaged);
+    m_pages.general.browseResource->setEnabled(packaged);
+    m_pages.general.themeType0->setEnabled(!packaged);
 }
 
 void MainWindow::applyThemeTypeChoice()
@@ -716,7 +688,7 @@ void MainWindow::showDataSet(int page)
         // A page not built yet shows the choice when it is.
         if (auto *frame = findChild<QWidget *>(QLatin1StringView(sets[i].frame)))
             frame->setVisible(shown);
-        if (auto *box = findChild<QWidget *>(fieldControl(sets[i].includeKey)))
+        if (QWidget *box = m_controls.at(fieldIndex(sets[i].includeKey)))
             box->setVisible(shown);
     }
 }
@@ -813,8 +785,8 @@ void MainWindow::startUp()
         connect(menu, &QMenu::aboutToShow, menu, [menu] { Mnemonics::assignMenu(menu); });
     }
 
-    m_general.themeType->addItems({QStringLiteral("Theme Type 0"), QStringLiteral("Theme Type 1")});
-    m_general.themeType->setCurrentIndex(1);
+    m_pages.general.themeType->addItems({QStringLiteral("Theme Type 0"), QStringLiteral("Theme Type 1")});
+    m_pages.general.themeType->setCurrentIndex(1);
 
     m_started = true;
     for (int page = 0; page < pageCount; ++page) {
@@ -823,7 +795,7 @@ void MainWindow::startUp()
             continue;
         chooseDataSet(page, 0); // also when the first item was already current
         // Pages not built yet fill their selector when they are.
-        if (auto *combo = findChild<QComboBox *>(QLatin1StringView(selector)))
+        if (QComboBox *combo = m_pages.selector(Page(page)))
             fillSelector(combo, page);
     }
 

@@ -30,8 +30,8 @@ class ThemeDocument;
 /**
  * The editor's one working window: the whole theme document as controls on six pages.
  * Controls carry their design names (controlnames.h: "txtBGNum", "txtColor(3)", "tmrPreviewBlk")
- * so the file commands, the previews and tests reach them by name. Every field control follows the
- * document both ways; the window keeps no theme state of its own.
+ * for tests and tools; the bindings take them from the page structs (pages()). Every field control
+ * follows the document both ways; the window keeps no theme state of its own.
  *
  * A page's controls are made when the page is first shown, so the window appears without
  * waiting for pages nobody has opened yet. Timers and menu items exist from the start.
@@ -61,16 +61,15 @@ public:
      */
     void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
 
+    /** The pages' controls, as far as the pages are built. */
+    const EditorPages &pages() const { return m_pages; }
     /**
-     * Calls \a use with the control named \a name as soon as it exists: at once, or when its
-     * page is built. Nothing happens once \a context is gone.
+     * Calls \a bind with each page built so far, then with every page as it is built, while
+     * \a context lives.
      */
-    void withControl(const QString &name, QObject *context, std::function<void(QWidget *)> use);
-    /** Runs \a action on every click of the button \a name, found as withControl() finds it. */
-    void onClick(const QString &name, QObject *context, std::function<void()> action);
-    /** onClick() for the button \a name on every row of \a rows, handing \a action the row. */
-    void onRowClick(const char *name, std::span<const char *const> rows, QObject *context,
-                    std::function<void(int row)> action);
+    void bindPages(QObject *context, const std::function<void(Page)> &bind);
+    /** The timer that plays animated element \a element's preview. */
+    TickTimer *previewTimer(int element) const { return m_timers[element]; }
     /** Builds the pages not shown yet, for tools and tests that reach every control at once. */
     void buildAllPages();
 
@@ -118,6 +117,8 @@ public:
 signals:
     /** Another theme is open (New, or a Load that loaded): what showed the old one empties. */
     void themeOpened();
+    /** Page \a page has just been built and bound to the document. */
+    void pageBuilt(MainWindow::Page page);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -131,7 +132,7 @@ private:
     QWidget *buildPageArea();
     void buildPage(int page);
     void bindFields(QWidget *panel);
-    void bindSelector(QWidget *panel, int page);
+    void bindSelector(int page);
     void fillSelector(QComboBox *combo, int page);
     void showSwatch(int index);
     /** Names for assistive technology where the page says nothing on its own. */
@@ -162,17 +163,11 @@ private:
     QWidget *m_panels[pageCount] = {};  // nullptr until first shown
     QAction *m_pageActions[pageCount] = {};
     TickTimer *m_timers[AnimatedElementCount] = {};
-    GeneralPage m_general;              // empty until the General page is built
+    EditorPages m_pages;                // a page's part empty until it is built
     QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
     QList<SwitchedFrame> m_switchedFrames;
     int m_dataSetChoice[pageCount] = {};
     bool m_started = false;             // startUp() has filled the selectors
-    struct PendingControl {
-        QString name;
-        QPointer<QObject> context;
-        std::function<void(QWidget *)> use;
-    };
-    QList<PendingControl> m_pending;
     QPointer<AboutWindow> m_about;
     BackgroundCheck *m_check = nullptr;
     ThemeHistory *m_history = nullptr;

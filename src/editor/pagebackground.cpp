@@ -15,12 +15,12 @@ using namespace PageWidgets;
 namespace {
 
 // Both backgrounds play in the one preview beside their frames.
-QGroupBox *sharedPreview()
+QGroupBox *sharedPreview(PreviewSurface *&surface)
 {
     QGroupBox *box = frame("fraBGPreview", QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 2, 6, 6);
-    auto *surface = new PreviewSurface(QLatin1StringView(elementControls[ElementBackground].surface),
+    surface = new PreviewSurface(QLatin1StringView(elementControls[ElementBackground].surface),
                                        animatedElements[ElementBackground].surfaceSize, PreviewSurface::Mode::Natural);
     surface->setAccessibleName(QStringLiteral("Background preview"));
     layout->addWidget(surface);
@@ -29,7 +29,12 @@ QGroupBox *sharedPreview()
 
 } // namespace
 
-QWidget *createBackgroundPage()
+DataSetPage createBackgroundPage()
 {
-    return dataSetPage(EditorPage::Background, "picFields", "cmbFields", {}, {}, sharedPreview());
+    PreviewSurface *surface = nullptr;
+    QGroupBox *preview = sharedPreview(surface);
+    DataSetPage page = dataSetPage(EditorPage::Background, "picFields", "cmbFields", {}, {}, preview);
+    for (ElementFrame &element : page.elements)
+        element.surface = surface;
+    return page;
 }

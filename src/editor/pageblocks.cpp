@@ -5,7 +5,7 @@
 
 #include "editor/pagewidgets.h"
 
-QWidget *createBlocksPage()
+DataSetPage createBlocksPage()
 {
     return PageWidgets::dataSetPage(EditorPage::Blocks, "picBlocks", "cmbBlocks");
 }

@@ -21,7 +21,7 @@ using namespace PageWidgets;
 
 namespace {
 
-QGroupBox *themeType0Group()
+QGroupBox *themeType0Group(FileRow &skinRow)
 {
     QGroupBox *group = frame("fraTheme0", QStringLiteral("Theme Type 0"));
     auto *grid = new QGridLayout(group);
@@ -29,7 +29,8 @@ QGroupBox *themeType0Group()
     QLineEdit *skin = lineEdit(FieldKey::skinFile);
     grid->addWidget(label(fieldCaption(FieldKey::skinFile), skin), 0, 0);
     grid->addWidget(skin, 0, 1);
-    grid->addWidget(button(QStringLiteral("cmdBrowseSkin"), QStringLiteral("Browse")), 0, 2);
+    skinRow = {FieldKey::skinFile, skin, button(QStringLiteral("cmdBrowseSkin"), QStringLiteral("Browse"))};
+    grid->addWidget(skinRow.browse, 0, 2);
     grid->addWidget(fieldCheckBox(FieldKey::skinTransparency), 0, 3);
     grid->setColumnStretch(1, 1);
     return group;
@@ -69,7 +70,7 @@ GeneralPage createGeneralPage()
     bound.browseResource = button(QStringLiteral("cmdBrowseResource"), QStringLiteral("Browse"));
     grid->addWidget(bound.browseResource, row, 2);
 
-    bound.themeType0 = themeType0Group();
+    bound.themeType0 = themeType0Group(bound.skin);
     grid->addWidget(bound.themeType0, grid->rowCount(), 0, 1, 3);
 
     auto *description = new QPlainTextEdit;

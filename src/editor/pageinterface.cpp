@@ -19,12 +19,12 @@ using namespace PageWidgets;
 
 namespace {
 
-QWidget *previewColumn()
+QWidget *previewColumn(PreviewSurface *&display)
 {
     auto *column = new QWidget;
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
-    QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124), QStringLiteral("Interface screen preview"));
+    QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124), QStringLiteral("Interface screen preview"), display);
     layout->addWidget(label(QStringLiteral("Preview:")));
     layout->addWidget(area, 0, Qt::AlignLeft);
     layout->addWidget(fieldCheckBox(FieldKey::menuTransparent));
@@ -34,9 +34,11 @@ QWidget *previewColumn()
 
 } // namespace
 
-QWidget *createInterfacePage()
+InterfacePage createInterfacePage()
 {
+    InterfacePage bound;
     auto *page = new QWidget;
+    bound.panel = page;
     page->setObjectName(QStringLiteral("picIface"));
 
     QGroupBox *screens = frame("fraIface", QStringLiteral("Interface"));
@@ -49,11 +51,14 @@ QWidget *createInterfacePage()
         caption->setObjectName(rowControl(interfaceRows.label, i));
         grid->addWidget(caption, i, 0);
         grid->addWidget(edit, i, 1);
-        grid->addWidget(button(rowControl(interfaceRows.browse, i), QStringLiteral("Browse")), i, 2);
-        grid->addWidget(iconButton(rowControl(interfaceRows.show, i), "preview", QStringLiteral("Preview")), i, 3);
+        const FileRow row{interfaceRows.keys[i], edit, button(rowControl(interfaceRows.browse, i), QStringLiteral("Browse")),
+                          iconButton(rowControl(interfaceRows.show, i), "preview", QStringLiteral("Preview"))};
+        bound.screens.append(row);
+        grid->addWidget(row.browse, i, 2);
+        grid->addWidget(row.show, i, 3);
     }
     grid->setColumnStretch(1, 1);
-    grid->addWidget(previewColumn(), 0, 4, rows, 1);
+    grid->addWidget(previewColumn(bound.display), 0, 4, rows, 1);
     grid->setColumnMinimumWidth(4, 191 + 2);
 
     auto *layout = new QVBoxLayout(page);
@@ -61,5 +66,5 @@ QWidget *createInterfacePage()
     layout->addWidget(fieldCheckBox(includeKey(Section::Interface)));
     layout->addWidget(screens);
     layout->addStretch(1);
-    return page;
+    return bound;
 }

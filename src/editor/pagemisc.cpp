@@ -20,7 +20,7 @@ using namespace PageWidgets;
 
 namespace {
 
-QGroupBox *colorFrame()
+QGroupBox *colorFrame(MiscPage &bound)
 {
     QGroupBox *box = frame("fraColor", QStringLiteral("Theme Colors"));
     auto *grid = new QGridLayout(box);
@@ -37,27 +37,27 @@ QGroupBox *colorFrame()
         auto *swatch = new PreviewSurface(rowControl(colorRows.show, i), QSize(21, 21),
                                           PreviewSurface::Mode::Natural);
         swatch->setOutlined(true);
+        bound.swatches.append(swatch);
         swatch->setAccessibleName(fieldLabel(fieldIndex(colorRows.keys[i])) + QStringLiteral(" swatch"));
         grid->addWidget(swatch, row, column + 2);
-        grid->addWidget(iconButton(rowControl(colorRows.browse, i), "color",
-                                   QStringLiteral("Choose Color")),
-                        row, column + 3);
+        bound.colorButtons.append(iconButton(rowControl(colorRows.browse, i), "color", QStringLiteral("Choose Color")));
+        grid->addWidget(bound.colorButtons.constLast(), row, column + 3);
     }
     grid->setColumnMinimumWidth(4, 12);
     grid->setRowStretch(rowsPerColumn, 1);
     return box;
 }
 
-QGroupBox *miscPreview()
+QGroupBox *miscPreview(PreviewSurface *&display)
 {
     QGroupBox *box = frame("fraPreviewMisc", QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 2, 6, 6);
-    layout->addWidget(stillImageBox("Picture1", "imgPreviewMisc", QSize(209, 169), QStringLiteral("Miscellaneous image preview")));
+    layout->addWidget(stillImageBox("Picture1", "imgPreviewMisc", QSize(209, 169), QStringLiteral("Miscellaneous image preview"), display));
     return box;
 }
 
-QGroupBox *miscImagesFrame()
+QGroupBox *miscImagesFrame(MiscPage &bound)
 {
     QGroupBox *box = frame("fraMImg", QStringLiteral("Miscellaneous Images"));
     auto *grid = new QGridLayout(box);
@@ -68,21 +68,29 @@ QGroupBox *miscImagesFrame()
         edit->setObjectName(fieldControl(miscImageRows.keys[i]));
         grid->addWidget(label(fieldCaption(miscImageRows.keys[i]), edit), i, 0);
         grid->addWidget(edit, i, 1);
-        grid->addWidget(button(rowControl(miscImageRows.browse, i), QStringLiteral("Browse")), i, 2);
-        grid->addWidget(button(rowControl(miscImageRows.show, i), QStringLiteral("Preview")), i, 3);
+        const FileRow row{miscImageRows.keys[i], edit, button(rowControl(miscImageRows.browse, i), QStringLiteral("Browse")),
+                          button(rowControl(miscImageRows.show, i), QStringLiteral("Preview"))};
+        bound.images.append(row);
+        grid->addWidget(row.browse, i, 2);
+        grid->addWidget(row.show, i, 3);
     }
     grid->addWidget(fieldCheckBox(FieldKey::winTransparent), rows, 0, 1, 4);
     grid->addWidget(fieldCheckBox(FieldKey::inetWinTransparent), rows + 1, 0, 1, 4);
     grid->setColumnStretch(1, 1);
-    grid->addWidget(miscPreview(), 0, 4, rows + 2, 1, Qt::AlignTop);
+    grid->addWidget(miscPreview(bound.display), 0, 4, rows + 2, 1, Qt::AlignTop);
     grid->setRowStretch(rows + 2, 1);
     return box;
 }
 
 } // namespace
 
-QWidget *createMiscPage()
+MiscPage createMiscPage()
 {
-    return dataSetPage(EditorPage::Misc, "picMisc", "cmbMisc", {includeKey(Section::Colors), includeKey(Section::MiscImages)},
-                       {colorFrame(), miscImagesFrame()});
+    MiscPage bound;
+    QGroupBox *colors = colorFrame(bound);
+    QGroupBox *images = miscImagesFrame(bound);
+    static_cast<DataSetPage &>(bound) = dataSetPage(EditorPage::Misc, "picMisc", "cmbMisc",
+                                                    {includeKey(Section::Colors), includeKey(Section::MiscImages)},
+                                                    {colors, images});
+    return bound;
 }

@@ -3,11 +3,33 @@
 
 #pragma once
 
+#include "theme/animatedelement.h"
+
+#include <QList>
+
+class PreviewSurface;
+class QAbstractButton;
 class QComboBox;
 class QGroupBox;
 class QLineEdit;
 class QPushButton;
 class QWidget;
+
+/** A row naming a file: its field's key and text box, its Browse and its preview or play button, if any. */
+struct FileRow {
+    const char *key = nullptr;
+    QLineEdit *edit = nullptr;
+    QAbstractButton *browse = nullptr;
+    QAbstractButton *show = nullptr;
+};
+
+/** Animated element \a element's frame: its image row (show: Preview) and the surface it plays on. */
+struct ElementFrame {
+    int element = -1;
+    QGroupBox *frame = nullptr;
+    FileRow image;
+    PreviewSurface *surface = nullptr; // shared by the elements of a page with one preview
+};
 
 /** The General page and the controls the window binds beyond its field boxes. */
 struct GeneralPage {
@@ -17,6 +39,54 @@ struct GeneralPage {
     QPushButton *browseResource = nullptr;
     QPushButton *generateDescription = nullptr;
     QGroupBox *themeType0 = nullptr;
+    FileRow skin;
+};
+
+/** The interface screens, each with Browse and Preview, and the display they show in. */
+struct InterfacePage {
+    QWidget *panel = nullptr;
+    QList<FileRow> screens; // by row of interfaceRows
+    PreviewSurface *display = nullptr;
+};
+
+/** A page choosing what it shows with its data-set selector: animated elements first. */
+struct DataSetPage {
+    QWidget *panel = nullptr;
+    QComboBox *selector = nullptr;
+    QList<ElementFrame> elements;
+};
+
+/** The Misc page: its elements, the theme colours and the miscellaneous images with their display. */
+struct MiscPage : DataSetPage {
+    QList<QAbstractButton *> colorButtons; // by row of colorRows
+    QList<PreviewSurface *> swatches;
+    QList<FileRow> images; // by row of miscImageRows
+    PreviewSurface *display = nullptr;
+};
+
+/** The sounds with Browse and play buttons, and the music row (show: Play Music). */
+struct SoundPage {
+    QWidget *panel = nullptr;
+    QList<FileRow> sounds; // by row of soundRows
+    FileRow music;
+};
+
+/** The six pages as far as they are built; a page not built yet has no panel. */
+struct EditorPages {
+    GeneralPage general;
+    InterfacePage iface;
+    DataSetPage background;
+    DataSetPage blocks;
+    MiscPage misc;
+    SoundPage sounds;
+
+    QWidget *panel(EditorPage page) const;
+    /** The page's data-set selector, or nullptr (none, or not built). */
+    QComboBox *selector(EditorPage page) const;
+    /** Every row naming a file on \a page; empty while it is not built. */
+    QList<FileRow> fileRows(EditorPage page) const;
+    /** The animated elements' frames on \a page; empty while it is not built. */
+    QList<ElementFrame> elementFrames(EditorPage page) const;
 };
 
 /**
@@ -24,8 +94,8 @@ struct GeneralPage {
  * names. The panels only lay controls out; the main window binds them to the document.
  */
 GeneralPage createGeneralPage();
-QWidget *createInterfacePage();
-QWidget *createBackgroundPage();
-QWidget *createBlocksPage();
-QWidget *createMiscPage();
-QWidget *createSoundPage();
+InterfacePage createInterfacePage();
+DataSetPage createBackgroundPage();
+DataSetPage createBlocksPage();
+MiscPage createMiscPage();
+SoundPage createSoundPage();

@@ -20,7 +20,7 @@ using namespace PageWidgets;
 
 namespace {
 
-QGroupBox *soundFrame()
+QGroupBox *soundFrame(SoundPage &bound)
 {
     QGroupBox *box = frame("fraSound", QStringLiteral("Sounds"));
     auto *grid = new QGridLayout(box);
@@ -32,9 +32,11 @@ QGroupBox *soundFrame()
         QLineEdit *edit = lineEdit(soundRows.keys[i]);
         grid->addWidget(label(fieldCaption(soundRows.keys[i]), edit), row, column);
         grid->addWidget(edit, row, column + 1);
-        grid->addWidget(button(rowControl(soundRows.browse, i), QStringLiteral("Browse")), row, column + 2);
-        grid->addWidget(iconButton(rowControl(soundRows.show, i), "play", QStringLiteral("Play Sound")),
-                        row, column + 3);
+        const FileRow sound{soundRows.keys[i], edit, button(rowControl(soundRows.browse, i), QStringLiteral("Browse")),
+                            iconButton(rowControl(soundRows.show, i), "play", QStringLiteral("Play Sound"))};
+        bound.sounds.append(sound);
+        grid->addWidget(sound.browse, row, column + 2);
+        grid->addWidget(sound.show, row, column + 3);
     }
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(6, 1);
@@ -42,23 +44,26 @@ QGroupBox *soundFrame()
     return box;
 }
 
-QGroupBox *musicFrame()
+QGroupBox *musicFrame(SoundPage &bound)
 {
     QGroupBox *box = frame("fraMusic", QStringLiteral("Music"));
     auto *row = new QHBoxLayout(box);
-    row->addWidget(lineEdit(FieldKey::midi), 1);
-    row->addWidget(button(QStringLiteral("cmdBrowseMusic"), QStringLiteral("Browse")));
     auto *play = button(QStringLiteral("cmdPlayMusic"), QStringLiteral("Play Music"));
     play->setIcon(editorIcon("play"));
+    bound.music = {FieldKey::midi, lineEdit(FieldKey::midi), button(QStringLiteral("cmdBrowseMusic"), QStringLiteral("Browse")), play};
+    row->addWidget(bound.music.edit, 1);
+    row->addWidget(bound.music.browse);
     row->addWidget(play);
     return box;
 }
 
 } // namespace
 
-QWidget *createSoundPage()
+SoundPage createSoundPage()
 {
+    SoundPage bound;
     auto *page = new QWidget;
+    bound.panel = page;
     page->setObjectName(QStringLiteral("picSound"));
     auto *switches = new QHBoxLayout;
     switches->addWidget(fieldCheckBox(includeKey(Section::Sounds)));
@@ -67,8 +72,8 @@ QWidget *createSoundPage()
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(switches);
-    layout->addWidget(soundFrame());
-    layout->addWidget(musicFrame());
+    layout->addWidget(soundFrame(bound));
+    layout->addWidget(musicFrame(bound));
     layout->addStretch(1);
-    return page;
+    return bound;
 }

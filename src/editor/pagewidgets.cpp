@@ -135,7 +135,8 @@ QLabel *label(const QString &text, QWidget *buddy)
     return caption;
 }
 
-QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area, const QString &accessibleName)
+QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area, const QString &accessibleName,
+                       PreviewSurface *&display)
 {
     auto *box = new QFrame;
     box->setObjectName(QLatin1StringView(boxName));
@@ -143,18 +144,18 @@ QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area,
     box->setFrameShadow(QFrame::Sunken);
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(1, 1, 1, 1);
-    auto *display = new PreviewSurface(QLatin1StringView(displayName), area, PreviewSurface::Mode::Stretch);
+    display = new PreviewSurface(QLatin1StringView(displayName), area, PreviewSurface::Mode::Stretch);
     display->setAccessibleName(accessibleName);
     layout->addWidget(display);
     return box;
 }
 
-QWidget *dataSetRow(const char *selectorName)
+QWidget *dataSetRow(const char *selectorName, QComboBox *&selector)
 {
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto *selector = new QComboBox;
+    selector = new QComboBox;
     selector->setObjectName(QLatin1StringView(selectorName));
     layout->addWidget(label(QStringLiteral("Data Set to Edit:"), selector));
     layout->addWidget(selector);
@@ -162,16 +163,18 @@ QWidget *dataSetRow(const char *selectorName)
     return row;
 }
 
-QWidget *dataSetPage(EditorPage page, const char *panelName, const char *selector,
-                     std::initializer_list<const char *> includeKeys, std::initializer_list<QWidget *> frames,
-                     QWidget *side)
+DataSetPage dataSetPage(EditorPage page, const char *panelName, const char *selector,
+                        std::initializer_list<const char *> includeKeys, std::initializer_list<QWidget *> frames,
+                        QWidget *side)
 {
+    DataSetPage built;
     auto *panel = new QWidget;
+    built.panel = panel;
     panel->setObjectName(QLatin1StringView(panelName));
     auto *grid = new QGridLayout(panel);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(4);
-    grid->addWidget(dataSetRow(selector), 0, 0);
+    grid->addWidget(dataSetRow(selector, built.selector), 0, 0);
     for (const AnimatedElement &element : animatedElements) {
         if (element.page == page)
             grid->addWidget(fieldCheckBox(element.includeField), 0, 1);
@@ -179,8 +182,10 @@ QWidget *dataSetPage(EditorPage page, const char *panelName, const char *selecto
     for (const char *key : includeKeys)
         grid->addWidget(fieldCheckBox(key), 0, 1);
     for (int element = 0; element < AnimatedElementCount; ++element) {
-        if (animatedElements[element].page == page)
-            grid->addWidget(animatedFrame(element), 1, 0, 1, 2);
+        if (animatedElements[element].page == page) {
+            built.elements.append(animatedFrame(element));
+            grid->addWidget(built.elements.constLast().frame, 1, 0, 1, 2);
+        }
     }
     for (QWidget *f : frames)
         grid->addWidget(f, 1, 0, 1, 2);
@@ -188,7 +193,7 @@ QWidget *dataSetPage(EditorPage page, const char *panelName, const char *selecto
     grid->setRowStretch(1, 1);
     if (side)
         grid->addWidget(side, 0, 2, 2, 1, Qt::AlignTop);
-    return panel;
+    return built;
 }
 
 void compact(QGridLayout *grid)
@@ -221,12 +226,12 @@ QGroupBox *animationSettings(const AnimatedElement &e, const char *name)
     return settings;
 }
 
-QGroupBox *previewFrame(const ElementControls &names, QSize area, const QString &caption)
+QGroupBox *previewFrame(const ElementControls &names, QSize area, const QString &caption, PreviewSurface *&surface)
 {
     QGroupBox *box = frame(names.previewFrame, QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 4, 6, 6);
-    auto *surface = new PreviewSurface(QLatin1StringView(names.surface), area, PreviewSurface::Mode::Natural);
+    surface = new PreviewSurface(QLatin1StringView(names.surface), area, PreviewSurface::Mode::Natural);
     surface->setAccessibleName(caption + QStringLiteral(" preview"));
     layout->addWidget(surface, 0, Qt::AlignCenter);
     return box;
@@ -234,21 +239,25 @@ QGroupBox *previewFrame(const ElementControls &names, QSize area, const QString 
 
 } // namespace
 
-QGroupBox *animatedFrame(int element)
+ElementFrame animatedFrame(int element)
 {
     const AnimatedElement &e = animatedElements[element];
     const ElementControls &names = elementControls[element];
     QGroupBox *box = frame(names.frame, QString::fromLatin1(e.caption));
+    ElementFrame built{element, box, {e.imageField}};
 
     auto *fields = new QGridLayout;
     compact(fields);
     QLineEdit *image = lineEdit(e.imageField);
+    built.image.edit = image;
     fields->addWidget(label(fieldCaption(e.imageField), image), 0, 0, 1, 2);
     fields->addWidget(image, 1, 0, 1, 2);
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(6);
-    buttons->addWidget(button(QLatin1StringView(names.browse), QStringLiteral("Browse")));
-    buttons->addWidget(button(QLatin1StringView(names.preview), QStringLiteral("Preview")));
+    built.image.browse = button(QLatin1StringView(names.browse), QStringLiteral("Browse"));
+    built.image.show = button(QLatin1StringView(names.preview), QStringLiteral("Preview"));
+    buttons->addWidget(built.image.browse);
+    buttons->addWidget(built.image.show);
     buttons->addStretch(1);
     fields->addLayout(buttons, 2, 0, 1, 2);
     // What the game cuts each frame to, so the author paints the right size.
@@ -271,8 +280,63 @@ QGroupBox *animatedFrame(int element)
     columns->addLayout(fields, 1);
     columns->addWidget(animationSettings(e, names.aniFrame), 0, Qt::AlignTop);
     if (names.previewFrame)
-        columns->addWidget(previewFrame(names, e.surfaceSize, QString::fromLatin1(e.caption)), 0, Qt::AlignTop);
-    return box;
+        columns->addWidget(previewFrame(names, e.surfaceSize, QString::fromLatin1(e.caption), built.surface), 0, Qt::AlignTop);
+    return built;
 }
 
 } // namespace PageWidgets
+
+QWidget *EditorPages::panel(EditorPage page) const
+{
+    switch (page) {
+    case EditorPage::General: return general.panel;
+    case EditorPage::Interface: return iface.panel;
+    case EditorPage::Background: return background.panel;
+    case EditorPage::Blocks: return blocks.panel;
+    case EditorPage::Misc: return misc.panel;
+    case EditorPage::Sounds: return sounds.panel;
+    }
+    return nullptr;
+}
+
+QComboBox *EditorPages::selector(EditorPage page) const
+{
+    switch (page) {
+    case EditorPage::Background: return background.selector;
+    case EditorPage::Blocks: return blocks.selector;
+    case EditorPage::Misc: return misc.selector;
+    default: return nullptr;
+    }
+}
+
+QList<ElementFrame> EditorPages::elementFrames(EditorPage page) const
+{
+    switch (page) {
+    case EditorPage::Background: return background.elements;
+    case EditorPage::Blocks: return blocks.elements;
+    case EditorPage::Misc: return misc.elements;
+    default: return {};
+    }
+}
+
+QList<FileRow> EditorPages::fileRows(EditorPage page) const
+{
+    QList<FileRow> rows;
+    for (const ElementFrame &element : elementFrames(page))
+        rows.append(element.image);
+    switch (page) {
+    case EditorPage::General:
+        if (general.panel)
+            rows << general.skin << FileRow{FieldKey::resourceFile, general.resourceFile, general.browseResource};
+        break;
+    case EditorPage::Interface: rows += iface.screens; break;
+    case EditorPage::Misc: rows += misc.images; break;
+    case EditorPage::Sounds:
+        rows += sounds.sounds;
+        if (sounds.panel)
+            rows << sounds.music;
+        break;
+    default: break;
+    }
+    return rows;
+}

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "editor/pages.h"
 #include "theme/animatedelement.h"
 
 #include <QSize>
@@ -11,11 +12,13 @@
 #include <initializer_list>
 
 class QCheckBox;
+class QComboBox;
 class QIcon;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
+class PreviewSurface;
 class QPushButton;
 class QToolButton;
 class QWidget;
@@ -43,10 +46,11 @@ QPushButton *button(const QString &name, const QString &caption);
 QToolButton *iconButton(const QString &name, const char *icon, const QString &toolTip);
 QGroupBox *frame(const char *name, const QString &caption);
 QLabel *label(const QString &text, QWidget *buddy = nullptr);
-/** A sunken picture box holding a still-image display that stretches pictures to \a area. */
-QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area, const QString &accessibleName);
-/** "Data Set to Edit:" with its selector. */
-QWidget *dataSetRow(const char *selectorName);
+/** A sunken picture box holding a still-image display that stretches pictures to \a area, kept in \a display. */
+QWidget *stillImageBox(const char *boxName, const char *displayName, QSize area, const QString &accessibleName,
+                       PreviewSurface *&display);
+/** "Data Set to Edit:" with its selector, kept in \a selector. */
+QWidget *dataSetRow(const char *selectorName, QComboBox *&selector);
 
 /**
  * A page with a data-set selector: the selector row with the include boxes sharing one place
@@ -54,7 +58,7 @@ QWidget *dataSetRow(const char *selectorName);
  * page's animated elements come first, then the sections switched by \a includeKeys, whose
  * \a frames follow in the same order.
  */
-QWidget *dataSetPage(EditorPage page, const char *panelName, const char *selector,
+DataSetPage dataSetPage(EditorPage page, const char *panelName, const char *selector,
                      std::initializer_list<const char *> includeKeys = {},
                      std::initializer_list<QWidget *> frames = {}, QWidget *side = nullptr);
 
@@ -62,6 +66,6 @@ QWidget *dataSetPage(EditorPage page, const char *panelName, const char *selecto
 void compact(QGridLayout *grid);
 
 /** Animated element \a element's frame: image, buttons, root/extension, switches, settings, preview. */
-QGroupBox *animatedFrame(int element);
+ElementFrame animatedFrame(int element);
 
 } // namespace PageWidgets

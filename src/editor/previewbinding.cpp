@@ -14,6 +14,7 @@
 #include "preview/framesequence.h"
 #include "preview/loadprogress.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
@@ -78,7 +79,7 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
 {
     m_frames.setProgress(m_progress.get());
     bindAnimations();
-    bindStills();
+    m_window.bindPages(this, [this](EditorPage page) { bindPage(page); });
     connect(&m_watch, &FileWatch::changed, this, &PreviewBinding::reloadChanged);
     connect(&m_frames, &FramePreviews::stripLoaded, this, &PreviewBinding::watchShownFiles);
     connect(&window, &MainWindow::themeOpened, this, [this] {
@@ -219,28 +220,8 @@ PreviewBinding::~PreviewBinding()
 
 void PreviewBinding::bindAnimations()
 {
-    for (int element = 0; element < AnimatedElementCount; ++element) {
-        const ElementControls &names = elementControls[element];
-        if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(names.timer)))
-            m_frames.attachTimer(element, timer);
-        m_window.onClick(QLatin1StringView(names.preview), this, [this, element] {
-            // A setting that stops the preview is a message of its own; files it cannot show are told quietly.
-            const Report report = m_frames.startFramePreview(element);
-            m_dialogs.show(report);
-            showTrouble(report.isEmpty() ? missingFrame(element) : QString());
-            watchShownFiles();
-        });
-        m_window.withControl(QLatin1StringView(names.surface), this, [this, element](QWidget *control) {
-            auto *surface = qobject_cast<PreviewSurface *>(control);
-            m_surfaces[size_t(element)] = surface;
-            surface->setDescriber([this, surface] { return describeSurface(surface); });
-            // One surface serves several elements: it opens the one its page shows now.
-            if (!m_zoomable.contains(control)) {
-                m_zoomable.insert(control, element);
-                control->installEventFilter(this);
-            }
-        });
-    }
+    for (int element = 0; element < AnimatedElementCount; ++element)
+        m_frames.attachTimer(element, m_window.previewTimer(element));
     connect(&m_frames, &FramePreviews::surfaceChanged, this,
             [this](int element, const QImage &image) {
                 if (PreviewSurface *surface = m_surfaces[size_t(element)])
@@ -248,40 +229,62 @@ void PreviewBinding::bindAnimations()
             });
 }
 
-void PreviewBinding::bindStills()
+void PreviewBinding::makeZoomable(QWidget *display, int which)
 {
-    m_window.onRowClick(interfaceRows.show, interfaceRows.keys, this, [this](int row) {
-        m_dialogs.show(m_stills.showInterfaceScreenPreview(row));
-        showTrouble({});
-        m_interfaceRow = row;
-        watchShownFiles();
-    });
-    m_window.onRowClick(miscImageRows.show, miscImageRows.keys, this, [this](int row) {
-        const QString file = stillFile(miscImageKeys[row]);
-        // The display then keeps the last picture loaded: say that this one is not it.
-        const bool shown = m_doc.value(QLatin1StringView(miscImageKeys[row])).isEmpty() || LoadingSurface::headerSize(file);
-        showTrouble(shown ? QString() : QStringLiteral("Unable to load image: ") + QDir::toNativeSeparators(file));
-        m_stills.showMiscImagePreview(row);
-        m_miscRow = row;
-        watchShownFiles();
-    });
-    m_window.onRowClick(colorRows.browse, colorRows.keys, this, [this](int row) { chooseThemeColor(m_doc, m_dialogs, row); });
+    // One surface serves several elements: it opens the one its page shows now.
+    if (m_zoomable.contains(display))
+        return;
+    m_zoomable.insert(display, which);
+    display->installEventFilter(this);
+}
 
-    // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.
-    const auto show = [this](const char *display) {
-        return [this, display](const QImage &picture) {
-            if (auto *surface = m_window.findChild<PreviewSurface *>(QLatin1StringView(display)))
-                surface->setImage(picture);
-        };
-    };
-    connect(&m_stills, &StillPreviews::interfacePictureChanged, this, show("imgIPreview"));
-    connect(&m_stills, &StillPreviews::miscPictureChanged, this, show("imgPreviewMisc"));
-    const auto zoomable = [this](const char *display, int which) {
-        m_window.withControl(QLatin1StringView(display), this, [this, which](QWidget *control) {
-            m_zoomable.insert(control, which);
-            control->installEventFilter(this);
+void PreviewBinding::bindPage(EditorPage page)
+{
+    const EditorPages &pages = m_window.pages();
+    for (const ElementFrame &frame : pages.elementFrames(page)) {
+        const int element = frame.element;
+        connect(frame.image.show, &QAbstractButton::clicked, this, [this, element] {
+            // A setting that stops the preview is a message of its own; files it cannot show are told quietly.
+            const Report report = m_frames.startFramePreview(element);
+            m_dialogs.show(report);
+            showTrouble(report.isEmpty() ? missingFrame(element) : QString());
+            watchShownFiles();
         });
-    };
-    zoomable("imgIPreview", interfaceWindow);
-    zoomable("imgPreviewMisc", miscWindow);
+        PreviewSurface *surface = frame.surface;
+        m_surfaces[size_t(element)] = surface;
+        surface->setDescriber([this, surface] { return describeSurface(surface); });
+        makeZoomable(surface, element);
+    }
+    // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.
+    if (page == EditorPage::Interface) {
+        for (int row = 0; row < int(pages.iface.screens.size()); ++row) {
+            connect(pages.iface.screens[row].show, &QAbstractButton::clicked, this, [this, row] {
+                m_dialogs.show(m_stills.showInterfaceScreenPreview(row));
+                showTrouble({});
+                m_interfaceRow = row;
+                watchShownFiles();
+            });
+        }
+        connect(&m_stills, &StillPreviews::interfacePictureChanged, pages.iface.display, &PreviewSurface::setImage);
+        makeZoomable(pages.iface.display, interfaceWindow);
+    }
+    if (page == EditorPage::Misc) {
+        for (int row = 0; row < int(pages.misc.images.size()); ++row) {
+            connect(pages.misc.images[row].show, &QAbstractButton::clicked, this, [this, row] {
+                const QString file = stillFile(miscImageKeys[row]);
+                // The display then keeps the last picture loaded: say that this one is not it.
+                const bool shown = m_doc.value(QLatin1StringView(miscImageKeys[row])).isEmpty() || LoadingSurface::headerSize(file);
+                showTrouble(shown ? QString() : QStringLiteral("Unable to load image: ") + QDir::toNativeSeparators(file));
+                m_stills.showMiscImagePreview(row);
+                m_miscRow = row;
+                watchShownFiles();
+            });
+        }
+        for (int row = 0; row < int(pages.misc.colorButtons.size()); ++row) {
+            connect(pages.misc.colorButtons[row], &QAbstractButton::clicked, this,
+                    [this, row] { chooseThemeColor(m_doc, m_dialogs, row); });
+        }
+        connect(&m_stills, &StillPreviews::miscPictureChanged, pages.misc.display, &PreviewSurface::setImage);
+        makeZoomable(pages.misc.display, miscWindow);
+    }
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "preview/filewatch.h"
+#include "theme/animatedelement.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
 #include "preview/stillpreviews.h"
@@ -25,8 +26,8 @@ class ThemeDocument;
 /**
  * Connects the preview controls of the main window to the preview engines: the Preview
  * buttons, the seven preview timers (which the window's page switches stop), the preview
- * surfaces, the two still-image displays and the colour buttons. Controls are found by
- * their object names, also on pages built later; one that is missing is simply not connected.
+ * surfaces, the two still-image displays and the colour buttons. Controls come from the
+ * window's page structs, each page's as it is built.
  */
 class PreviewBinding : public QObject
 {
@@ -53,7 +54,8 @@ protected:
 
 private:
     void bindAnimations();
-    void bindStills();
+    void bindPage(EditorPage page);
+    void makeZoomable(QWidget *display, int which);
     void watchShownFiles();
     void reloadChanged(const QStringList &files);
     QString stillFile(const char *key) const;
@@ -76,6 +78,6 @@ private:
     int m_miscRow = -1;
     std::array<QPointer<PreviewWindow>, AnimatedElementCount + 2> m_windows; // the stills last
     QHash<QObject *, int> m_zoomable; // preview displays, with what they open
-    // Looked up once, when their page is built: a frame change must not search the whole window.
+    // Kept when their page is built: a frame change must not search the whole window.
     std::array<QPointer<PreviewSurface>, AnimatedElementCount> m_surfaces;
 };
