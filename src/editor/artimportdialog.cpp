@@ -47,7 +47,7 @@ struct ImportRow {
 QList<ImportRow> importRows()
 {
     QList<ImportRow> rows;
-    for (int e = 0; e < AnimatedElementCount; ++e) {
+    for (AnimatedElementId e : animatedElementIds) {
         const char *key = animatedElements[e].imageField;
         rows.append({QLatin1StringView(key), QLatin1StringView(elementControls[e].browse), fieldControl(key)});
     }

@@ -161,7 +161,7 @@ private:
     QFrame *m_area = nullptr;
     QWidget *m_panels[pageCount] = {};  // nullptr until first shown
     QAction *m_pageActions[pageCount] = {};
-    TickTimer *m_timers[AnimatedElementCount] = {};
+    ElementTable<TickTimer *> m_timers{};
     GeneralPage m_general;              // empty until the General page is built
     QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
     QList<SwitchedFrame> m_switchedFrames;

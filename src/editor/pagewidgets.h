@@ -62,6 +62,6 @@ QWidget *dataSetPage(EditorPage page, const char *panelName, const char *selecto
 void compact(QGridLayout *grid);
 
 /** Animated element \a element's frame: image, buttons, root/extension, switches, settings, preview. */
-QGroupBox *animatedFrame(int element);
+QGroupBox *animatedFrame(AnimatedElementId element);
 
 } // namespace PageWidgets

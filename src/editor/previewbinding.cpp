@@ -24,9 +24,6 @@
 
 namespace {
 
-constexpr int interfaceWindow = -1;
-constexpr int miscWindow = -2;
-
 /** Long frame loads show a progress dialog with a Cancel button; the window stays usable meanwhile. */
 class ProgressDialogReporter : public LoadProgress
 {
@@ -89,14 +86,16 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     });
 }
 
-PreviewWindow *PreviewBinding::openPreviewWindow(int element)
+PreviewWindow *PreviewBinding::openPreviewWindow(PreviewTarget target)
 {
-    QPointer<PreviewWindow> &window = m_windows[size_t(element >= 0 ? element : AnimatedElementCount - 1 - element)];
+    const AnimatedElementId *element = std::get_if<AnimatedElementId>(&target);
+    const StillWindow *still = std::get_if<StillWindow>(&target);
+    QPointer<PreviewWindow> &window = element ? m_elementWindows[*element] : m_stillWindows[*still];
     if (!window) {
-        if (element >= 0) {
-            window = new PreviewWindow(m_frames, element, &m_window);
+        if (element) {
+            window = new PreviewWindow(m_frames, *element, &m_window);
         } else {
-            const bool interface = element == interfaceWindow;
+            const bool interface = *still == StillWindow::InterfaceScreen;
             window = new PreviewWindow(interface ? QStringLiteral("Interface Screen") : QStringLiteral("Misc. Image"),
                                        interface ? m_stills.interfacePicture() : m_stills.miscPicture(), &m_window);
             connect(&m_stills, interface ? &StillPreviews::interfacePictureChanged : &StillPreviews::miscPictureChanged,
@@ -112,10 +111,11 @@ PreviewWindow *PreviewBinding::openPreviewWindow(int element)
 bool PreviewBinding::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::MouseButtonDblClick && m_zoomable.contains(watched)) {
-        int which = m_zoomable.value(watched);
+        PreviewTarget which = m_zoomable.value(watched);
         // A surface several elements share opens the one whose data set shows.
-        for (int element = 0; which >= 0 && element < AnimatedElementCount; ++element) {
-            if (m_surfaces[size_t(element)] == watched && m_frames.timer(element)->isActive())
+        for (AnimatedElementId element : animatedElementIds) {
+            if (std::holds_alternative<AnimatedElementId>(which) && m_surfaces[element] == watched
+                && m_frames.timer(element)->isActive())
                 which = element;
         }
         openPreviewWindow(which);
@@ -127,20 +127,20 @@ bool PreviewBinding::eventFilter(QObject *watched, QEvent *event)
 QString PreviewBinding::describeSurface(const PreviewSurface *surface) const
 {
     // A shared surface shows the element that drew on it last; a playing one first.
-    int shown = -1;
-    for (int element = 0; element < AnimatedElementCount; ++element) {
-        if (m_surfaces[size_t(element)] != surface || m_frames.shownFrame(element) == 0)
+    std::optional<AnimatedElementId> shown;
+    for (AnimatedElementId element : animatedElementIds) {
+        if (m_surfaces[element] != surface || m_frames.shownFrame(element) == 0)
             continue;
-        if (shown < 0 || m_frames.timer(element)->isActive())
+        if (!shown || m_frames.timer(element)->isActive())
             shown = element;
     }
-    if (shown < 0 || surface->image().isNull())
+    if (!shown || surface->image().isNull())
         return surface->accessibleName() + QStringLiteral(", empty");
     return QStringLiteral("%1 preview, frame %2 of %3, %4")
-        .arg(QLatin1StringView(animatedElements[shown].caption))
-        .arg(m_frames.shownFrame(shown))
-        .arg(m_frames.frameCount(shown))
-        .arg(m_frames.timer(shown)->isActive() ? QStringLiteral("playing") : QStringLiteral("paused"));
+        .arg(QLatin1StringView(animatedElements[*shown].caption))
+        .arg(m_frames.shownFrame(*shown))
+        .arg(m_frames.frameCount(*shown))
+        .arg(m_frames.timer(*shown)->isActive() ? QStringLiteral("playing") : QStringLiteral("paused"));
 }
 
 void PreviewBinding::showTrouble(const QString &text)
@@ -151,7 +151,7 @@ void PreviewBinding::showTrouble(const QString &text)
         m_window.statusBar()->showMessage(text);
 }
 
-QString PreviewBinding::missingFrame(int element) const
+QString PreviewBinding::missingFrame(AnimatedElementId element) const
 {
     const AnimatedElement &e = animatedElements[element];
     const QString imageText = m_doc.value(QLatin1StringView(e.imageField));
@@ -185,7 +185,7 @@ QString PreviewBinding::stillFile(const char *key) const
 void PreviewBinding::watchShownFiles()
 {
     QStringList files;
-    for (int element = 0; element < AnimatedElementCount; ++element) {
+    for (AnimatedElementId element : animatedElementIds) {
         if (m_frames.timer(element)->isActive())
             files += m_frames.stripFiles(element);
     }
@@ -201,7 +201,7 @@ void PreviewBinding::reloadChanged(const QStringList &files)
     const auto touched = [&files](const QStringList &shown) {
         return std::any_of(files.cbegin(), files.cend(), [&shown](const QString &f) { return shown.contains(f); });
     };
-    for (int element = 0; element < AnimatedElementCount; ++element) {
+    for (AnimatedElementId element : animatedElementIds) {
         if (touched(m_frames.stripFiles(element)))
             m_dialogs.show(m_frames.reloadStrip(element));
     }
@@ -219,7 +219,7 @@ PreviewBinding::~PreviewBinding()
 
 void PreviewBinding::bindAnimations()
 {
-    for (int element = 0; element < AnimatedElementCount; ++element) {
+    for (AnimatedElementId element : animatedElementIds) {
         const ElementControls &names = elementControls[element];
         if (auto *timer = m_window.findChild<TickTimer *>(QLatin1StringView(names.timer)))
             m_frames.attachTimer(element, timer);
@@ -232,7 +232,7 @@ void PreviewBinding::bindAnimations()
         });
         m_window.withControl(QLatin1StringView(names.surface), this, [this, element](QWidget *control) {
             auto *surface = qobject_cast<PreviewSurface *>(control);
-            m_surfaces[size_t(element)] = surface;
+            m_surfaces[element] = surface;
             surface->setDescriber([this, surface] { return describeSurface(surface); });
             // One surface serves several elements: it opens the one its page shows now.
             if (!m_zoomable.contains(control)) {
@@ -242,8 +242,8 @@ void PreviewBinding::bindAnimations()
         });
     }
     connect(&m_frames, &FramePreviews::surfaceChanged, this,
-            [this](int element, const QImage &image) {
-                if (PreviewSurface *surface = m_surfaces[size_t(element)])
+            [this](AnimatedElementId element, const QImage &image) {
+                if (PreviewSurface *surface = m_surfaces[element])
                     surface->setImage(image);
             });
 }
@@ -276,12 +276,12 @@ void PreviewBinding::bindStills()
     };
     connect(&m_stills, &StillPreviews::interfacePictureChanged, this, show("imgIPreview"));
     connect(&m_stills, &StillPreviews::miscPictureChanged, this, show("imgPreviewMisc"));
-    const auto zoomable = [this](const char *display, int which) {
+    const auto zoomable = [this](const char *display, StillWindow which) {
         m_window.withControl(QLatin1StringView(display), this, [this, which](QWidget *control) {
             m_zoomable.insert(control, which);
             control->installEventFilter(this);
         });
     };
-    zoomable("imgIPreview", interfaceWindow);
-    zoomable("imgPreviewMisc", miscWindow);
+    zoomable("imgIPreview", StillWindow::InterfaceScreen);
+    zoomable("imgPreviewMisc", StillWindow::MiscImage);
 }
