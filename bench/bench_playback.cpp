@@ -86,7 +86,7 @@ void frameTiming(const QString &folder, const QList<int> &delays)
             changes.append(clock.nsecsElapsed());
         });
         clock.start();
-        previews.startFramePreview(ElementBackground);
+        previews.startFramePreview(AnimatedElementId::Background);
         previews.finishLoading();
         const double cpuBefore = processCpuSeconds();
         clock.restart();

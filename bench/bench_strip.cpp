@@ -66,14 +66,15 @@ double stripBuildMs(const QString &folder, const char *format, qint64 *buildByte
     const qint64 before = statusBytes("VmRSS:");
     QElapsedTimer timer;
     timer.start();
-    previews.startFramePreview(ElementBackground);
+    previews.startFramePreview(AnimatedElementId::Background);
     previews.finishLoading();
     const double ms = double(timer.nsecsElapsed()) / 1e6;
     previews.stopAll();
     const qint64 peak = statusBytes("VmHWM:");
     // Without the system's count, the strip alone stands for it.
     *buildBytes = peakKnown && before >= 0 && peak >= 0 ? peak - before
-                                                        : previews.strip(ElementBackground).sizeInBytes();
+                                                        : previews.strip(AnimatedElementId::Background)
+                                                              .sizeInBytes();
     return ms;
 }
 

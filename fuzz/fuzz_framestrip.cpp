@@ -29,7 +29,7 @@ namespace {
 const char *const extensions[] = {"bmp", "jpg", "png", "gif"};
 
 struct Case {
-    int element;
+    AnimatedElementId element;
     QString extension;
     double frameCount;
     bool secondFrameCut;
@@ -37,7 +37,7 @@ struct Case {
 
 Case caseOf(uchar selector)
 {
-    return {(selector >> 2 & 7) % AnimatedElementCount, QLatin1StringView(extensions[selector & 3]),
+    return {animatedElementIds[(selector >> 2 & 7) % animatedElementCount], QLatin1StringView(extensions[selector & 3]),
             selector & 0x20 ? 1.5 : 2.0, (selector & 0x40) != 0};
 }
 

@@ -289,13 +289,13 @@ struct SampleAnimation {
 };
 
 const SampleAnimation animations[] = {
-    {ElementBackground, "bg", "jpg", 8, 120, false, paintBackground},
-    {ElementInternetBackground, "inetbg", "bmp", 4, 150, false, paintInternetBackground},
-    {ElementBlocks, "blocks", "bmp", 8, 80, false, paintBlocks},
-    {ElementNextBlock, "next", "bmp", 6, 110, false, paintNextWindow},
-    {ElementSpecialWindow, "special", "bmp", 5, 90, true, paintSpecialWindow},
-    {ElementExplosion, "explode", "jpg", 8, 60, false, paintExplosion},
-    {ElementBomb, "bomb", "bmp", 6, 100, false, paintBomb},
+    {AnimatedElementId::Background, "bg", "jpg", 8, 120, false, paintBackground},
+    {AnimatedElementId::InternetBackground, "inetbg", "bmp", 4, 150, false, paintInternetBackground},
+    {AnimatedElementId::Blocks, "blocks", "bmp", 8, 80, false, paintBlocks},
+    {AnimatedElementId::NextBlock, "next", "bmp", 6, 110, false, paintNextWindow},
+    {AnimatedElementId::SpecialWindow, "special", "bmp", 5, 90, true, paintSpecialWindow},
+    {AnimatedElementId::Explosion, "explode", "jpg", 8, 60, false, paintExplosion},
+    {AnimatedElementId::Bomb, "bomb", "bmp", 6, 100, false, paintBomb},
 };
 
 using StillPainter = void (*)(QPainter &p, QSize size, int variant);
@@ -800,13 +800,13 @@ private:
             m_doc.setText(colorKeys[row], QLatin1StringView(colors[row]));
         for (const ThemeSection &section : themeSections())
             m_doc.setNumber(section.include, 1);
-        const AnimatedElement &blocks = ::animatedElements[ElementBlocks];
+        const AnimatedElement &blocks = ::animatedElements[AnimatedElementId::Blocks];
         m_doc.setNumber(blocks.animatedFields[1], 1); // specials
         m_doc.setNumber(blocks.animatedFields[2], 1); // internet blocks
         m_doc.setNumber(FieldKey::menuTransparent, 1);
         m_doc.setNumber(FieldKey::winTransparent, 1);
-        m_doc.setNumber(::animatedElements[ElementExplosion].transparencyField, 1);
-        m_doc.setNumber(::animatedElements[ElementBomb].transparencyField, 1);
+        m_doc.setNumber(::animatedElements[AnimatedElementId::Explosion].transparencyField, 1);
+        m_doc.setNumber(::animatedElements[AnimatedElementId::Bomb].transparencyField, 1);
     }
 
     bool saveImage(const QImage &image, const QString &name)

@@ -105,8 +105,9 @@ bool writeToolShots(MainWindow &window, PreviewBinding &previews, const QString 
         menu->hide();
     }
     window.showPage(MainWindow::Page::Blocks);
-    window.findChild<QAbstractButton *>(QLatin1StringView(elementControls[ElementBlocks].preview))->click();
-    PreviewWindow *closer = previews.openPreviewWindow(ElementBlocks);
+    const char *blocksPreview = elementControls[AnimatedElementId::Blocks].preview;
+    window.findChild<QAbstractButton *>(QLatin1StringView(blocksPreview))->click();
+    PreviewWindow *closer = previews.openPreviewWindow(AnimatedElementId::Blocks);
     closer->setZoom(4);
     settle();
     ok = savePicture(*closer, folder + QStringLiteral("/preview-window-4x") + suffix + QStringLiteral(".png")) && ok;
@@ -156,13 +157,14 @@ bool writeImportShot(MainWindow &window, ArtImportCommand &importer, const Theme
 {
     window.showPage(MainWindow::Page::Background);
     QStringList frames;
-    const std::optional<FrameFileName> split = splitFrameFileName(doc.value(QLatin1StringView(animatedElements[ElementBackground].imageField)));
+    const QLatin1StringView backgroundImage(animatedElements[AnimatedElementId::Background].imageField);
+    const std::optional<FrameFileName> split = splitFrameFileName(doc.value(backgroundImage));
     for (int n = 1; split && n <= 8; ++n) {
         const QString file = doc.packageFolder() + split->root + QString::number(n) + u'.' + split->extension;
         if (QFileInfo::exists(file))
             frames << file;
     }
-    std::unique_ptr<ArtImportDialog> dialog(importer.dialogFor(QLatin1StringView(animatedElements[ElementBackground].imageField), frames));
+    std::unique_ptr<ArtImportDialog> dialog(importer.dialogFor(backgroundImage, frames));
     dialog->show();
     settle();
     const bool ok = savePicture(*dialog, folder + QStringLiteral("/import-dialog") + suffix + QStringLiteral(".png"));

@@ -105,10 +105,8 @@ bool setFrameImage(ThemeDocument &doc, QAnyStringView imageField, const QString 
     return false;
 }
 
-bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int element)
+bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, AnimatedElementId element)
 {
-    if (element < 0 || element >= AnimatedElementCount)
-        return false;
     const QString result = browseInPackage(doc, dialogs, imageFilter);
     return !result.isEmpty() && setFrameImage(doc, QLatin1StringView(animatedElements[element].imageField), result);
 }

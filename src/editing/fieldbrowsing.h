@@ -12,6 +12,7 @@
 #include <optional>
 
 class Dialogs;
+enum class AnimatedElementId;
 class ThemeDocument;
 
 // Open-dialog filters in the "Description|pattern|...|" form the Dialogs interface takes.
@@ -63,8 +64,8 @@ QString browseForFile(Dialogs &dialogs, const QString &filter, const QString &in
 // sound and music dialog opens in the package folder, and a file chosen inside the package is
 // stored relative to it.
 
-/** Animated element \a element (AnimatedElementId): image text, then root and extension. */
-bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, int element);
+/** Animated element \a element: image text, then root and extension. */
+bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, AnimatedElementId element);
 /** Interface screen \a row of interfaceRowKeys. */
 bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, int row);
 /** Miscellaneous image \a row of miscImageKeys. */

@@ -101,7 +101,7 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
     : QObject(&window), m_window(window), m_doc(doc), m_dialogs(dialogs), m_sound(sound), m_commands(commands)
 {
     // Every row with a Browse button, once: the button browses, the row's text box takes drops.
-    for (int element = 0; element < AnimatedElementCount; ++element) {
+    for (AnimatedElementId element : animatedElementIds) {
         addBrowseRow(animatedElements[element].imageField, imageFilter,
                      [this, element](Dialogs &d) {
                          const QString key = QLatin1StringView(animatedElements[element].imageField);

@@ -39,6 +39,7 @@ inline constexpr RowControls soundRows{soundRowKeys, nullptr, nullptr, "cmdBrows
 
 /** One animated element's own controls; its fields' controls follow from fieldControl(). */
 struct ElementControls {
+    AnimatedElementId id;
     const char *frame;        // "fraBackground"
     const char *aniFrame;     // "fraBGAni": the animation settings
     const char *browse;       // "cmdBrowseBG"
@@ -48,14 +49,15 @@ struct ElementControls {
     const char *previewFrame; // "fraBlkPreview"; nullptr: the page shows the surface beside the frames
 };
 
-inline constexpr ElementControls elementControls[AnimatedElementCount] = {
-    {"fraBackground", "fraBGAni", "cmdBrowseBG", "cmdPreviewBG", "tmrBGPreview", "picPreviewBG", nullptr},
-    {"fraIBG", "fraIBGAni", "cmdBrowseIBG", "cmdPreviewIBG", "tmrPreviewIBG", "picPreviewBG", nullptr},
-    {"fraBlocks", "fraBlkAni", "cmdBrowseBlocks", "cmdPreviewBlocks", "tmrPreviewBlk", "picPreviewBlk",
+inline constexpr ElementTable<ElementControls> elementControls{{
+    {AnimatedElementId::Background, "fraBackground", "fraBGAni", "cmdBrowseBG", "cmdPreviewBG", "tmrBGPreview", "picPreviewBG", nullptr},
+    {AnimatedElementId::InternetBackground, "fraIBG", "fraIBGAni", "cmdBrowseIBG", "cmdPreviewIBG", "tmrPreviewIBG", "picPreviewBG", nullptr},
+    {AnimatedElementId::Blocks, "fraBlocks", "fraBlkAni", "cmdBrowseBlocks", "cmdPreviewBlocks", "tmrPreviewBlk", "picPreviewBlk",
      "fraBlkPreview"},
-    {"fraNext", "fraNextAni", "cmdBrowseNext", "cmdPreviewNext", "tmrPreviewNext", "picPreviewNext", "fraNextPreview"},
-    {"fraSW", "fraSWAni", "cmdBrowseSpec", "cmdPreviewSpec", "tmrPreviewSW", "picPreviewSW", "fraPreviewSpec"},
-    {"fraExplosion", "fraExplosionAni", "cmdBrowseExplosion", "cmdPreviewExplosion", "tmrPreviewExplosion",
+    {AnimatedElementId::NextBlock, "fraNext", "fraNextAni", "cmdBrowseNext", "cmdPreviewNext", "tmrPreviewNext", "picPreviewNext", "fraNextPreview"},
+    {AnimatedElementId::SpecialWindow, "fraSW", "fraSWAni", "cmdBrowseSpec", "cmdPreviewSpec", "tmrPreviewSW", "picPreviewSW", "fraPreviewSpec"},
+    {AnimatedElementId::Explosion, "fraExplosion", "fraExplosionAni", "cmdBrowseExplosion", "cmdPreviewExplosion", "tmrPreviewExplosion",
      "picPreviewExplosion", "fraPreviewExplosion"},
-    {"fraBomb", "fraBombAni", "cmdBrowseBomb", "cmdPreviewBomb", "tmrPreviewBomb", "picPreviewBomb", "fraPreviewBomb"},
-};
+    {AnimatedElementId::Bomb, "fraBomb", "fraBombAni", "cmdBrowseBomb", "cmdPreviewBomb", "tmrPreviewBomb", "picPreviewBomb", "fraPreviewBomb"},
+}};
+static_assert(rowsMatchKeys(elementControls));

@@ -94,7 +94,7 @@ struct SectionFrame {
     const char *includeKey;
     EditorPage page;
     const char *dataSet;  // nullptr: always shown
-    int element = -1;     // the animated element it shows
+    std::optional<AnimatedElementId> element; // the animated element it shows
 };
 constexpr SectionFrame sectionFrames[] = {
     {"fraIface", includeKey(Section::Interface), EditorPage::Interface, nullptr},
@@ -108,7 +108,7 @@ constexpr SectionFrame sectionFrames[] = {
 QList<SectionFrame> dataSetsOf(int page)
 {
     QList<SectionFrame> sets;
-    for (int i = 0; i < AnimatedElementCount; ++i) {
+    for (AnimatedElementId i : animatedElementIds) {
         const AnimatedElement &e = animatedElements[i];
         if (int(e.page) == page)
             sets.append({elementControls[i].frame, e.includeField, e.page, e.dataSet, i});
@@ -157,7 +157,7 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
     m_controls.fill(nullptr, qsizetype(themeFields().size()));
     for (const SectionFrame &section : sectionFrames)
         m_switchedFrames.append({section.frame, {&section.includeKey, 1}});
-    for (int i = 0; i < AnimatedElementCount; ++i) {
+    for (AnimatedElementId i : animatedElementIds) {
         const AnimatedElement &e = animatedElements[i];
         m_switchedFrames.append({elementControls[i].frame, {&e.includeField, 1}});
         if (e.animatedFields[0])
@@ -273,7 +273,7 @@ void MainWindow::buildMenus()
 void MainWindow::buildTimers()
 {
     // The preview engine connects and starts them; the window only stops them.
-    for (int i = 0; i < AnimatedElementCount; ++i) {
+    for (AnimatedElementId i : animatedElementIds) {
         auto *timer = new TickTimer(this);
         timer->setObjectName(QLatin1StringView(elementControls[i].timer));
         timer->setInterval(1);
@@ -675,8 +675,8 @@ void MainWindow::chooseDataSet(int page, int choice)
     m_dataSetChoice[page] = choice;
     showDataSet(page);
     for (int i = 0; i < sets.size(); ++i) {
-        if (i != choice && sets[i].element >= 0)
-            m_timers[sets[i].element]->stop();
+        if (i != choice && sets[i].element)
+            m_timers[*sets[i].element]->stop();
     }
 }
 
@@ -706,7 +706,7 @@ void MainWindow::showPage(Page page)
     }
     applyWindowHeight();
     // A page leaves its own animations running, and those of elements that tick on it too.
-    for (int i = 0; i < AnimatedElementCount; ++i) {
+    for (AnimatedElementId i : animatedElementIds) {
         if (animatedElements[i].page != page && animatedElements[i].alsoTicksOn != page)
             m_timers[i]->stop();
     }

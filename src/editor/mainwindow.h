@@ -69,7 +69,7 @@ public:
      */
     void bindPages(QObject *context, const std::function<void(Page)> &bind);
     /** The timer that plays animated element \a element's preview. */
-    TickTimer *previewTimer(int element) const { return m_timers[element]; }
+    TickTimer *previewTimer(AnimatedElementId element) const { return m_timers[element]; }
     /** Builds the pages not shown yet, for tools and tests that reach every control at once. */
     void buildAllPages();
 
@@ -162,7 +162,7 @@ private:
     QFrame *m_area = nullptr;
     QWidget *m_panels[pageCount] = {};  // nullptr until first shown
     QAction *m_pageActions[pageCount] = {};
-    TickTimer *m_timers[AnimatedElementCount] = {};
+    ElementTable<TickTimer *> m_timers{};
     EditorPages m_pages;                // a page's part empty until it is built
     QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
     QList<SwitchedFrame> m_switchedFrames;

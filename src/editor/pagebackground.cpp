@@ -20,8 +20,8 @@ QGroupBox *sharedPreview(PreviewSurface *&surface)
     QGroupBox *box = frame("fraBGPreview", QStringLiteral("Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 2, 6, 6);
-    surface = new PreviewSurface(QLatin1StringView(elementControls[ElementBackground].surface),
-                                       animatedElements[ElementBackground].surfaceSize, PreviewSurface::Mode::Natural);
+    surface = new PreviewSurface(QLatin1StringView(elementControls[AnimatedElementId::Background].surface),
+                                       animatedElements[AnimatedElementId::Background].surfaceSize, PreviewSurface::Mode::Natural);
     surface->setAccessibleName(QStringLiteral("Background preview"));
     layout->addWidget(surface);
     return box;

@@ -25,7 +25,7 @@ struct FileRow {
 
 /** Animated element \a element's frame: its image row (show: Preview) and the surface it plays on. */
 struct ElementFrame {
-    int element = -1;
+    AnimatedElementId element = AnimatedElementId::Background;
     QGroupBox *frame = nullptr;
     FileRow image;
     PreviewSurface *surface = nullptr; // shared by the elements of a page with one preview

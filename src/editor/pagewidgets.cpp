@@ -181,7 +181,7 @@ DataSetPage dataSetPage(EditorPage page, const char *panelName, const char *sele
     }
     for (const char *key : includeKeys)
         grid->addWidget(fieldCheckBox(key), 0, 1);
-    for (int element = 0; element < AnimatedElementCount; ++element) {
+    for (AnimatedElementId element : animatedElementIds) {
         if (animatedElements[element].page == page) {
             built.elements.append(animatedFrame(element));
             grid->addWidget(built.elements.constLast().frame, 1, 0, 1, 2);
@@ -239,7 +239,7 @@ QGroupBox *previewFrame(const ElementControls &names, QSize area, const QString 
 
 } // namespace
 
-ElementFrame animatedFrame(int element)
+ElementFrame animatedFrame(AnimatedElementId element)
 {
     const AnimatedElement &e = animatedElements[element];
     const ElementControls &names = elementControls[element];
@@ -262,7 +262,7 @@ ElementFrame animatedFrame(int element)
     fields->addLayout(buttons, 2, 0, 1, 2);
     // What the game cuts each frame to, so the author paints the right size.
     auto *frameSize = new QLabel(QStringLiteral("%1 x %2 per frame").arg(e.frame.width()).arg(e.frame.height()));
-    frameSize->setObjectName(rowControl("lblFrameSize", element));
+    frameSize->setObjectName(rowControl("lblFrameSize", int(enumIndex(element))));
     fields->addWidget(frameSize, 3, 0, 1, 2);
     addFormRow(fields, derivedBox(e.rootField), e.rootField);
     addFormRow(fields, derivedBox(e.extensionField), e.extensionField);

@@ -66,6 +66,6 @@ DataSetPage dataSetPage(EditorPage page, const char *panelName, const char *sele
 void compact(QGridLayout *grid);
 
 /** Animated element \a element's frame: image, buttons, root/extension, switches, settings, preview. */
-ElementFrame animatedFrame(int element);
+ElementFrame animatedFrame(AnimatedElementId element);
 
 } // namespace PageWidgets

@@ -25,9 +25,6 @@
 
 namespace {
 
-constexpr int interfaceWindow = -1;
-constexpr int miscWindow = -2;
-
 /** Long frame loads show a progress dialog with a Cancel button; the window stays usable meanwhile. */
 class ProgressDialogReporter : public LoadProgress
 {
@@ -90,14 +87,16 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     });
 }
 
-PreviewWindow *PreviewBinding::openPreviewWindow(int element)
+PreviewWindow *PreviewBinding::openPreviewWindow(PreviewTarget target)
 {
-    QPointer<PreviewWindow> &window = m_windows[size_t(element >= 0 ? element : AnimatedElementCount - 1 - element)];
+    const AnimatedElementId *element = std::get_if<AnimatedElementId>(&target);
+    const StillWindow *still = std::get_if<StillWindow>(&target);
+    QPointer<PreviewWindow> &window = element ? m_elementWindows[*element] : m_stillWindows[*still];
     if (!window) {
-        if (element >= 0) {
-            window = new PreviewWindow(m_frames, element, &m_window);
+        if (element) {
+            window = new PreviewWindow(m_frames, *element, &m_window);
         } else {
-            const bool interface = element == interfaceWindow;
+            const bool interface = *still == StillWindow::InterfaceScreen;
             window = new PreviewWindow(interface ? QStringLiteral("Interface Screen") : QStringLiteral("Misc. Image"),
                                        interface ? m_stills.interfacePicture() : m_stills.miscPicture(), &m_window);
             connect(&m_stills, interface ? &StillPreviews::interfacePictureChanged : &StillPreviews::miscPictureChanged,
@@ -113,10 +112,11 @@ PreviewWindow *PreviewBinding::openPreviewWindow(int element)
 bool PreviewBinding::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::MouseButtonDblClick && m_zoomable.contains(watched)) {
-        int which = m_zoomable.value(watched);
+        PreviewTarget which = m_zoomable.value(watched);
         // A surface several elements share opens the one whose data set shows.
-        for (int element = 0; which >= 0 && element < AnimatedElementCount; ++element) {
-            if (m_surfaces[size_t(element)] == watched && m_frames.timer(element)->isActive())
+        for (AnimatedElementId element : animatedElementIds) {
+            if (std::holds_alternative<AnimatedElementId>(which) && m_surfaces[element] == watched
+                && m_frames.timer(element)->isActive())
                 which = element;
         }
         openPreviewWindow(which);
@@ -128,20 +128,20 @@ bool PreviewBinding::eventFilter(QObject *watched, QEvent *event)
 QString PreviewBinding::describeSurface(const PreviewSurface *surface) const
 {
     // A shared surface shows the element that drew on it last; a playing one first.
-    int shown = -1;
-    for (int element = 0; element < AnimatedElementCount; ++element) {
-        if (m_surfaces[size_t(element)] != surface || m_frames.shownFrame(element) == 0)
+    std::optional<AnimatedElementId> shown;
+    for (AnimatedElementId element : animatedElementIds) {
+        if (m_surfaces[element] != surface || m_frames.shownFrame(element) == 0)
             continue;
-        if (shown < 0 || m_frames.timer(element)->isActive())
+        if (!shown || m_frames.timer(element)->isActive())
             shown = element;
     }
-    if (shown < 0 || surface->image().isNull())
+    if (!shown || surface->image().isNull())
         return surface->accessibleName() + QStringLiteral(", empty");
     return QStringLiteral("%1 preview, frame %2 of %3, %4")
-        .arg(QLatin1StringView(animatedElements[shown].caption))
-        .arg(m_frames.shownFrame(shown))
-        .arg(m_frames.frameCount(shown))
-        .arg(m_frames.timer(shown)->isActive() ? QStringLiteral("playing") : QStringLiteral("paused"));
+        .arg(QLatin1StringView(animatedElements[*shown].caption))
+        .arg(m_frames.shownFrame(*shown))
+        .arg(m_frames.frameCount(*shown))
+        .arg(m_frames.timer(*shown)->isActive() ? QStringLiteral("playing") : QStringLiteral("paused"));
 }
 
 void PreviewBinding::showTrouble(const QString &text)
@@ -152,7 +152,7 @@ void PreviewBinding::showTrouble(const QString &text)
         m_window.statusBar()->showMessage(text);
 }
 
-QString PreviewBinding::missingFrame(int element) const
+QString PreviewBinding::missingFrame(AnimatedElementId element) const
 {
     const AnimatedElement &e = animatedElements[element];
     const QString imageText = m_doc.value(QLatin1StringView(e.imageField));
@@ -186,7 +186,7 @@ QString PreviewBinding::stillFile(const char *key) const
 void PreviewBinding::watchShownFiles()
 {
     QStringList files;
-    for (int element = 0; element < AnimatedElementCount; ++element) {
+    for (AnimatedElementId element : animatedElementIds) {
         if (m_frames.timer(element)->isActive())
             files += m_frames.stripFiles(element);
     }
@@ -202,7 +202,7 @@ void PreviewBinding::reloadChanged(const QStringList &files)
     const auto touched = [&files](const QStringList &shown) {
         return std::any_of(files.cbegin(), files.cend(), [&shown](const QString &f) { return shown.contains(f); });
     };
-    for (int element = 0; element < AnimatedElementCount; ++element) {
+    for (AnimatedElementId element : animatedElementIds) {
         if (touched(m_frames.stripFiles(element)))
             m_dialogs.show(m_frames.reloadStrip(element));
     }
@@ -220,16 +220,16 @@ PreviewBinding::~PreviewBinding()
 
 void PreviewBinding::bindAnimations()
 {
-    for (int element = 0; element < AnimatedElementCount; ++element)
+    for (AnimatedElementId element : animatedElementIds)
         m_frames.attachTimer(element, m_window.previewTimer(element));
     connect(&m_frames, &FramePreviews::surfaceChanged, this,
-            [this](int element, const QImage &image) {
-                if (PreviewSurface *surface = m_surfaces[size_t(element)])
+            [this](AnimatedElementId element, const QImage &image) {
+                if (PreviewSurface *surface = m_surfaces[element])
                     surface->setImage(image);
             });
 }
 
-void PreviewBinding::makeZoomable(QWidget *display, int which)
+void PreviewBinding::makeZoomable(QWidget *display, PreviewTarget which)
 {
     // One surface serves several elements: it opens the one its page shows now.
     if (m_zoomable.contains(display))
@@ -242,7 +242,7 @@ void PreviewBinding::bindPage(EditorPage page)
 {
     const EditorPages &pages = m_window.pages();
     for (const ElementFrame &frame : pages.elementFrames(page)) {
-        const int element = frame.element;
+        const AnimatedElementId element = frame.element;
         connect(frame.image.show, &QAbstractButton::clicked, this, [this, element] {
             // A setting that stops the preview is a message of its own; files it cannot show are told quietly.
             const Report report = m_frames.startFramePreview(element);
@@ -251,7 +251,7 @@ void PreviewBinding::bindPage(EditorPage page)
             watchShownFiles();
         });
         PreviewSurface *surface = frame.surface;
-        m_surfaces[size_t(element)] = surface;
+        m_surfaces[element] = surface;
         surface->setDescriber([this, surface] { return describeSurface(surface); });
         makeZoomable(surface, element);
     }
@@ -266,7 +266,7 @@ void PreviewBinding::bindPage(EditorPage page)
             });
         }
         connect(&m_stills, &StillPreviews::interfacePictureChanged, pages.iface.display, &PreviewSurface::setImage);
-        makeZoomable(pages.iface.display, interfaceWindow);
+        makeZoomable(pages.iface.display, StillWindow::InterfaceScreen);
     }
     if (page == EditorPage::Misc) {
         for (int row = 0; row < int(pages.misc.images.size()); ++row) {
@@ -285,6 +285,6 @@ void PreviewBinding::bindPage(EditorPage page)
                     [this, row] { chooseThemeColor(m_doc, m_dialogs, row); });
         }
         connect(&m_stills, &StillPreviews::miscPictureChanged, pages.misc.display, &PreviewSurface::setImage);
-        makeZoomable(pages.misc.display, miscWindow);
+        makeZoomable(pages.misc.display, StillWindow::MiscImage);
     }
 }

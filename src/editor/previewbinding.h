@@ -15,6 +15,7 @@
 
 #include <array>
 #include <memory>
+#include <variant>
 
 class EditorDialogs;
 class LoadProgress;
@@ -22,6 +23,12 @@ class MainWindow;
 class PreviewSurface;
 class PreviewWindow;
 class ThemeDocument;
+
+/** The still-image displays that open a closer look of their own. */
+enum class StillWindow { InterfaceScreen, MiscImage };
+
+/** What a closer look shows: an animated element or a still-image display. */
+using PreviewTarget = std::variant<AnimatedElementId, StillWindow>;
 
 /**
  * Connects the preview controls of the main window to the preview engines: the Preview
@@ -43,11 +50,10 @@ public:
     FileWatch &watch() { return m_watch; }
 
     /**
-     * Opens (or brings forward) the closer look at a preview: animated element \a element, or
-     * with -1 and -2 the interface and miscellaneous image displays. A double-click on a
-     * preview does the same.
+     * Opens (or brings forward) the closer look at  target: an animated element's preview or
+     * the interface or miscellaneous image display. A double-click on a preview does the same.
      */
-    PreviewWindow *openPreviewWindow(int element);
+    PreviewWindow *openPreviewWindow(PreviewTarget target);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -55,14 +61,14 @@ protected:
 private:
     void bindAnimations();
     void bindPage(EditorPage page);
-    void makeZoomable(QWidget *display, int which);
+    void makeZoomable(QWidget *display, PreviewTarget which);
     void watchShownFiles();
     void reloadChanged(const QStringList &files);
     QString stillFile(const char *key) const;
     /** A preview's trouble in the status bar, where it does not stop the author; "" clears it. */
     void showTrouble(const QString &text);
     /** Why the element's preview shows nothing or not every frame: the first frame file missing or unreadable. */
-    QString missingFrame(int element) const;
+    QString missingFrame(AnimatedElementId element) const;
     /** "Game Background preview, frame 3 of 12, playing": what the surface shows now. */
     QString describeSurface(const PreviewSurface *surface) const;
 
@@ -76,8 +82,9 @@ private:
     FileWatch m_watch;
     int m_interfaceRow = -1; // the still previews' rows shown last
     int m_miscRow = -1;
-    std::array<QPointer<PreviewWindow>, AnimatedElementCount + 2> m_windows; // the stills last
-    QHash<QObject *, int> m_zoomable; // preview displays, with what they open
+    ElementTable<QPointer<PreviewWindow>> m_elementWindows;
+    EnumArray<StillWindow, QPointer<PreviewWindow>, 2> m_stillWindows;
+    QHash<QObject *, PreviewTarget> m_zoomable; // preview displays, with what they open
     // Kept when their page is built: a frame change must not search the whole window.
-    std::array<QPointer<PreviewSurface>, AnimatedElementCount> m_surfaces;
+    ElementTable<QPointer<PreviewSurface>> m_surfaces;
 };

@@ -69,12 +69,12 @@ private:
 
 } // namespace
 
-PreviewWindow::PreviewWindow(FramePreviews &frames, int element, QWidget *parent)
+PreviewWindow::PreviewWindow(FramePreviews &frames, AnimatedElementId element, QWidget *parent)
     : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(windowPixels(frames.surfaceImage(element)))
 {
     // The picture comes first: the canvas takes its size from it when it is built.
     build(QString::fromLatin1(animatedElements[element].caption));
-    connect(&frames, &FramePreviews::surfaceChanged, this, [this](int changed, const QImage &image) {
+    connect(&frames, &FramePreviews::surfaceChanged, this, [this](AnimatedElementId changed, const QImage &image) {
         if (changed == m_element)
             setImage(image);
     });

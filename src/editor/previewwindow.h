@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "theme/animatedelement.h"
+
 #include <QImage>
 #include <QWidget>
 
@@ -24,7 +26,7 @@ class PreviewWindow : public QWidget
 
 public:
     /** The window of animated element \a element, playing from \a frames. */
-    PreviewWindow(FramePreviews &frames, int element, QWidget *parent = nullptr);
+    PreviewWindow(FramePreviews &frames, AnimatedElementId element, QWidget *parent = nullptr);
     /** The window of a still picture; setImage() follows it. */
     PreviewWindow(const QString &caption, const QImage &image, QWidget *parent = nullptr);
 
@@ -42,7 +44,7 @@ private:
     void togglePause();
 
     FramePreviews *m_frames = nullptr;
-    int m_element = -1;
+    AnimatedElementId m_element{}; // the element shown, when m_frames is set
     QImage m_image;
     int m_zoomFactor = 2; // 0: fit
     QWidget *m_canvas = nullptr;

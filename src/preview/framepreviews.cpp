@@ -25,7 +25,7 @@ static constexpr quint32 progressDelayMs = 1000;
 static constexpr quint32 shortestProgressMs = 500;
 
 struct FramePreviews::PendingLoad {
-    int element = -1;
+    AnimatedElementId element{}; // set when the load is made
     std::unique_ptr<StripLoader> loader;
     quint32 started = 0;
     qint64 ready = 0; // slots from the first that hold their frames
@@ -59,9 +59,9 @@ FramePreviews::FramePreviews(ThemeDocument &doc, LoadingSurface &loading,
     , m_loading(loading)
     , m_clock(systemTickCount)
 {
-    for (int i = 0; i < AnimatedElementCount; ++i) {
+    for (AnimatedElementId i : animatedElementIds) {
         const AnimatedElement &e = animatedElements[i];
-        m_fields[size_t(i)] = {fieldIndexOrNone(e.animatedFields[0]), fieldIndexOrNone(e.imageField),
+        m_fields[i] = {fieldIndexOrNone(e.animatedFields[0]), fieldIndexOrNone(e.imageField),
                                fieldIndexOrNone(e.frameCountField),
                                fieldIndexOrNone(e.startingFrameField),
                                fieldIndexOrNone(e.delayField), fieldIndexOrNone(e.reverseField)};
@@ -78,12 +78,12 @@ FramePreviews::~FramePreviews()
         disconnect(connection);
 }
 
-void FramePreviews::attachTimer(int element, TickTimer *timer)
+void FramePreviews::attachTimer(AnimatedElementId element, TickTimer *timer)
 {
-    QPointer<TickTimer> &slot = m_timers[size_t(element)];
+    QPointer<TickTimer> &slot = m_timers[element];
     if (slot == timer)
         return;
-    disconnect(m_timerConnections[size_t(element)]);
+    disconnect(m_timerConnections[element]);
     const bool running = slot && slot->isActive();
     if (slot) {
         slot->stop();
@@ -92,7 +92,7 @@ void FramePreviews::attachTimer(int element, TickTimer *timer)
     }
     slot = timer;
     timer->setInterval(1);
-    m_timerConnections[size_t(element)] =
+    m_timerConnections[element] =
         connect(timer, &TickTimer::timeout, this, [this, element] { sleepFor(element, sleepingTick(element)); });
     if (running)
         timer->start();
@@ -115,35 +115,35 @@ void FramePreviews::clearSurfaces()
         surface.drawnAny = false;
         surface.drawn = {};
     }
-    for (int element = 0; element < AnimatedElementCount; ++element)
+    for (AnimatedElementId element : animatedElementIds)
         emit surfaceChanged(element, QImage());
 }
 
-FramePreviews::Strip &FramePreviews::stripOf(int element)
+FramePreviews::Strip &FramePreviews::stripOf(AnimatedElementId element)
 {
     return m_strips[animatedElements[element].strip == FrameStripId::Background ? 0 : 1];
 }
 
-const FramePreviews::Strip &FramePreviews::stripOf(int element) const
+const FramePreviews::Strip &FramePreviews::stripOf(AnimatedElementId element) const
 {
     return m_strips[animatedElements[element].strip == FrameStripId::Background ? 0 : 1];
 }
 
-const QImage &FramePreviews::strip(int element)
+const QImage &FramePreviews::strip(AnimatedElementId element)
 {
     finishLoading();
     return stripOf(element).image;
 }
 
-QImage FramePreviews::surfaceImage(int element) const
+QImage FramePreviews::surfaceImage(AnimatedElementId element) const
 {
-    return m_surfaces[size_t(animatedElements[element].surface)].image;
+    return m_surfaces[animatedElements[element].surface].image;
 }
 
-Report FramePreviews::startFramePreview(int element)
+Report FramePreviews::startFramePreview(AnimatedElementId element)
 {
     Report report;
-    const FieldIndexes &f = m_fields[size_t(element)];
+    const FieldIndexes &f = m_fields[element];
     if (f.animated >= 0 && m_doc.number(f.animated) != 1)
         return report;
     const Result<FrameSettings> read = readFrameSettings(m_doc, animatedElements[element]);
@@ -155,23 +155,23 @@ Report FramePreviews::startFramePreview(int element)
 
     if (const Result<bool> started = startLoad(element, settings.frameCount); !started.valueOr(false))
         return started.report();
-    m_states[size_t(element)] = {settings.startingFrame, 0, settings.frameCount, settings.delay,
+    m_states[element] = {settings.startingFrame, 0, settings.frameCount, settings.delay,
                                  settings.startingFrame, {}, {}};
-    m_timers[size_t(element)]->start();
+    m_timers[element]->start();
     return report;
 }
 
-Report FramePreviews::reloadStrip(int element)
+Report FramePreviews::reloadStrip(AnimatedElementId element)
 {
-    if (!m_timers[size_t(element)]->isActive())
+    if (!m_timers[element]->isActive())
         return {};
-    const Result<bool> started = startLoad(element, m_states[size_t(element)].frameCount);
+    const Result<bool> started = startLoad(element, m_states[element].frameCount);
     if (started.valueOr(false))
         finishLoading();
     return started.report();
 }
 
-void FramePreviews::replaceStrip(int element, QImage &built)
+void FramePreviews::replaceStrip(AnimatedElementId element, QImage &built)
 {
     Strip &strip = stripOf(element);
     const quint64 replaced = strip.generation;
@@ -180,25 +180,25 @@ void FramePreviews::replaceStrip(int element, QImage &built)
     strip.views.clear();
     releaseViews(replaced);
     // Their next tick draws from the new strip.
-    for (int other = 0; other < AnimatedElementCount; ++other) {
+    for (AnimatedElementId other : animatedElementIds) {
         if (&stripOf(other) == &strip)
             wake(other);
     }
 }
 
-Result<bool> FramePreviews::startLoad(int element, double frameCount)
+Result<bool> FramePreviews::startLoad(AnimatedElementId element, double frameCount)
 {
     if (m_handling)
         return false; // a load is showing its progress, which lets this click through
     const AnimatedElement &e = animatedElements[element];
-    const auto sequence = FrameSequence::fromImageText(m_doc.value(m_fields[size_t(element)].image));
+    const auto sequence = FrameSequence::fromImageText(m_doc.value(m_fields[element].image));
     if (!sequence)
         return false;
 
     const QString tooLarge =
         QStringLiteral("The %1 animation is too large to preview: %2 frames need more than "
                        "1 GiB of memory.")
-            .arg(QString::fromLatin1(e.caption), m_doc.value(m_fields[size_t(element)].frameCount).trimmed());
+            .arg(QString::fromLatin1(e.caption), m_doc.value(m_fields[element].frameCount).trimmed());
     if (FrameStrip::bytesNeeded(e, frameCount) > FrameStrip::maximumBytes)
         return Result<bool>::fail(tooLarge, QString::fromLatin1(e.frameCountField));
     finishLoading(); // one load at a time: the one running ends first
@@ -209,8 +209,8 @@ Result<bool> FramePreviews::startLoad(int element, double frameCount)
     auto load = std::make_unique<PendingLoad>();
     load->element = element;
     load->started = m_clock();
-    load->previousState = m_states[size_t(element)];
-    load->wasActive = m_timers[size_t(element)]->isActive();
+    load->previousState = m_states[element];
+    load->wasActive = m_timers[element]->isActive();
     // Frames come on worker threads; one queued call at a time takes every frame that came.
     const auto arrived = [this] { postArrivals(); };
     load->loader = std::make_unique<StripLoader>(built, e.frame, *sequence, m_doc.packageFolder(),
@@ -263,8 +263,8 @@ void FramePreviews::takeArrivals(bool waitForOne)
     const qint64 ready = loader.settle(m_loading.picture());
     if (ready > load.ready) {
         load.ready = ready;
-        for (int other = 0; other < AnimatedElementCount; ++other) {
-            if (&stripOf(other) == &stripOf(load.element) && (m_states[size_t(other)].heldSince || isPaused(other)))
+        for (AnimatedElementId other : animatedElementIds) {
+            if (&stripOf(other) == &stripOf(load.element) && (m_states[other].heldSince || isPaused(other)))
                 wake(other);
         }
     }
@@ -293,9 +293,9 @@ void FramePreviews::endLoad(bool cancelled)
     const std::unique_ptr<PendingLoad> load = std::move(m_pending);
     if (load->showing)
         m_progress->end();
-    const int element = load->element;
+    const AnimatedElementId element = load->element;
     if (!cancelled) {
-        m_stripFiles[size_t(element)] = load->loader->finish(m_loading);
+        m_stripFiles[element] = load->loader->finish(m_loading);
         emit stripLoaded(element);
         return;
     }
@@ -307,16 +307,16 @@ void FramePreviews::endLoad(bool cancelled)
     strip.views = load->previousViews;
     strip.viewElement = load->previousViewElement;
     releaseViews(cancelledGeneration);
-    m_states[size_t(element)] = load->previousState;
+    m_states[element] = load->previousState;
     if (!load->wasActive)
-        m_timers[size_t(element)]->stop();
-    for (int other = 0; other < AnimatedElementCount; ++other) {
+        m_timers[element]->stop();
+    for (AnimatedElementId other : animatedElementIds) {
         if (&stripOf(other) == &strip)
             wake(other);
     }
 }
 
-bool FramePreviews::slotReady(int element, qint64 slot) const
+bool FramePreviews::slotReady(AnimatedElementId element, qint64 slot) const
 {
     if (!m_pending || &stripOf(m_pending->element) != &stripOf(element))
         return true;
@@ -333,11 +333,11 @@ std::optional<double> FramePreviews::readNumber(ParsedNumber &parsed, const QStr
     return parsed.value;
 }
 
-void FramePreviews::readSettings(int element)
+void FramePreviews::readSettings(AnimatedElementId element)
 {
-    const FieldIndexes &f = m_fields[size_t(element)];
-    AnimationState &state = m_states[size_t(element)];
-    SettingTexts &texts = m_settingTexts[size_t(element)];
+    const FieldIndexes &f = m_fields[element];
+    AnimationState &state = m_states[element];
+    SettingTexts &texts = m_settingTexts[element];
     if (const auto count = readNumber(texts.frameCount, m_doc.value(f.frameCount)))
         state.frameCount = *count;
     if (const auto delay = readNumber(texts.delay, m_doc.value(f.delay)))
@@ -348,29 +348,29 @@ void FramePreviews::readSettings(int element)
     }
 }
 
-bool FramePreviews::isPaused(int element) const
+bool FramePreviews::isPaused(AnimatedElementId element) const
 {
-    const FieldIndexes &f = m_fields[size_t(element)];
+    const FieldIndexes &f = m_fields[element];
     return f.animated >= 0 && m_doc.number(f.animated) != 1;
 }
 
-bool FramePreviews::isReversed(int element) const
+bool FramePreviews::isReversed(AnimatedElementId element) const
 {
-    const FieldIndexes &f = m_fields[size_t(element)];
+    const FieldIndexes &f = m_fields[element];
     return f.reverse >= 0 && m_doc.number(f.reverse) == 1;
 }
 
-qint64 FramePreviews::slotToDraw(int element) const
+qint64 FramePreviews::slotToDraw(AnimatedElementId element) const
 {
     if (isPaused(element))
         return 0;
-    const AnimationState &state = m_states[size_t(element)];
+    const AnimationState &state = m_states[element];
     return isReversed(element) ? frameNumber(state.frameCount - double(state.currentFrame)) : state.currentFrame - 1;
 }
 
-void FramePreviews::animationTick(int element)
+void FramePreviews::animationTick(AnimatedElementId element)
 {
-    AnimationState &state = m_states[size_t(element)];
+    AnimationState &state = m_states[element];
     if (isPaused(element)) {
         draw(element, 0);
         return;
@@ -392,22 +392,22 @@ void FramePreviews::animationTick(int element)
         advance(element, m_clock());
 }
 
-void FramePreviews::advance(int element, quint32 now)
+void FramePreviews::advance(AnimatedElementId element, quint32 now)
 {
-    AnimationState &state = m_states[size_t(element)];
+    AnimationState &state = m_states[element];
     ++state.currentFrame;
     if (state.frameCount < double(state.currentFrame))
         state.currentFrame = state.startingFrame;
     state.lastAdvanceTime = now;
 }
 
-bool FramePreviews::surfaceShows(int element, qint64 slot) const
+bool FramePreviews::surfaceShows(AnimatedElementId element, qint64 slot) const
 {
-    const Surface &surface = m_surfaces[size_t(animatedElements[element].surface)];
+    const Surface &surface = m_surfaces[animatedElements[element].surface];
     return surface.drawnAny && surface.drawn == DrawnFrame{element, stripOf(element).generation, slot};
 }
 
-FramePreviews::NextChange FramePreviews::nextChange(int element) const
+FramePreviews::NextChange FramePreviews::nextChange(AnimatedElementId element) const
 {
     // A frame still loading wakes the timer when it has loaded.
     if (!slotReady(element, slotToDraw(element)))
@@ -417,7 +417,7 @@ FramePreviews::NextChange FramePreviews::nextChange(int element) const
         return {};
     if (isPaused(element))
         return {-1};
-    const AnimationState &state = m_states[size_t(element)];
+    const AnimationState &state = m_states[element];
     // The advancing tick is the first on which more than the delay has passed: a whole
     // number of milliseconds, so the delay's fraction never counts.
     if (!(state.delay >= 0))
@@ -430,9 +430,9 @@ FramePreviews::NextChange FramePreviews::nextChange(int element) const
     return {qint64(std::max(due, 1.0)), true};
 }
 
-qint64 FramePreviews::sleepingTick(int element)
+qint64 FramePreviews::sleepingTick(AnimatedElementId element)
 {
-    AnimationState &state = m_states[size_t(element)];
+    AnimationState &state = m_states[element];
     const quint32 now = m_clock();
     // Woken on the tick after the skipped one, that tick's advance is made up as it would
     // have been; woken earlier or later, the tick below decides as any tick does.
@@ -448,23 +448,23 @@ qint64 FramePreviews::sleepingTick(int element)
     return next.ms + 1;
 }
 
-void FramePreviews::sleepFor(int element, qint64 ms)
+void FramePreviews::sleepFor(AnimatedElementId element, qint64 ms)
 {
-    if (TickTimer *timer = m_timers[size_t(element)]; timer && timer->isActive())
+    if (TickTimer *timer = m_timers[element]; timer && timer->isActive())
         timer->postpone(int(ms));
 }
 
-void FramePreviews::wake(int element)
+void FramePreviews::wake(AnimatedElementId element)
 {
     sleepFor(element, 1);
 }
 
-void FramePreviews::wakeOthersOnSurface(int element)
+void FramePreviews::wakeOthersOnSurface(AnimatedElementId element)
 {
     // Another element showing on the same surface draws its own frame over this one on its
     // next tick, as it would if it ticked every millisecond.
     const AnimatedElementId surface = animatedElements[element].surface;
-    for (int other = 0; other < AnimatedElementCount; ++other) {
+    for (AnimatedElementId other : animatedElementIds) {
         if (other != element && animatedElements[other].surface == surface)
             wake(other);
     }
@@ -472,8 +472,8 @@ void FramePreviews::wakeOthersOnSurface(int element)
 
 void FramePreviews::fieldChanged(int index)
 {
-    for (int element = 0; element < AnimatedElementCount; ++element) {
-        const FieldIndexes &f = m_fields[size_t(element)];
+    for (AnimatedElementId element : animatedElementIds) {
+        const FieldIndexes &f = m_fields[element];
         for (const int read : {f.animated, f.frameCount, f.startingFrame, f.delay, f.reverse}) {
             if (read == index)
                 wake(element);
@@ -481,30 +481,30 @@ void FramePreviews::fieldChanged(int index)
     }
 }
 
-qint64 FramePreviews::shownFrame(int element) const
+qint64 FramePreviews::shownFrame(AnimatedElementId element) const
 {
-    const Surface &surface = m_surfaces[size_t(animatedElements[element].surface)];
+    const Surface &surface = m_surfaces[animatedElements[element].surface];
     return surface.drawnAny && surface.drawn.element == element ? surface.drawn.slot + 1 : 0;
 }
 
-qint64 FramePreviews::frameCount(int element) const
+qint64 FramePreviews::frameCount(AnimatedElementId element) const
 {
-    return std::max<qint64>(1, frameNumber(m_states.at(size_t(element)).frameCount));
+    return std::max<qint64>(1, frameNumber(m_states[element].frameCount));
 }
 
-void FramePreviews::stepFrame(int element, int steps)
+void FramePreviews::stepFrame(AnimatedElementId element, int steps)
 {
     readSettings(element);
     const qint64 count = frameCount(element);
     const qint64 slot = ((std::max<qint64>(shownFrame(element), 1) - 1 + steps) % count + count) % count;
     draw(element, slot);
     // The next tick draws this frame again, whichever way the animation runs.
-    m_states[size_t(element)].currentFrame = isReversed(element) ? count - slot : slot + 1;
-    m_states[size_t(element)].lastAdvanceTime = m_clock();
+    m_states[element].currentFrame = isReversed(element) ? count - slot : slot + 1;
+    m_states[element].lastAdvanceTime = m_clock();
     wake(element);
 }
 
-bool FramePreviews::draw(int element, qint64 slot)
+bool FramePreviews::draw(AnimatedElementId element, qint64 slot)
 {
     // Drawing the same slot again would give the same pixels: most ticks end here.
     if (surfaceShows(element, slot))
@@ -512,7 +512,7 @@ bool FramePreviews::draw(int element, qint64 slot)
     if (!slotReady(element, slot))
         return false;
     Strip &strip = stripOf(element);
-    Surface &surface = m_surfaces[size_t(animatedElements[element].surface)];
+    Surface &surface = m_surfaces[animatedElements[element].surface];
     const AnimatedElement &e = animatedElements[element];
     if (const QImage *view = viewOf(strip, e, slot)) {
         surface.image = *view;
@@ -523,7 +523,7 @@ bool FramePreviews::draw(int element, qint64 slot)
         QImage &target = surface.buffers[index];
         if (target.size() != e.surfaceSize) {
             target = QImage(e.surfaceSize, QImage::Format_RGB888);
-            surface.bufferDrawnBy[index] = -1;
+            surface.bufferDrawnBy[index].reset();
         }
         // Around its frame, an element leaves the surface cleared: a 96 x 176 corner then
         // costs a quarter of the 192 x 352 surface it is shown on.
@@ -573,10 +573,10 @@ void FramePreviews::releaseViews(quint64 stripGeneration)
     // A surface still showing a frame of a replaced strip gets pixels of its own, so that the
     // old strip's memory is not kept by a picture that may stay on screen for long.
     for (Surface &surface : m_surfaces) {
-        if (!surface.showsView || surface.drawn.stripGeneration != stripGeneration)
+        if (!surface.showsView || !surface.drawn.element || surface.drawn.stripGeneration != stripGeneration)
             continue;
         surface.image = surface.image.copy();
         surface.showsView = false;
-        emit surfaceChanged(surface.drawn.element, surface.image);
+        emit surfaceChanged(*surface.drawn.element, surface.image);
     }
 }

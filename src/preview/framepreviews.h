@@ -48,8 +48,8 @@ public:
     void setProgress(LoadProgress *progress) { m_progress = progress; }
 
     /** Makes \a timer drive \a element from now on, replacing the engine's own timer. */
-    void attachTimer(int element, TickTimer *timer);
-    TickTimer *timer(int element) const { return m_timers.at(size_t(element)); }
+    void attachTimer(AnimatedElementId element, TickTimer *timer);
+    TickTimer *timer(AnimatedElementId element) const { return m_timers[element]; }
 
     /**
      * The element's Preview command: checks its settings (the report names the first bad one),
@@ -58,39 +58,39 @@ public:
      * frame not loaded yet holds the picture until it is. Any early end leaves a running
      * animation exactly as it was, and so does a load cancelled under the progress window.
      */
-    Report startFramePreview(int element);
+    Report startFramePreview(AnimatedElementId element);
 
     /** Waits for the strip still loading, if any, showing progress as the load does. */
     void finishLoading();
 
     /** The frame files the element's strip was last built from, as the loader found them. */
-    QStringList stripFiles(int element) const { return m_stripFiles.at(size_t(element)); }
+    QStringList stripFiles(AnimatedElementId element) const { return m_stripFiles[element]; }
     /**
      * Builds a playing element's strip again from its files as they are now (the art changed
      * on disk); the animation goes on where it was. A stopped element is left alone.
      */
-    Report reloadStrip(int element);
+    Report reloadStrip(AnimatedElementId element);
 
     /** The frame number (from 1) the element's surface shows; 0 before it showed one. */
-    qint64 shownFrame(int element) const;
+    qint64 shownFrame(AnimatedElementId element) const;
     /** The element's frame count, as playback rounds it, and its delay in milliseconds. */
-    qint64 frameCount(int element) const;
-    double delay(int element) const { return m_states.at(size_t(element)).delay; }
+    qint64 frameCount(AnimatedElementId element) const;
+    double delay(AnimatedElementId element) const { return m_states[element].delay; }
     /**
      * Shows the frame \a steps away from the one shown (wrapping within the frame count), for
      * a paused animation; playing on continues from there.
      */
-    void stepFrame(int element, int steps);
+    void stepFrame(AnimatedElementId element, int steps);
 
     /** One timer tick: draws the current frame and moves on once the delay has passed. */
-    void animationTick(int element);
+    void animationTick(AnimatedElementId element);
     /**
      * One tick of the element's timer, which sleeps through ticks that would change nothing:
      * returns the milliseconds to the next tick it runs, -1 for none until a setting, the
      * strip or the surface changes (those wake the timer for the next tick). Frames come
      * and go on the same ticks as with animationTick() every millisecond.
      */
-    qint64 sleepingTick(int element);
+    qint64 sleepingTick(AnimatedElementId element);
 
     /** Stops every element's timer; the surfaces keep their last frame. */
     void stopAll();
@@ -98,20 +98,20 @@ public:
     void clearSurfaces();
 
     /** What the element's preview surface shows now (null before anything was drawn). */
-    QImage surfaceImage(int element) const;
+    QImage surfaceImage(AnimatedElementId element) const;
 
     /** The built frame strip the element plays from; a load still running is waited for. */
-    const QImage &strip(int element);
+    const QImage &strip(AnimatedElementId element);
 
 signals:
     /** The element's strip has loaded whole, from the files stripFiles() names. */
-    void stripLoaded(int element);
+    void stripLoaded(AnimatedElementId element);
 
     /**
      * The picture of \a element's preview surface changed to \a image. Also sent with the
      * same pixels when a new strip replaces the one the picture was shown from.
      */
-    void surfaceChanged(int element, const QImage &image);
+    void surfaceChanged(AnimatedElementId element, const QImage &image);
 
 private:
     struct FieldIndexes {
@@ -140,7 +140,7 @@ private:
         ParsedNumber frameCount, delay, startingFrame;
     };
     struct DrawnFrame {
-        int element = -1;
+        std::optional<AnimatedElementId> element;
         quint64 stripGeneration = 0;
         qint64 slot = 0;
         bool operator==(const DrawnFrame &) const = default;
@@ -150,7 +150,7 @@ private:
         bool showsView = false;         // image lies in a strip's memory
         std::array<QImage, 2> buffers;  // for frames no view can show; alternated, so that
         int nextBuffer = 0;             // a receiver holding the last one costs no copy
-        std::array<int, 2> bufferDrawnBy{-1, -1}; // element that last drew each buffer
+        std::array<std::optional<AnimatedElementId>, 2> bufferDrawnBy; // element that last drew each buffer
         bool drawnAny = false;
         DrawnFrame drawn;
     };
@@ -165,48 +165,48 @@ private:
 
     struct PendingLoad;
     /** Whether a load started; false when there is nothing to load now, a failure when too large. */
-    Result<bool> startLoad(int element, double frameCount);
+    Result<bool> startLoad(AnimatedElementId element, double frameCount);
     void postArrivals();
     void arrivalsPosted();
     void takeArrivals(bool waitForOne);
     void endLoad(bool cancelled);
-    bool slotReady(int element, qint64 slot) const;
+    bool slotReady(AnimatedElementId element, qint64 slot) const;
     struct NextChange {
         qint64 ms = 1;         // from the last tick; -1: none until woken
         bool advances = false; // only the frame counter moves then, not the picture
     };
-    NextChange nextChange(int element) const;
-    void sleepFor(int element, qint64 ms);
-    void wake(int element);
-    void wakeOthersOnSurface(int element);
+    NextChange nextChange(AnimatedElementId element) const;
+    void sleepFor(AnimatedElementId element, qint64 ms);
+    void wake(AnimatedElementId element);
+    void wakeOthersOnSurface(AnimatedElementId element);
     void fieldChanged(int index);
-    bool isPaused(int element) const;
-    bool isReversed(int element) const;
-    qint64 slotToDraw(int element) const;
-    bool surfaceShows(int element, qint64 slot) const;
-    void replaceStrip(int element, QImage &built);
+    bool isPaused(AnimatedElementId element) const;
+    bool isReversed(AnimatedElementId element) const;
+    qint64 slotToDraw(AnimatedElementId element) const;
+    bool surfaceShows(AnimatedElementId element, qint64 slot) const;
+    void replaceStrip(AnimatedElementId element, QImage &built);
     static std::optional<double> readNumber(ParsedNumber &parsed, const QString &text);
-    void readSettings(int element);
-    void advance(int element, quint32 now);
-    bool draw(int element, qint64 slot);
+    void readSettings(AnimatedElementId element);
+    void advance(AnimatedElementId element, quint32 now);
+    bool draw(AnimatedElementId element, qint64 slot);
     const QImage *viewOf(Strip &strip, const AnimatedElement &element, qint64 slot);
     void releaseViews(quint64 stripGeneration);
-    Strip &stripOf(int element);
-    const Strip &stripOf(int element) const;
+    Strip &stripOf(AnimatedElementId element);
+    const Strip &stripOf(AnimatedElementId element) const;
 
     ThemeDocument &m_doc;
     LoadingSurface &m_loading;
     Clock m_clock;
     LoadProgress *m_progress = nullptr;
-    std::array<FieldIndexes, AnimatedElementCount> m_fields;
-    std::array<AnimationState, AnimatedElementCount> m_states;
-    std::array<SettingTexts, AnimatedElementCount> m_settingTexts;
-    std::array<QPointer<TickTimer>, AnimatedElementCount> m_timers;
-    std::array<QMetaObject::Connection, AnimatedElementCount> m_timerConnections;
-    std::array<Surface, AnimatedElementCount> m_surfaces; // by the element whose surface it is
+    ElementTable<FieldIndexes> m_fields;
+    ElementTable<AnimationState> m_states;
+    ElementTable<SettingTexts> m_settingTexts;
+    ElementTable<QPointer<TickTimer>> m_timers;
+    ElementTable<QMetaObject::Connection> m_timerConnections;
+    ElementTable<Surface> m_surfaces; // by the element whose surface it is
     std::array<Strip, 2> m_strips;
     quint64 m_nextGeneration = 1;
-    std::array<QStringList, AnimatedElementCount> m_stripFiles;
+    ElementTable<QStringList> m_stripFiles;
     std::unique_ptr<PendingLoad> m_pending; // the strip loading now, one at a time
     std::atomic<bool> m_arrivalPosted{false};
     bool m_handling = false; // progress is being shown, which may let events through

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "common/enumarray.h"
 #include "theme/themefields.h"
 
 #include <QAnyStringView>
@@ -15,16 +16,35 @@ enum class EditorPage { General, Interface, Background, Blocks, Misc, Sounds };
 /** The two off-screen frame strips; elements of one strip never play at the same time. */
 enum class FrameStripId { Background, Blocks };
 
-enum AnimatedElementId : int {
-    ElementBackground, ElementInternetBackground, ElementBlocks, ElementNextBlock, ElementSpecialWindow,
-    ElementExplosion, ElementBomb, AnimatedElementCount
-};
+/** The animated theme elements: the key of every table with a row per element. */
+enum class AnimatedElementId { Background, InternetBackground, Blocks, NextBlock, SpecialWindow, Explosion, Bomb };
+
+inline constexpr std::size_t animatedElementCount = enumIndex(AnimatedElementId::Bomb) + 1;
+
+/** Every element, in table order. */
+inline constexpr auto animatedElementIds = enumValues<AnimatedElementId, animatedElementCount>();
+
+/** A table with one row per animated element. */
+template <typename T>
+using ElementTable = EnumArray<AnimatedElementId, T, animatedElementCount>;
+
+/** Whether each row of \a table names the element it is read by: tables are keyed, not matched by position. */
+template <typename T>
+constexpr bool rowsMatchKeys(const ElementTable<T> &table)
+{
+    for (AnimatedElementId id : animatedElementIds) {
+        if (table[id].id != id)
+            return false;
+    }
+    return true;
+}
 
 /**
  * One animated theme element: its document fields (from the field table), the geometry of its frames and where the
  * editor shows it. nullptr marks a field the element lacks.
  */
 struct AnimatedElement {
+    AnimatedElementId id;
     const char *caption;            // "Game Background"
     const char *includeField;       // "includebackground"
     const char *animatedFields[4];  // the preview obeys the first, any opens the settings; none: always animated
@@ -49,44 +69,45 @@ struct AnimatedElement {
 };
 
 /** The element of frame-sequence \a section: its fields found in the field table by their roles. */
-constexpr AnimatedElement animatedElement(const char *caption, Section section, FrameStripId strip,
+constexpr AnimatedElement animatedElement(AnimatedElementId id, const char *caption, Section section, FrameStripId strip,
                                           AnimatedElementId surface, QSize surfaceSize, QSize frame, int stripWidth,
                                           int stripHeightPerFrame, EditorPage page, const char *dataSet,
                                           EditorPage alsoTicksOn)
 {
     using enum FieldRole;
     const auto role = [section](FieldRole r, int nth = 0) { return fieldWithRole(section, r, nth); };
-    return {caption, role(Include), {role(Animated), role(Animated, 1), role(Animated, 2), role(Animated, 3)},
+    return {id, caption, role(Include), {role(Animated), role(Animated, 1), role(Animated, 2), role(Animated, 3)},
             role(Image), role(Root), role(Extension), role(FrameCount), role(StartingFrame), role(StillFrame),
             role(Delay), role(Reverse), role(Transparency), strip, surface, surfaceSize, frame, stripWidth,
             stripHeightPerFrame, page, dataSet, alsoTicksOn};
 }
 
-inline constexpr AnimatedElement animatedElements[AnimatedElementCount] = {
-    animatedElement("Game Background", Section::Background,
-                    FrameStripId::Background, ElementBackground, QSize(192, 352), QSize(192, 352), 192, 352,
+inline constexpr ElementTable<AnimatedElement> animatedElements{{
+    animatedElement(AnimatedElementId::Background, "Game Background", Section::Background,
+                    FrameStripId::Background, AnimatedElementId::Background, QSize(192, 352), QSize(192, 352), 192, 352,
                     EditorPage::Background, "Background", EditorPage::Background),
     // Drawn into the top-left corner of the background's surface; the Blocks page leaves it playing.
-    animatedElement("Game Internet Background", Section::InternetBackground,
-                    FrameStripId::Background, ElementBackground, QSize(192, 352), QSize(96, 176), 97, 177,
+    animatedElement(AnimatedElementId::InternetBackground, "Game Internet Background", Section::InternetBackground,
+                    FrameStripId::Background, AnimatedElementId::Background, QSize(192, 352), QSize(96, 176), 97, 177,
                     EditorPage::Background, "Internet Background", EditorPage::Blocks),
-    animatedElement("Game Blocks", Section::Blocks,
-                    FrameStripId::Blocks, ElementBlocks, QSize(96, 80), QSize(96, 80), 98, 80,
+    animatedElement(AnimatedElementId::Blocks, "Game Blocks", Section::Blocks,
+                    FrameStripId::Blocks, AnimatedElementId::Blocks, QSize(96, 80), QSize(96, 80), 98, 80,
                     EditorPage::Blocks, "Game Blocks", EditorPage::Blocks),
-    animatedElement("Next Block Window", Section::NextWindow,
-                    FrameStripId::Blocks, ElementNextBlock, QSize(77, 77), QSize(77, 77), 78, 78,
+    animatedElement(AnimatedElementId::NextBlock, "Next Block Window", Section::NextWindow,
+                    FrameStripId::Blocks, AnimatedElementId::NextBlock, QSize(77, 77), QSize(77, 77), 78, 78,
                     EditorPage::Blocks, "Next Block Window", EditorPage::Blocks),
-    animatedElement("Special Window", Section::SpecialWindow,
-                    FrameStripId::Blocks, ElementSpecialWindow, QSize(160, 16), QSize(160, 16), 161, 17,
+    animatedElement(AnimatedElementId::SpecialWindow, "Special Window", Section::SpecialWindow,
+                    FrameStripId::Blocks, AnimatedElementId::SpecialWindow, QSize(160, 16), QSize(160, 16), 161, 17,
                     EditorPage::Blocks, "Special Window", EditorPage::Blocks),
-    animatedElement("Explosion", Section::Explosion,
-                    FrameStripId::Blocks, ElementExplosion, QSize(192, 64), QSize(192, 64), 193, 65,
+    animatedElement(AnimatedElementId::Explosion, "Explosion", Section::Explosion,
+                    FrameStripId::Blocks, AnimatedElementId::Explosion, QSize(192, 64), QSize(192, 64), 193, 65,
                     EditorPage::Misc, "Explosion", EditorPage::Misc),
     // The bomb surface shows only the left 64 columns of each frame.
-    animatedElement("Block Bomb", Section::Bomb,
-                    FrameStripId::Blocks, ElementBomb, QSize(64, 64), QSize(192, 64), 193, 65,
+    animatedElement(AnimatedElementId::Bomb, "Block Bomb", Section::Bomb,
+                    FrameStripId::Blocks, AnimatedElementId::Bomb, QSize(64, 64), QSize(192, 64), 193, 65,
                     EditorPage::Misc, "Block Bomb", EditorPage::Misc),
-};
+}};
+static_assert(rowsMatchKeys(animatedElements));
 
 /** The element whose frame root is the field \a rootField ("bgfilename"), or nullptr. */
 inline const AnimatedElement *elementWithRoot(QAnyStringView rootField)

@@ -39,7 +39,7 @@ QList<BrowseButton> packageBrowseButtons()
             buttons.append({QString::fromLatin1(keys[i]),
                             [browse, i](ThemeDocument &d, Dialogs &g) { return browse(d, g, i); }, filter});
     };
-    for (int i = 0; i < AnimatedElementCount; ++i) {
+    for (AnimatedElementId i : animatedElementIds) {
         const AnimatedElement &e = animatedElements[i];
         const auto browse = [i](ThemeDocument &d, Dialogs &g) { return browseAnimatedImage(d, g, i); };
         buttons.append({QString::fromLatin1(e.imageField), browse, imageFilter, &e});
@@ -222,8 +222,7 @@ private slots:
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("row");
-        const int rows[] = {AnimatedElementCount, int(std::size(interfaceRowKeys)), int(std::size(miscImageKeys)),
-                            int(std::size(soundRowKeys))};
+        const int rows[] = {int(std::size(interfaceRowKeys)), int(std::size(miscImageKeys)), int(std::size(soundRowKeys))};
         for (int kind = 0; kind < int(std::size(rows)); ++kind) {
             QTest::addRow("kind %d, row -1", kind) << kind << -1;
             QTest::addRow("kind %d, past the last row", kind) << kind << rows[kind];
@@ -235,7 +234,7 @@ private slots:
         QFETCH(int, kind);
         QFETCH(int, row);
         using RowBrowse = bool (*)(ThemeDocument &, Dialogs &, int);
-        const RowBrowse browse[] = {browseAnimatedImage, browseInterfaceImage, browseMiscImage, browseSound};
+        const RowBrowse browse[] = {browseInterfaceImage, browseMiscImage, browseSound};
         ThemeDocument doc;
         const QStringList before = allValues(doc);
         ScriptedDialogs dialogs;

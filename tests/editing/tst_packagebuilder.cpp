@@ -112,9 +112,9 @@ private slots:
         QVERIFY2(!report.hasErrors(), qPrintable(report.lines().join(u'\n')));
         LoadingSurface loading;
         FramePreviews previews(loaded, loading);
-        QVERIFY(previews.startFramePreview(ElementBackground).isEmpty());
-        QCOMPARE(previews.strip(ElementBackground).pixel(0, 0) & 0xFFFFFF, 0xff0000u);
-        QCOMPARE(previews.strip(ElementBackground).pixel(0, 352) & 0xFFFFFF, 0x00ff00u);
+        QVERIFY(previews.startFramePreview(AnimatedElementId::Background).isEmpty());
+        QCOMPARE(previews.strip(AnimatedElementId::Background).pixel(0, 0) & 0xFFFFFF, 0xff0000u);
+        QCOMPARE(previews.strip(AnimatedElementId::Background).pixel(0, 352) & 0xFFFFFF, 0x00ff00u);
         QStringList expected;
         for (const auto &[name, bytes] : art)
             expected << (name == u"Main.PNG" ? QStringLiteral("main.png") : name) + u'=' + QString::fromUtf8(bytes);

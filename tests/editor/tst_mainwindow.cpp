@@ -664,22 +664,22 @@ private slots:
 
     void frameSizeBesideEachElement_data()
     {
-        QTest::addColumn<int>("element");
+        QTest::addColumn<AnimatedElementId>("element");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("Game Background") << int(ElementBackground) << "192 x 352 per frame";
-        QTest::newRow("Internet Background") << int(ElementInternetBackground) << "96 x 176 per frame";
-        QTest::newRow("Game Blocks") << int(ElementBlocks) << "96 x 80 per frame";
-        QTest::newRow("Next Block Window") << int(ElementNextBlock) << "77 x 77 per frame";
-        QTest::newRow("Special Window") << int(ElementSpecialWindow) << "160 x 16 per frame";
-        QTest::newRow("Explosion") << int(ElementExplosion) << "192 x 64 per frame";
-        QTest::newRow("Block Bomb") << int(ElementBomb) << "192 x 64 per frame";
+        QTest::newRow("Game Background") << AnimatedElementId::Background << "192 x 352 per frame";
+        QTest::newRow("Internet Background") << AnimatedElementId::InternetBackground << "96 x 176 per frame";
+        QTest::newRow("Game Blocks") << AnimatedElementId::Blocks << "96 x 80 per frame";
+        QTest::newRow("Next Block Window") << AnimatedElementId::NextBlock << "77 x 77 per frame";
+        QTest::newRow("Special Window") << AnimatedElementId::SpecialWindow << "160 x 16 per frame";
+        QTest::newRow("Explosion") << AnimatedElementId::Explosion << "192 x 64 per frame";
+        QTest::newRow("Block Bomb") << AnimatedElementId::Bomb << "192 x 64 per frame";
     }
 
     void frameSizeBesideEachElement()
     {
-        QFETCH(int, element);
+        QFETCH(AnimatedElementId, element);
         QFETCH(QString, shown);
-        auto *label = control<QLabel>(rowControl("lblFrameSize", element));
+        auto *label = control<QLabel>(rowControl("lblFrameSize", int(enumIndex(element))));
         QVERIFY(label);
         QCOMPARE(label->text(), shown);
         QVERIFY(control(QLatin1StringView(elementControls[element].frame))->isAncestorOf(label));

@@ -284,7 +284,9 @@ private slots:
 
         repaint(m_dir.filePath("bg2.bmp"), 9, {192, 352});
         repaint(m_dir.filePath("chat.bmp"), 8, {640, 480});
-        const auto slot = [&e](int n) { return frameOfPixel(e.previews.frames().strip(0).pixel(0, 352 * n)); };
+        const auto slot = [&e](int n) {
+            return frameOfPixel(e.previews.frames().strip(AnimatedElementId::Background).pixel(0, 352 * n));
+        };
         QTRY_COMPARE(slot(1), 9);
         QCOMPARE(slot(0), 1);
         QVERIFY(e.control<TickTimer>(QStringLiteral("tmrBGPreview"))->isActive());
@@ -351,7 +353,7 @@ private slots:
 
         window->findChild<QPushButton *>(QStringLiteral("cmdPause"))->click();
         QVERIFY(!timer->isActive());
-        const int paused = int(e.previews.frames().shownFrame(0));
+        const int paused = int(e.previews.frames().shownFrame(AnimatedElementId::Background));
         const auto step = [window](const char *button) { window->findChild<QPushButton *>(QLatin1StringView(button))->click(); };
         step("cmdStepForward");
         QCOMPARE(e.shownFrame("picPreviewBG"), paused % 3 + 1);
@@ -436,7 +438,7 @@ private slots:
         prepareBackground(e);
         e.click("cmdPreviewBG");
         QTRY_VERIFY(!e.control<PreviewSurface>("picPreviewBG")->image().isNull());
-        QPointer<PreviewWindow> closer = e.previews.openPreviewWindow(ElementBackground);
+        QPointer<PreviewWindow> closer = e.previews.openPreviewWindow(AnimatedElementId::Background);
         // Drawn before any zoom is chosen: the picture at 2x, not an empty area.
         auto *canvas = closer->findChild<QWidget *>(QStringLiteral("picZoomed"));
         QCOMPARE(canvas->size(), QSize(192 * 2, 352 * 2));
@@ -477,7 +479,7 @@ private slots:
         QVERIFY(!e.control<PreviewSurface>("imgIPreview")->image().isNull());
         QVERIFY(!e.control<PreviewSurface>("imgPreviewMisc")->image().isNull());
         QCOMPARE(e.control<PreviewSurface>("picPreviewColor(0)")->fillColor(), QColor(1, 2, 3));
-        QPointer<PreviewWindow> closer = e.previews.openPreviewWindow(ElementBackground);
+        QPointer<PreviewWindow> closer = e.previews.openPreviewWindow(AnimatedElementId::Background);
         e.doc.setDirty(false);
 
         if (load)
@@ -560,10 +562,11 @@ private slots:
         QCOMPARE(surface->text(QAccessible::Name), QStringLiteral("Background preview"));
         QCOMPARE(surface->text(QAccessible::Description), QStringLiteral("Background preview, empty"));
         e.click("cmdPreviewBG");
-        QTRY_VERIFY(e.previews.frames().shownFrame(ElementBackground) > 0);
+        QTRY_VERIFY(e.previews.frames().shownFrame(AnimatedElementId::Background) > 0);
         e.control<TickTimer>("tmrBGPreview")->stop();
         QCOMPARE(surface->text(QAccessible::Description),
-                 QStringLiteral("Game Background preview, frame %1 of 3, paused").arg(e.previews.frames().shownFrame(ElementBackground)));
+                 QStringLiteral("Game Background preview, frame %1 of 3, paused")
+                     .arg(e.previews.frames().shownFrame(AnimatedElementId::Background)));
         e.control<TickTimer>("tmrBGPreview")->start();
         QVERIFY(surface->text(QAccessible::Description).endsWith(QStringLiteral("of 3, playing")));
     }

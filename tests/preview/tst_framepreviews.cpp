@@ -79,7 +79,7 @@ class FramePreviewsTest : public QObject
             writeFrame(path(root + QString::number(n) + u'.' + ext), frameColor(n), size);
     }
 
-    void configure(int element, const QString &imageText, const Settings &s = {})
+    void configure(AnimatedElementId element, const QString &imageText, const Settings &s = {})
     {
         const AnimatedElement &e = animatedElements[element];
         if (e.animatedFields[0])
@@ -94,28 +94,28 @@ class FramePreviewsTest : public QObject
     }
 
     // Starts the element's preview and lets its frames load, as the event loop would.
-    void startPreview(int element)
+    void startPreview(AnimatedElementId element)
     {
         m_report.append(m_engine->startFramePreview(element));
         m_engine->finishLoading();
     }
 
     // Writes frames root1.bmp... in the element's frame size and starts its preview on them.
-    void preview(int element, const QString &root, int files, const Settings &s)
+    void preview(AnimatedElementId element, const QString &root, int files, const Settings &s)
     {
         makeFrames(root, files, animatedElements[element].frame);
         configure(element, path(root + QStringLiteral("1.bmp")), s);
         startPreview(element);
     }
 
-    int shown(int element) const
+    int shown(AnimatedElementId element) const
     {
         const QImage image = m_engine->surfaceImage(element);
         return image.isNull() ? -2 : frameOfPixel(image.pixel(0, 0));
     }
 
     // The frame in a slot; -1 when a slot lying whole in the strip does not hold it to its far corner.
-    int slotColor(int element, int slot) const
+    int slotColor(AnimatedElementId element, int slot) const
     {
         const QImage &strip = m_engine->strip(element);
         const QSize frame = animatedElements[element].frame;
@@ -126,7 +126,7 @@ class FramePreviewsTest : public QObject
         return color;
     }
 
-    QList<int> play(int element, int ticks, quint32 step = 11)
+    QList<int> play(AnimatedElementId element, int ticks, quint32 step = 11)
     {
         QList<int> frames;
         for (int i = 0; i < ticks; ++i) {
@@ -144,7 +144,7 @@ class FramePreviewsTest : public QObject
     QList<QPair<quint32, int>> frameChanges(const Settings &settings, const QList<TimedEdit> &edits, bool sleeping,
                                             int arrivesAt = -1)
     {
-        const int element = ElementNextBlock;
+        const AnimatedElementId element = AnimatedElementId::NextBlock;
         if (arrivesAt < 0) {
             preview(element, "nb", settings.frames.toInt(), settings);
         } else {
@@ -155,10 +155,11 @@ class FramePreviewsTest : public QObject
         const quint32 late = quint32(std::max(arrivesAt, 0));
         QList<QPair<quint32, int>> changes;
         // Only a new picture is handed on, and it is the one the surface shows.
-        connect(m_engine.get(), &FramePreviews::surfaceChanged, this, [&](int changed, const QImage &image) {
-            QCOMPARE(changed, element);
-            changes.append({m_now - 1000 - late, frameOfPixel(image.pixel(0, 0))});
-        });
+        connect(m_engine.get(), &FramePreviews::surfaceChanged, this,
+                [&](AnimatedElementId changed, const QImage &image) {
+                    QCOMPARE(changed, element);
+                    changes.append({m_now - 1000 - late, frameOfPixel(image.pixel(0, 0))});
+                });
         m_now = 1000;
         qsizetype nextEdit = 0;
         quint32 due = m_now;
@@ -242,11 +243,11 @@ private slots:
 
     void editWakesASleepingTimer()
     {
-        preview(ElementNextBlock, "nb", 2, {"2", "1", "100000"});
+        preview(AnimatedElementId::NextBlock, "nb", 2, {"2", "1", "100000"});
         m_engine->setClock([] { return quint32(QDateTime::currentMSecsSinceEpoch()); });
-        QTRY_COMPARE(shown(ElementNextBlock), 2);
+        QTRY_COMPARE(shown(AnimatedElementId::NextBlock), 2);
         m_doc->setText(QStringLiteral("nextblkdelaybetweenframes"), QStringLiteral("0"));
-        QTRY_COMPARE(shown(ElementNextBlock), 1);
+        QTRY_COMPARE(shown(AnimatedElementId::NextBlock), 1);
     }
 
     void init()
@@ -307,20 +308,20 @@ private slots:
         QFETCH(bool, starts);
 
         makeFrames("bg", 3, {192, 352});
-        configure(ElementBackground, image.contains(u'.') ? path(image) : image, settings);
+        configure(AnimatedElementId::Background, image.contains(u'.') ? path(image) : image, settings);
         m_doc->setNumber(u"bganimated", animated);
-        startPreview(ElementBackground);
+        startPreview(AnimatedElementId::Background);
 
         QCOMPARE(m_report.lines(), message.isEmpty() ? QStringList() : QStringList{message});
         if (!message.isEmpty())
             QCOMPARE(m_report.problems.first().severity, Problem::Severity::Error);
-        QCOMPARE(m_engine->timer(ElementBackground)->isActive(), starts);
-        QCOMPARE(m_engine->strip(ElementBackground).isNull(), !starts);
+        QCOMPARE(m_engine->timer(AnimatedElementId::Background)->isActive(), starts);
+        QCOMPARE(m_engine->strip(AnimatedElementId::Background).isNull(), !starts);
     }
 
     void stripSlotsHoldWholeFramesOnly_data()
     {
-        QTest::addColumn<int>("element");
+        QTest::addColumn<AnimatedElementId>("element");
         QTest::addColumn<QList<int>>("files");
         QTest::addColumn<QString>("frames");
         QTest::addColumn<QSize>("strip");
@@ -328,21 +329,21 @@ private slots:
 
         const QList<int> four{1, 2, 3, 4};
         const QList<int> ten{1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
-        const int bg = ElementBackground;
+        const AnimatedElementId bg = AnimatedElementId::Background;
         QTest::newRow("3 loads three") << bg << QList<int>{1, 2, 3} << "3" << QSize(192, 1056) << QList<int>{1, 2, 3};
         QTest::newRow("2.5 loads two") << bg << four << "2.5" << QSize(192, 880) << QList<int>{1, 2, 0};
         QTest::newRow("3.5 loads four") << bg << four << "3.5" << QSize(192, 1232) << QList<int>{1, 2, 3, 4};
         QTest::newRow("0.5 loads none") << bg << four << "0.5" << QSize(192, 176) << QList<int>{0};
-        QTest::newRow("ten, two digits") << int(ElementBlocks) << ten << "10" << QSize(98, 800) << ten;
+        QTest::newRow("ten, two digits") << AnimatedElementId::Blocks << ten << "10" << QSize(98, 800) << ten;
         QTest::newRow("missing frame repeats the one before")
-            << int(ElementNextBlock) << QList<int>{1, 3} << "4" << QSize(78, 4 * 78) << QList<int>{1, 1, 3, 3};
+            << AnimatedElementId::NextBlock << QList<int>{1, 3} << "4" << QSize(78, 4 * 78) << QList<int>{1, 1, 3, 3};
         QTest::newRow("count beyond sixteen bits")
-            << int(ElementSpecialWindow) << QList<int>{1} << "2100" << QSize(161, 2100 * 17) << QList<int>(2100, 1);
+            << AnimatedElementId::SpecialWindow << QList<int>{1} << "2100" << QSize(161, 2100 * 17) << QList<int>(2100, 1);
     }
 
     void stripSlotsHoldWholeFramesOnly()
     {
-        QFETCH(int, element);
+        QFETCH(AnimatedElementId, element);
         QFETCH(QList<int>, files);
         QFETCH(QString, frames);
         QFETCH(QSize, strip);
@@ -382,9 +383,9 @@ private slots:
         RecordingProgress progress;
         m_engine->setProgress(&progress);
         m_engine->setClock([this, msPerFrame] { return m_now += msPerFrame; });
-        preview(ElementBlocks, "bk", 4, {"4"});
+        preview(AnimatedElementId::Blocks, "bk", 4, {"4"});
         QCOMPARE(progress.events, events);
-        QVERIFY(m_engine->timer(ElementBlocks)->isActive());
+        QVERIFY(m_engine->timer(AnimatedElementId::Blocks)->isActive());
         m_engine->setProgress(nullptr);
     }
 
@@ -397,57 +398,57 @@ private slots:
         makeFrames("bo", 4, {192, 64}, "png");
         // No second build starts while the progress dialog lets events through.
         makeFrames("bg", 2, {192, 352});
-        configure(ElementBackground, path("bg1.bmp"), {"2"});
-        progress.duringUpdate = [this] { startPreview(ElementBackground); };
-        preview(ElementExplosion, "ex", 4, {"4"});
+        configure(AnimatedElementId::Background, path("bg1.bmp"), {"2"});
+        progress.duringUpdate = [this] { startPreview(AnimatedElementId::Background); };
+        preview(AnimatedElementId::Explosion, "ex", 4, {"4"});
         progress.duringUpdate = {};
         QCOMPARE(progress.events, (QStringList{"begin Explosion 4", "end"}));
-        QVERIFY(!m_engine->timer(ElementBackground)->isActive());
+        QVERIFY(!m_engine->timer(AnimatedElementId::Background)->isActive());
         m_engine->setClock([this] { return m_now; });
-        QCOMPARE(play(ElementExplosion, 2), (QList<int>{1, 2}));
+        QCOMPARE(play(AnimatedElementId::Explosion, 2), (QList<int>{1, 2}));
 
         // A cancelled load on the same strip, a refused setting and an image text without a dot.
         progress.cancelAt = 3;
         m_engine->setClock(slowClock);
-        configure(ElementBomb, path("bo1.png"), {"4"});
-        startPreview(ElementBomb);
+        configure(AnimatedElementId::Bomb, path("bo1.png"), {"4"});
+        startPreview(AnimatedElementId::Bomb);
         QCOMPARE(progress.events.size(), 4);
-        QVERIFY(!m_engine->timer(ElementBomb)->isActive());
+        QVERIFY(!m_engine->timer(AnimatedElementId::Bomb)->isActive());
         m_engine->setClock([this] { return m_now; });
         m_doc->setText(u"explodeframecount", QStringLiteral("0"));
-        startPreview(ElementExplosion);
+        startPreview(AnimatedElementId::Explosion);
         m_doc->setText(u"explodeframecount", QStringLiteral("4"));
         m_doc->setText(u"explodeimage", QStringLiteral("nodot"));
-        startPreview(ElementExplosion);
+        startPreview(AnimatedElementId::Explosion);
 
         QCOMPARE(m_report.problems.size(), 1);
-        QVERIFY(m_engine->timer(ElementExplosion)->isActive());
-        QCOMPARE(m_engine->strip(ElementExplosion).height(), 4 * 65);
-        QCOMPARE(play(ElementExplosion, 3), (QList<int>{3, 4, 1}));
+        QVERIFY(m_engine->timer(AnimatedElementId::Explosion)->isActive());
+        QCOMPARE(m_engine->strip(AnimatedElementId::Explosion).height(), 4 * 65);
+        QCOMPARE(play(AnimatedElementId::Explosion, 3), (QList<int>{3, 4, 1}));
     }
 
     void playback_data()
     {
-        QTest::addColumn<int>("element");
+        QTest::addColumn<AnimatedElementId>("element");
         QTest::addColumn<Settings>("settings");
         QTest::addColumn<quint32>("firstTick");
         QTest::addColumn<QList<Run>>("runs");
 
         const quint32 soon = 123456;
-        const int bg = ElementBackground;
-        const int blocks = ElementBlocks;
+        const AnimatedElementId bg = AnimatedElementId::Background;
+        const AnimatedElementId blocks = AnimatedElementId::Blocks;
         QTest::newRow("forward") << bg << Settings{"5"} << soon
                                  << QList<Run>{{{}, 11, {1, 2, 3, 4, 5, 1, 2}}};
         QTest::newRow("one frame") << blocks << Settings{"1"} << soon << QList<Run>{{{}, 11, {1, 1, 1, 1}}};
-        QTest::newRow("four from 2") << int(ElementNextBlock) << Settings{"4", "2"} << soon
+        QTest::newRow("four from 2") << AnimatedElementId::NextBlock << Settings{"4", "2"} << soon
                                      << QList<Run>{{{}, 11, {2, 3, 4, 2, 3, 4, 2}}};
-        QTest::newRow("reverse five") << int(ElementSpecialWindow) << Settings{"5", "1", "10", true} << soon
+        QTest::newRow("reverse five") << AnimatedElementId::SpecialWindow << Settings{"5", "1", "10", true} << soon
                                       << QList<Run>{{{}, 11, {5, 4, 3, 2, 1, 5, 4}}};
         QTest::newRow("reverse from 3") << blocks << Settings{"5", "3", "10", true} << soon
                                         << QList<Run>{{{}, 11, {3, 2, 1, 3, 2, 1}}};
-        QTest::newRow("explosion") << int(ElementExplosion) << Settings{"3", ""} << soon
+        QTest::newRow("explosion") << AnimatedElementId::Explosion << Settings{"3", ""} << soon
                                    << QList<Run>{{{}, 11, {1, 2, 3, 1, 2, 3}}};
-        QTest::newRow("bomb") << int(ElementBomb) << Settings{"2"} << soon << QList<Run>{{{}, 11, {1, 2, 1}}};
+        QTest::newRow("bomb") << AnimatedElementId::Bomb << Settings{"2"} << soon << QList<Run>{{{}, 11, {1, 2, 1}}};
         // The first tick advances at once; later frames stay until more than the delay passed.
         QTest::newRow("delay 10, 5 ms ticks") << bg << Settings{"5"} << soon
                                               << QList<Run>{{{}, 5, {1, 2, 2, 2, 3, 3, 3, 4}}};
@@ -475,7 +476,7 @@ private slots:
 
     void playback()
     {
-        QFETCH(int, element);
+        QFETCH(AnimatedElementId, element);
         QFETCH(Settings, settings);
         QFETCH(quint32, firstTick);
         QFETCH(QList<Run>, runs);
@@ -487,7 +488,7 @@ private slots:
             QCOMPARE(play(element, int(run.frames.size()), run.step), run.frames);
         }
         // A surface shows a whole frame, but for the bomb's left square.
-        const QSize surface = element == ElementBomb ? QSize(64, 64) : animatedElements[element].frame;
+        const QSize surface = element == AnimatedElementId::Bomb ? QSize(64, 64) : animatedElements[element].frame;
         QCOMPARE(m_engine->surfaceImage(element).size(), surface);
         QVERIFY(m_report.problems.isEmpty());
     }
@@ -511,13 +512,13 @@ private slots:
         QFETCH(int, backgroundFrame);
         QFETCH(Settings, internet);
         QFETCH(QList<int>, frames);
-        preview(ElementBackground, "bg", 2, background);
-        QCOMPARE(play(ElementBackground, 2), QList<int>(2, backgroundFrame));
-        preview(ElementInternetBackground, "ibg", 3, internet);
+        preview(AnimatedElementId::Background, "bg", 2, background);
+        QCOMPARE(play(AnimatedElementId::Background, 2), QList<int>(2, backgroundFrame));
+        preview(AnimatedElementId::InternetBackground, "ibg", 3, internet);
 
         for (int expected : frames) {
-            play(ElementInternetBackground, 1);
-            const QImage surface = m_engine->surfaceImage(ElementBackground);
+            play(AnimatedElementId::InternetBackground, 1);
+            const QImage surface = m_engine->surfaceImage(AnimatedElementId::Background);
             QCOMPARE(surface.size(), QSize(192, 352));
             QCOMPARE(frameOfPixel(surface.pixel(95, 175)), expected);
             for (const QPoint outside : {QPoint(96, 0), QPoint(0, 176), QPoint(150, 100), QPoint(191, 351)})
@@ -527,19 +528,19 @@ private slots:
 
     void shownPictureOutlivesItsStrip_data()
     {
-        QTest::addColumn<int>("rebuilt"); // the element whose preview replaces the shared strip
+        QTest::addColumn<AnimatedElementId>("rebuilt"); // the element whose preview replaces the shared strip
 
-        QTest::newRow("same element") << int(ElementBackground);
-        QTest::newRow("element sharing the strip") << int(ElementInternetBackground);
+        QTest::newRow("same element") << AnimatedElementId::Background;
+        QTest::newRow("element sharing the strip") << AnimatedElementId::InternetBackground;
     }
 
     void shownPictureOutlivesItsStrip()
     {
-        QFETCH(int, rebuilt);
-        preview(ElementBackground, "bg", 2, {"2"});
-        play(ElementBackground, 2);
-        const QImage kept = m_engine->surfaceImage(ElementBackground); // as a window keeps it
-        const QImage &oldStrip = m_engine->strip(ElementBackground);
+        QFETCH(AnimatedElementId, rebuilt);
+        preview(AnimatedElementId::Background, "bg", 2, {"2"});
+        play(AnimatedElementId::Background, 2);
+        const QImage kept = m_engine->surfaceImage(AnimatedElementId::Background); // as a window keeps it
+        const QImage &oldStrip = m_engine->strip(AnimatedElementId::Background);
         const auto oldBegin = quintptr(oldStrip.constBits());
         const auto oldEnd = oldBegin + quintptr(oldStrip.sizeInBytes());
 
@@ -551,28 +552,28 @@ private slots:
         startPreview(rebuilt);
 
         QCOMPARE(frameOfPixel(kept.pixel(0, 0)), 2);
-        QCOMPARE(frameOfPixel(m_engine->strip(ElementBackground).pixel(0, 0)), 5);
+        QCOMPARE(frameOfPixel(m_engine->strip(AnimatedElementId::Background).pixel(0, 0)), 5);
         // The surface still shows its frame, now from memory that does not keep the old strip.
-        const QImage shown = m_engine->surfaceImage(ElementBackground);
+        const QImage shown = m_engine->surfaceImage(AnimatedElementId::Background);
         QCOMPARE(shown, kept);
         const auto shownAt = quintptr(shown.constBits());
         QVERIFY(shownAt < oldBegin || shownAt >= oldEnd);
         QCOMPARE(spy.size(), 1);
-        QCOMPARE(spy.first().at(0).toInt(), int(ElementBackground));
+        QCOMPARE(spy.first().at(0).value<AnimatedElementId>(), AnimatedElementId::Background);
         QCOMPARE(spy.first().at(1).value<QImage>(), kept);
     }
 
     void resetStopsEveryTimer()
     {
-        preview(ElementBackground, "bg", 2, {"2"});
-        preview(ElementExplosion, "ex", 2, {"2"});
-        play(ElementBackground, 1);
-        QVERIFY(m_engine->timer(ElementExplosion)->isActive());
+        preview(AnimatedElementId::Background, "bg", 2, {"2"});
+        preview(AnimatedElementId::Explosion, "ex", 2, {"2"});
+        play(AnimatedElementId::Background, 1);
+        QVERIFY(m_engine->timer(AnimatedElementId::Explosion)->isActive());
 
         m_doc->resetTheme();
-        for (int element = 0; element < AnimatedElementCount; ++element)
+        for (AnimatedElementId element : animatedElementIds)
             QVERIFY(!m_engine->timer(element)->isActive());
-        QCOMPARE(shown(ElementBackground), 1); // the last drawn frame stays
+        QCOMPARE(shown(AnimatedElementId::Background), 1); // the last drawn frame stays
     }
 };
 

@@ -289,7 +289,7 @@ private slots:
 
     void stripHoldsThePictureAsQtConvertsIt_data()
     {
-        QTest::addColumn<int>("element");
+        QTest::addColumn<AnimatedElementId>("element");
         QTest::addColumn<QImage>("picture");
 
         const QList<QSize> sizes{{1, 1}, {5, 3}, {21, 17}, {96, 176}, {97, 200}, {300, 400}};
@@ -297,8 +297,8 @@ private slots:
             {"rgb32", QImage::Format_RGB32},       {"rgb888", QImage::Format_RGB888},
             {"argb32", QImage::Format_ARGB32},     {"indexed", QImage::Format_Indexed8},
             {"grayscale", QImage::Format_Grayscale8}};
-        for (int element : {int(ElementBackground), int(ElementInternetBackground), int(ElementBlocks),
-                            int(ElementSpecialWindow)}) {
+        using enum AnimatedElementId;
+        for (AnimatedElementId element : {Background, InternetBackground, Blocks, SpecialWindow}) {
             for (const auto &[name, format] : formats) {
                 for (QSize size : sizes) {
                     QTest::addRow("%s %s %dx%d", animatedElements[element].caption, name,
@@ -311,7 +311,7 @@ private slots:
 
     void stripHoldsThePictureAsQtConvertsIt()
     {
-        QFETCH(int, element);
+        QFETCH(AnimatedElementId, element);
         QFETCH(QImage, picture);
         const AnimatedElement &e = animatedElements[element];
 

@@ -100,7 +100,7 @@ private slots:
         m_doc->setText(u"bgimage", path("bg1.bmp"));
         m_doc->setText(u"bgframecount", QStringLiteral("2"));
         FramePreviews frames(*m_doc, *m_loading);
-        QVERIFY(frames.startFramePreview(ElementBackground).isEmpty());
+        QVERIFY(frames.startFramePreview(AnimatedElementId::Background).isEmpty());
         frames.finishLoading();
         m_doc->setText(u"warning", path("warning.bmp"));
         QSignalSpy spy(m_stills.get(), &StillPreviews::miscPictureChanged);

@@ -16,7 +16,7 @@
 namespace {
 
 // Frames of the next-block window: 77 x 77 in a strip 78 pixels wide, so its rows are padded.
-const AnimatedElement &element = animatedElements[ElementNextBlock];
+const AnimatedElement &element = animatedElements[AnimatedElementId::NextBlock];
 
 /** Frame \a n's own picture: every pixel differs from its neighbours and from other frames'. */
 QImage picture(int n, QImage::Format format)
