@@ -64,6 +64,17 @@ inline void putLittleEndian(QByteArray &out, std::initializer_list<std::pair<qui
     }
 }
 
+/** Bytes no compressor can shorten, the same for the same \a seed on every run. */
+inline QByteArray noiseBytes(qsizetype size, quint32 seed)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (char &byte : bytes) {
+        seed = seed * 1103515245u + 12345u;
+        byte = char(seed >> 23);
+    }
+    return bytes;
+}
+
 /** \a image as a file of \a format ("PNG", "BMP") holds it. */
 inline QByteArray imageBytes(const QImage &image, const char *format)
 {

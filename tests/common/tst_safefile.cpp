@@ -11,7 +11,6 @@
 #include "package/packagewriter.h"
 #include "sound/mixersettings.h"
 
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -19,20 +18,6 @@
 
 using Writer = std::function<Result<void>(const QString &path)>;
 Q_DECLARE_METATYPE(Writer)
-
-namespace {
-
-/** Noise does not compress, so a package of it is as large as the noise. */
-QByteArray noise(int size)
-{
-    QByteArray bytes(size, Qt::Uninitialized);
-    QRandomGenerator generator(7);
-    for (char &byte : bytes)
-        byte = char(generator.generate());
-    return bytes;
-}
-
-} // namespace
 
 class SafeFileTest : public QObject
 {
@@ -55,7 +40,7 @@ private slots:
         }) << qint64(0);
         QTest::newRow("package") << Writer([](const QString &path) {
             const QString source = QFileInfo(path).absolutePath() + QStringLiteral("/../source");
-            writeFile(source + QStringLiteral("/bg1.bmp"), noise(12000));
+            writeFile(source + QStringLiteral("/bg1.bmp"), noiseBytes(12000, 7));
             return writeResourcePackage(path, {source + QStringLiteral("/bg1.bmp")}, source);
         }) << qint64(8192);
     }

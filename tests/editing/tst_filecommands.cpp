@@ -245,8 +245,6 @@ private slots:
             QByteArray bytes;
         } files[] = {
             {"no theme type", "[Theme Info]\r\nname=Other\r\nresourcefile=pack.zip\r\nifacemain=o.bmp\r\n"},
-            {"unknown theme type", "[Theme Info]\r\nname=Other\r\nthemetype=7\r\n"},
-            {"Type 1 without resource file", "[Theme Info]\r\nname=Other\r\nmidi=o.mid\r\nthemetype=1\r\n"},
             {"no file", QByteArray()},
         };
         for (const auto &f : files) {

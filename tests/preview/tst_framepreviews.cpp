@@ -183,14 +183,19 @@ class FramePreviewsTest : public QObject
     }
 
 private slots:
-    void sleepingTimerShowsTheSameFrames_data()
+    // A sleeping timer, or frames that arrive only after playing started (a tick reaching a frame still
+    // loading holds the picture), show the frames at the ticks that ticking every millisecond does.
+    void framesMatchTickingEveryMillisecond_data()
     {
         QTest::addColumn<Settings>("settings");
         QTest::addColumn<QList<TimedEdit>>("edits");
-        QTest::newRow("delay 10") << Settings{"5", "1", "10"} << QList<TimedEdit>{};
-        QTest::newRow("delay 0") << Settings{"3", "1", "0"} << QList<TimedEdit>{};
-        QTest::newRow("fractional delay, reverse from 2") << Settings{"4", "2", "2.5", true} << QList<TimedEdit>{};
-        QTest::newRow("one frame") << Settings{"1", "1", "7"} << QList<TimedEdit>{};
+        QTest::addColumn<bool>("sleeping");
+        QTest::addColumn<int>("arrivesAt"); // -1: loaded before the first tick
+        const QList<TimedEdit> none;
+        QTest::newRow("delay 10") << Settings{"5", "1", "10"} << none << true << -1;
+        QTest::newRow("delay 0") << Settings{"3", "1", "0"} << none << true << -1;
+        QTest::newRow("fractional delay, reverse from 2") << Settings{"4", "2", "2.5", true} << none << true << -1;
+        QTest::newRow("one frame") << Settings{"1", "1", "7"} << none << true << -1;
         QTest::newRow("edits while playing")
             << Settings{"5", "1", "50"}
             << QList<TimedEdit>{{23, "nextblkdelaybetweenframes", "5"},     {40, "nextblkframecount", "2"},
@@ -198,47 +203,29 @@ private slots:
                                 {80, "nextblkanimated", "0"},                {150, "nextblkanimated", "1"},
                                 {151, "nextblkstartingframe", "2"},          {152, "nextblkframecount", "4"},
                                 {200, "nextblkdelaybetweenframes", "-3"},    {230, "nextblkdelaybetweenframes", "30"},
-                                {300, "nextblkdelaybetweenframes", "100000"}};
-    }
-
-    void sleepingTimerShowsTheSameFrames()
-    {
-        QFETCH(Settings, settings);
-        QFETCH(QList<TimedEdit>, edits);
-        const auto everyTick = frameChanges(settings, edits, false);
-        cleanup();
-        init();
-        const auto sleeping = frameChanges(settings, edits, true);
-        QVERIFY(!everyTick.isEmpty());
-        QCOMPARE(sleeping, everyTick);
-    }
-
-    void framesArrivingLateKeepTheirTicks_data()
-    {
-        QTest::addColumn<Settings>("settings");
-        QTest::addColumn<int>("arrivesAt");
-        QTest::addColumn<bool>("sleeping");
+                                {300, "nextblkdelaybetweenframes", "100000"}}
+            << true << -1;
         for (const bool sleeping : {false, true}) {
             const char *timer = sleeping ? ", sleeping timer" : ", every tick";
-            QTest::addRow("delay 10, a tick late%s", timer) << Settings{"5", "1", "10"} << 1 << sleeping;
-            QTest::addRow("delay 0, 37 ticks late%s", timer) << Settings{"3", "1", "0"} << 37 << sleeping;
-            QTest::addRow("reverse from 2, 250 ticks late%s", timer) << Settings{"4", "2", "2.5", true} << 250 << sleeping;
+            QTest::addRow("delay 10, a tick late%s", timer) << Settings{"5", "1", "10"} << none << sleeping << 1;
+            QTest::addRow("delay 0, 37 ticks late%s", timer) << Settings{"3", "1", "0"} << none << sleeping << 37;
+            QTest::addRow("reverse from 2, 250 ticks late%s", timer)
+                << Settings{"4", "2", "2.5", true} << none << sleeping << 250;
         }
     }
 
-    // Playing starts before the frames have loaded: a tick that reaches a frame still loading
-    // holds the picture, and from its arrival on the frames come exactly as if it had been there.
-    void framesArrivingLateKeepTheirTicks()
+    void framesMatchTickingEveryMillisecond()
     {
         QFETCH(Settings, settings);
-        QFETCH(int, arrivesAt);
+        QFETCH(QList<TimedEdit>, edits);
         QFETCH(bool, sleeping);
-        const auto present = frameChanges(settings, {}, sleeping);
+        QFETCH(int, arrivesAt);
+        const auto everyTick = frameChanges(settings, edits, false);
         cleanup();
         init();
-        const auto late = frameChanges(settings, {}, sleeping, arrivesAt);
-        QVERIFY(!present.isEmpty());
-        QCOMPARE(late, present);
+        const auto changes = frameChanges(settings, edits, sleeping, arrivesAt);
+        QVERIFY(!everyTick.isEmpty());
+        QCOMPARE(changes, everyTick);
     }
 
     void editWakesASleepingTimer()

@@ -106,14 +106,6 @@ private slots:
         readEditorConfig(again, path());
         QCOMPARE(values(again), values(config));
     }
-
-    void missingFolderReportsError()
-    {
-        const Result<void> written = writeEditorConfig(EditorConfig{48000, 4, 2}, path("missing-folder/skm.ini"));
-        QVERIFY(!written);
-        QVERIFY(written.errorText().contains(QStringLiteral("skm.ini")));
-        QVERIFY(!QFileInfo::exists(path("missing-folder/skm.ini")));
-    }
 };
 
 QTEST_GUILESS_MAIN(EditorConfigTest)

@@ -338,7 +338,10 @@ private slots:
 
         // A settings file that cannot be written is said; the sound is closed all the same.
         QVERIFY(start());
-        QCOMPARE(m_sound->shutDown({22050, 16, 2}, file("missing/skm.ini")).problems.size(), 1);
+        const Report unwritten = m_sound->shutDown({22050, 16, 2}, file("missing/skm.ini"));
+        QCOMPARE(unwritten.problems.size(), 1);
+        QVERIFY2(unwritten.problems.first().text.contains(u"skm.ini"), qPrintable(unwritten.lines().join(u'\n')));
+        QVERIFY(!QFileInfo::exists(file("missing/skm.ini")));
         QVERIFY(!m_sound->soundAvailable());
     }
 
