@@ -6,6 +6,7 @@
 #include "art/soundconvert.h"
 #include "editing/packagebuilder.h"
 #include "common/pathlookup.h"
+#include "common/platform.h"
 #include "common/safefile.h"
 #include "theme/animatedelement.h"
 #include "theme/themedocument.h"

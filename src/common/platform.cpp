@@ -3,7 +3,6 @@
 
 #include "common/platform.h"
 
-#include "common/safefile.h"
 
 #include <QFile>
 #include <QFileInfo>

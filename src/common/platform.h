@@ -13,6 +13,9 @@
 
 class QFileInfo;
 
+/** The system's own words for error number \a error ("No space left on device"). */
+QString systemReason(int error);
+
 /**
  * What the program asks of the operating system beyond Qt, in one place: this unit is the
  * only one a port to another system replaces (POSIX here).

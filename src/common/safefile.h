@@ -59,8 +59,5 @@ private:
     QString m_error;
 };
 
-/** The system's own words for errno value \a error ("No space left on device"). */
-QString systemReason(int error);
-
 /** \a bytes written whole to \a path with SafeFile; when not, the error is the system's reason. */
 Result<void> writeWholeFile(const QString &path, const QByteArray &bytes);
