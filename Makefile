@@ -17,11 +17,12 @@ SAMPLE  ?= samples/StakkoSample.skt
 # compute the Debian package's dependencies. Sphinx builds the user manual, whose scripts the
 # installed copy links from libjs-sphinxdoc. The package test checks the package with lintian,
 # the programs with hardening-check (devscripts) and the sources' licences with reuse; ccache
-# makes the package builds cheap.
+# makes the package builds cheap. Qt's language tools compile the translations, and Qt's own
+# catalogs translate its dialogs' buttons.
 DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libarchive-dev \
 	libsdl2-mixer-dev timgm6mb-soundfont sox vorbis-tools lame unzip zip p7zip-full xvfb xauth xdotool \
 	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file \
-	python3-sphinx libjs-sphinxdoc \
+	python3-sphinx libjs-sphinxdoc qt6-l10n-tools qt6-tools-dev qt6-translations-l10n \
 	libsndfile1-dev libsamplerate0-dev qt6-image-formats-plugins imagemagick \
 	libx11-dev libxtst-dev \
 	lintian devscripts reuse ccache git

@@ -43,6 +43,7 @@ if(mixerOwner MATCHES "^([^:, ]+)")
 endif()
 # The manual's search and navigation scripts are links into Debian's libjs-sphinxdoc.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS ${CPACK_DEBIAN_PACKAGE_DEPENDS} ${STAKKO_MANUAL_DEPENDS})
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS timgm6mb-soundfont)
+# Qt's own catalogs translate the buttons of its dialogs.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "timgm6mb-soundfont, qt6-translations-l10n")
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS ${CPACK_DEBIAN_PACKAGE_DEPENDS} qt6-image-formats-plugins) # import reads WebP, TIFF
 include(CPack)

@@ -39,6 +39,10 @@ _stakko_theme()
             COMPREPLY=($(compgen -W $'bmp\njpg' -- "$cur"))
             return
             ;;
+        --lang)
+            COMPREPLY=($(compgen -W $'de\nen' -- "$cur"))
+            return
+            ;;
         -o | --password | --max-unpacked-bytes | --background | --quality | --sheet | --name | --size)
             return # a file name, or nothing to offer
             ;;

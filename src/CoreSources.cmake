@@ -23,10 +23,17 @@ if(STAKKO_APP_ID)
     file(RELATIVE_PATH manualInstalled ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DOCDIR}/manual)
     set_property(SOURCE ${CMAKE_CURRENT_LIST_DIR}/common/usermanual.cpp APPEND PROPERTY COMPILE_DEFINITIONS
                  STAKKO_MANUAL_INSTALLED="${manualInstalled}")
+    # And the translations' catalogs.
+    file(RELATIVE_PATH translationsInstalled ${CMAKE_INSTALL_FULL_BINDIR}
+         ${CMAKE_INSTALL_FULL_DATADIR}/stakko-theme-maker/translations)
+    set_property(SOURCE ${CMAKE_CURRENT_LIST_DIR}/common/translations.cpp APPEND PROPERTY COMPILE_DEFINITIONS
+                 STAKKO_TRANSLATIONS_INSTALLED="${translationsInstalled}")
     # A packaged program never looks into the folder it was built in (nor carries its path).
     if(STAKKO_BUILD_TREE_MANUAL)
         set_property(SOURCE ${CMAKE_CURRENT_LIST_DIR}/common/usermanual.cpp APPEND PROPERTY COMPILE_DEFINITIONS
                      STAKKO_MANUAL_BUILT="${STAKKO_MANUAL_HTML}")
+        set_property(SOURCE ${CMAKE_CURRENT_LIST_DIR}/common/translations.cpp APPEND PROPERTY COMPILE_DEFINITIONS
+                     STAKKO_TRANSLATIONS_BUILT="${STAKKO_TRANSLATIONS_BUILT}")
     endif()
 endif()
 

@@ -12,6 +12,11 @@ XDG_CACHE_HOME=$home/.cache
 XDG_DATA_HOME=$home/.local/share
 XDG_STATE_HOME=$home/.local/state
 export HOME XDG_CONFIG_HOME XDG_CACHE_HOME XDG_DATA_HOME XDG_STATE_HOME
+# The tests compare English texts, whatever language the person running them speaks; a test of
+# another language asks for it.
+LC_ALL=C.UTF-8
+LANGUAGE=
+export LC_ALL LANGUAGE
 "$@"
 status=$?
 exit $status

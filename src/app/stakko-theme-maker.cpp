@@ -7,6 +7,7 @@
 #include "screenshottour.h"
 
 #include "common/allocator.h"
+#include "common/translations.h"
 #include "editor/editorstyle.h"
 
 #include <QApplication>
@@ -29,6 +30,7 @@ const char *const usageText =
     "                     as PNG files in DIR (at the screen's resolution and again at\n"
     "                     144 DPI), then the Problems panel, the File and Edit menus and the\n"
     "                     closer look at 4x, and exit; nothing else is written\n"
+    "  --lang CODE        speak the language CODE (de, en, ...) instead of the system's\n"
     "  --help, --version\n"
     "\n"
     "Exit status: 0 done, 1 a screenshot could not be written, 2 usage error.\n";
@@ -100,7 +102,14 @@ int main(int argc, char *argv[])
     // Ties the windows to the desktop entry, for its icon and name in docks and task bars.
     QGuiApplication::setDesktopFileName(QStringLiteral(STAKKO_APP_ID));
 
-    const std::optional<Arguments> args = parseArguments(QApplication::arguments().mid(1));
+    QStringList arguments = QApplication::arguments();
+    const std::optional<QString> language = takeLanguageOption(arguments);
+    if (!language)
+        return usageError();
+    if (!useLanguage(*language, {Catalog::core, Catalog::editor, Catalog::qt}))
+        std::fprintf(stderr, "stakko-theme-maker: no translation for '%s'; texts stay in English\n",
+                     qUtf8Printable(*language));
+    const std::optional<Arguments> args = parseArguments(arguments.mid(1));
     if (!args)
         return usageError();
     EditorApplication editor(args->tour.has_value());

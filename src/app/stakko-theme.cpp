@@ -10,6 +10,7 @@
 #include "check/themechecker.h"
 #include "common/allocator.h"
 #include "common/ansitext.h"
+#include "common/translations.h"
 #include "common/usermanual.h"
 #include "theme/description.h"
 #include "editing/fieldbrowsing.h"
@@ -48,6 +49,7 @@ const char *const optionsText =
     "  --max-unpacked-bytes N\n"
     "                        stop unpacking a package that would write more than N bytes\n"
     "                        (at most and by default 2147483648); what it wrote is removed\n"
+    "  --lang CODE           speak the language CODE (de, en, ...) instead of the system's\n"
     "  --help, --version\n"
     "\n"
     "Messages the editor would show in a box are printed to stderr as \"TITLE: TEXT\".\n"
@@ -507,7 +509,14 @@ int main(int argc, char *argv[])
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("stakko-theme"));
     QCoreApplication::setApplicationVersion(QStringLiteral(STAKKO_VERSION_STRING));
-    const QStringList args = QCoreApplication::arguments();
+    QStringList args = QCoreApplication::arguments();
+    const std::optional<QString> language = takeLanguageOption(args);
+    if (!language) {
+        std::fprintf(stderr, "stakko-theme: --lang needs a value\nTry 'stakko-theme --help'.\n");
+        return ExitUsage;
+    }
+    if (!useLanguage(*language, {Catalog::core, Catalog::commandLine}))
+        std::fprintf(stderr, "stakko-theme: no translation for '%s'; texts stay in English\n", qUtf8Printable(*language));
 
     if (args.contains(u"--help") || args.contains(u"-h")) {
         const QByteArray help = helpText();

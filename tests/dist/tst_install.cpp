@@ -158,6 +158,11 @@ private slots:
             expected << QStringLiteral("usr/share/icons/hicolor/%1x%1/apps/%2.png").arg(size).arg(appId)
                      << QStringLiteral("usr/share/icons/hicolor/%1x%1/mimetypes/application-x-stakko-theme.png").arg(size);
         }
+        // Every catalog the build compiled.
+        const QDir catalogs(qEnvironmentVariable("STAKKO_BUILD_DIR") + QStringLiteral("/translations/qm"));
+        for (const QString &name : catalogs.entryList({QStringLiteral("*.qm")}, QDir::Files))
+            expected << QStringLiteral("usr/share/stakko-theme-maker/translations/") + name;
+        QVERIFY(!catalogs.isEmpty());
         expected.sort();
         // The user manual's own test looks at its pages.
         static const QRegularExpression manualPage(QStringLiteral("^usr/share/doc/[^/]+/manual/"));
