@@ -26,9 +26,7 @@ constexpr QRgb red = 0xffff0000, green = 0xff00ff00, blue = 0xff0000ff, white = 
 
 QImage filled(QSize size, QRgb color)
 {
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(color);
-    return image;
+    return solidImage(size, color, QImage::Format_ARGB32);
 }
 
 QImage noise(QSize size, quint32 seed)

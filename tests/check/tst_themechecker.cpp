@@ -26,9 +26,7 @@ namespace {
 
 QByteArray picture(int width, int height, const char *format = "PNG")
 {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    return imageBytes(image, format);
+    return imageBytes(solidImage({width, height}, qRgb(0, 128, 128)), format);
 }
 
 // The kind of picture the game reads.

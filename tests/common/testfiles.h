@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QImageWriter>
 #include <QStringList>
 
 #include <initializer_list>
@@ -75,13 +76,24 @@ inline QByteArray noiseBytes(qsizetype size, quint32 seed)
     return bytes;
 }
 
-/** \a image as a file of \a format ("PNG", "BMP") holds it. */
-inline QByteArray imageBytes(const QImage &image, const char *format)
+/** A picture of \a size in one \a color. */
+inline QImage solidImage(QSize size, QRgb color, QImage::Format format = QImage::Format_RGB32)
+{
+    QImage image(size, format);
+    image.fill(color);
+    return image;
+}
+
+/** \a image as a file of \a format ("PNG", "BMP") holds it, at the writer's \a quality. */
+inline QByteArray imageBytes(const QImage &image, const char *format, int quality = -1, bool progressive = false)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
+    QImageWriter writer(&buffer, format);
+    writer.setQuality(quality);
+    writer.setProgressiveScanWrite(progressive);
+    writer.write(image);
     return bytes;
 }
 

@@ -2,13 +2,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // What cmake --install puts in place, and whether the desktop would take it: the tree, the
-// validators, the MIME type, the manual pages against --help and the bash completion.
+// validators, the MIME type, the manual pages against --help, the bash completion, and the user
+// manual with its pictures, Sphinx's scripts linked from Debian's libjs-sphinxdoc, a section for
+// every problem code, and the installed programs pointing at it.
 
 #include "common/runprogram.h"
+#include "common/testfiles.h"
+#include "common/usermanual.h"
 #include "theme/themefields.h"
 
 #include <QDirIterator>
 #include <QImageReader>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMimeDatabase>
 #include <QRegularExpression>
 #include <QSettings>
@@ -20,6 +27,36 @@ namespace {
 const QString appId = QStringLiteral("org.stakko.ThemeMaker");
 const QString themeMimeType = QStringLiteral("application/x-stakko-theme");
 const int iconSizes[] = {16, 22, 24, 32, 48, 64, 128, 256};
+const QString manualFolder = QStringLiteral("usr/share/doc/stakko-theme-maker/manual");
+const QString systemScripts = QStringLiteral("/usr/share/javascript/sphinxdoc/1.0");
+
+QString fileText(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/**
+ * Every problem code the sources can report: the lower-case hyphenated string literals of the
+ * folders that report problems ("frame-missing"), which hold no other such literal.
+ */
+QStringList problemCodesInSources(const QString &sourceDir)
+{
+    static const QRegularExpression literal(QStringLiteral("\"([a-z]+(?:-[a-z]+)+)\""));
+    QStringList codes;
+    for (const char *folder : {"check", "theme", "editing", "package"}) {
+        QDirIterator it(sourceDir + QStringLiteral("/src/") + QLatin1StringView(folder), {QStringLiteral("*.cpp")},
+                        QDir::Files);
+        while (it.hasNext()) {
+            const QString text = fileText(it.next());
+            for (auto m = literal.globalMatch(text); m.hasNext();)
+                codes << m.next().captured(1);
+        }
+    }
+    codes.removeDuplicates();
+    codes.sort();
+    return codes;
+}
 
 /** The commands --help lists: the first word of each entry of its Commands: section. */
 QStringList helpCommands(const QString &help)
@@ -75,6 +112,7 @@ class InstallTest : public QObject
     QTemporaryDir m_destDir;
     QString m_prefix;        // the installed /usr
     QStringList m_installed; // as it was right after the install
+    QString m_manual;        // the installed user manual
 
     QString installed(const QString &path) const { return m_prefix + u'/' + path; }
 
@@ -93,8 +131,7 @@ class InstallTest : public QObject
             return {};
         QTemporaryDir dir;
         const QString roff = dir.filePath(QStringLiteral("page.1"));
-        QFile file(roff);
-        if (!file.open(QIODevice::WriteOnly) || file.write(source.out) != source.out.size() || !file.flush())
+        if (!writeFile(roff, source.out))
             return {};
         // ASCII keeps \- a plain hyphen; no hyphenation and long lines keep every word whole.
         const ProgramRun page = runProgram(QStringLiteral("groff"),
@@ -132,6 +169,7 @@ private slots:
         const ProgramRun run = installBuild(m_destDir.path());
         QVERIFY2(run.status == 0, run.err.constData());
         m_prefix = m_destDir.path() + QStringLiteral("/usr");
+        m_manual = m_destDir.filePath(manualFolder);
         QDirIterator it(m_destDir.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
         while (it.hasNext())
             m_installed << QDir(m_destDir.path()).relativeFilePath(it.next());
@@ -304,6 +342,107 @@ private slots:
         expected = expected.filter(QRegularExpression(u'^' + QRegularExpression::escape(typed.last())));
         expected.sort();
         QCOMPARE(completions(typed), expected);
+    }
+
+    void everyPageIsInstalledWithItsPictures()
+    {
+        const QString index = fileText(m_manual + QStringLiteral("/index.html"));
+        QVERIFY(index.contains(QStringLiteral("Stakko Theme Maker Manual")));
+        static const QRegularExpression pageLink(QStringLiteral("href=\"([a-z-]+\\.html)\""));
+        QStringList pages{QStringLiteral("index.html")};
+        for (auto m = pageLink.globalMatch(index); m.hasNext();)
+            pages << m.next().captured(1);
+        pages.removeDuplicates();
+        for (const char *page : {"getting-started.html", "editor.html", "previews.html", "sounds.html",
+                                 "checking.html", "building.html", "command-line.html", "files.html"})
+            QVERIFY2(pages.contains(QLatin1StringView(page)), page);
+
+        // The pictures are the editor's own screenshots, one for every page of the editor at least.
+        static const QRegularExpression picture(QStringLiteral("<img [^>]*src=\"([^\"]+)\""));
+        int pictures = 0;
+        for (const QString &page : std::as_const(pages)) {
+            const QString html = fileText(m_manual + u'/' + page);
+            QVERIFY2(!html.isEmpty(), qPrintable(page));
+            for (auto m = picture.globalMatch(html); m.hasNext(); ++pictures) {
+                const QString source = m.next().captured(1);
+                QVERIFY2(QFileInfo(m_manual + u'/' + source).size() > 0, qPrintable(page + u' ' + source));
+            }
+        }
+        QVERIFY(pictures >= 6);
+        QVERIFY(!QFile::exists(m_manual + QStringLiteral("/.buildinfo")));
+        QVERIFY(!QFile::exists(m_manual + QStringLiteral("/_sources")));
+    }
+
+    void scriptsAreDebiansNotCopies()
+    {
+        if (!QFileInfo(systemScripts).isDir())
+            QSKIP("libjs-sphinxdoc is not installed (make test installs it)");
+        const QString stat = m_manual + QStringLiteral("/_static");
+        for (const char *name : {"jquery.js", "underscore.js", "doctools.js", "searchtools.js"}) {
+            const QString script = stat + u'/' + QLatin1StringView(name);
+            const QString system = systemScripts + u'/' + QLatin1StringView(name);
+            QVERIFY2(QFileInfo(script).isSymLink(), name);
+            // Relative: below the staging folder it points at the staged /usr, installed at the system's.
+            QCOMPARE(QFile::symLinkTarget(script), m_destDir.path() + system);
+            QVERIFY(QFileInfo(system).isFile());
+        }
+    }
+
+    void everyProblemCodeHasASection()
+    {
+        const QStringList codes = problemCodesInSources(qEnvironmentVariable("STAKKO_SOURCE_DIR"));
+        for (const char *known : {"theme-unreadable", "package-missing", "frame-missing", "file-unused"})
+            QVERIFY2(codes.contains(QLatin1StringView(known)), known);
+        const QString checking = fileText(m_manual + u'/' + checkingPage);
+        QVERIFY(!checking.isEmpty());
+        for (const QString &code : codes)
+            QVERIFY2(checking.contains(QStringLiteral("id=\"%1\"").arg(problemCodeSection(code))), qPrintable(code));
+    }
+
+    void installedProgramsPointAtTheInstalledManual()
+    {
+        QTemporaryDir work;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        for (const char *variable : {"HOME", "TMPDIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+            env.insert(QLatin1StringView(variable), work.path());
+        const QString program = m_destDir.filePath(QStringLiteral("usr/bin/stakko-theme"));
+        const QString theme = work.filePath(QStringLiteral("broken.skt"));
+        QCOMPARE(runProgram(program, {"new", "-s", "themetype=0", "-s", "includesounds=1", "-s", "rotate=r.wav",
+                                      "-o", theme}, env).status, 0);
+
+        const ProgramRun json = runProgram(program, {"check", "--json", theme}, env);
+        QCOMPARE(json.status, 1);
+        const QJsonObject problem = QJsonDocument::fromJson(json.out).array().first().toObject();
+        QCOMPARE(problem.value(QStringLiteral("code")).toString(), QStringLiteral("file-missing"));
+        const QUrl address(problem.value(QStringLiteral("manual")).toString());
+        QCOMPARE(address.toLocalFile(), QFileInfo(m_manual).canonicalFilePath() + u'/' + checkingPage);
+        QCOMPARE(address.fragment(), problemCodeSection(QStringLiteral("file-missing")));
+
+        const ProgramRun text = runProgram(program, {"check", theme}, env);
+        QVERIFY2(text.out.endsWith("What each code means and what to do: "
+                                   + QUrl::fromLocalFile(address.toLocalFile()).toEncoded() + '\n'),
+                 text.out.constData());
+    }
+
+    void installedCopyComesBeforeTheBuilds_data()
+    {
+        QTest::addColumn<bool>("installed");
+        QTest::newRow("installed") << true;
+        QTest::newRow("build tree") << false;
+    }
+
+    void installedCopyComesBeforeTheBuilds()
+    {
+        QFETCH(bool, installed);
+        QTemporaryDir prefix;
+        const QString bin = prefix.filePath(QStringLiteral("bin"));
+        QVERIFY(QDir().mkpath(bin));
+        if (installed)
+            QVERIFY(writeFile(installedManualFolder(bin) + QStringLiteral("/index.html"), "<html/>"));
+        const QString built = qEnvironmentVariable("STAKKO_BUILD_DIR") + QStringLiteral("/docs/html");
+        const QString expected = installed ? installedManualFolder(bin) : built;
+        QCOMPARE(userManualFolder(bin), expected);
+        QVERIFY(installedManualFolder(bin).startsWith(prefix.path() + QStringLiteral("/share/doc/")));
     }
 };
 

@@ -25,9 +25,7 @@ namespace {
 // A Windows bitmap, the picture the game reads, whatever its name says.
 QByteArray picture(QRgb color)
 {
-    QImage image(8, 8, QImage::Format_RGB32);
-    image.fill(color);
-    return imageBytes(image, "BMP");
+    return imageBytes(solidImage({8, 8}, color), "BMP");
 }
 
 // The art as the theme names it, but in other letter case where Windows would not mind.
@@ -65,8 +63,6 @@ class PackageBuilderTest : public QObject
     QString prepare(ThemeDocument &doc, const Fields &edits = {})
     {
         const QString root = m_dir.filePath(QStringLiteral("row%1").arg(++m_rows));
-        // A temporary folder that exists: else packages would go to the real cache folder.
-        QDir().mkpath(root + QStringLiteral("/tmp"));
         qputenv("TMPDIR", QFile::encodeName(root + QStringLiteral("/tmp")));
         QDir().mkpath(root + QStringLiteral("/tmp")); // a missing one sends packages to the shared cache folder
         for (const auto &[name, bytes] : art)

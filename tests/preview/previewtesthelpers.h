@@ -8,6 +8,8 @@
 #include <QImage>
 #include <QString>
 
+#include "common/testfiles.h"
+
 // Frames in these tests are solid colours from which the frame number reads back exactly.
 inline QRgb frameColor(int n)
 {
@@ -25,8 +27,6 @@ inline int frameOfPixel(QRgb pixel)
 
 inline void writeFrame(const QString &path, QRgb color, QSize size)
 {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(color);
     QDir().mkpath(path.left(path.lastIndexOf(u'/')));
-    image.save(path, "BMP");
+    solidImage(size, color).save(path, "BMP");
 }

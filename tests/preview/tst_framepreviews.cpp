@@ -2,19 +2,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "common/fieldvalues.h"
+#include "common/testfiles.h"
 #include "theme/themedocument.h"
 #include "preview/framepreviews.h"
+#include "preview/framesequence.h"
 #include "preview/loadingsurface.h"
 #include "preview/loadprogress.h"
+#include "preview/stillpreviews.h"
+#include "preview/ticktimer.h"
 #include "previewtesthelpers.h"
 
 #include <QDateTime>
+#include <QEventLoop>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
 #include <memory>
+#include <thread>
 
 namespace {
 
@@ -57,6 +63,14 @@ public:
     }
     void end() override { events << QStringLiteral("end"); }
 };
+
+// QTest::qWait sleeps between event passes, which would fold ticks together.
+void runEventLoop(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
 
 } // namespace
 
@@ -561,6 +575,243 @@ private slots:
         for (AnimatedElementId element : animatedElementIds)
             QVERIFY(!m_engine->timer(element)->isActive());
         QCOMPARE(shown(AnimatedElementId::Background), 1); // the last drawn frame stays
+    }
+
+    void interfaceScreens_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<bool>("inPackage");
+        QTest::addColumn<QString>("text");   // below the package folder, or else the test folder
+        QTest::addColumn<int>("shown");      // the frame colour then shown; 3, the screen before, on failure;
+                                             // -1: the display is emptied
+        QTest::newRow("full path") << 2 << "ifacethemes" << false << "t/theme.bmp" << 4;
+        QTest::newRow("in the package, any case") << 4 << "ifacechat" << true << "screens\\chat.bmp" << 5;
+        QTest::newRow("missing file") << 9 << "ifaceinet" << false << "missing.bmp" << 3;
+        QTest::newRow("empty text in a package") << 9 << "ifaceinet" << true << "" << 3;
+        QTest::newRow("not an image") << 9 << "ifaceinet" << false << "notes.bmp" << 3;
+        QTest::newRow("empty text") << 0 << "ifacemain" << false << "" << -1;
+    }
+
+    void interfaceScreens()
+    {
+        QFETCH(int, row);
+        QFETCH(QString, key);
+        QFETCH(bool, inPackage);
+        QFETCH(QString, text);
+        QFETCH(int, shown);
+        writeFrame(path("t/theme.bmp"), frameColor(4), {640, 480});
+        writeFrame(path("pack/Screens/Chat.bmp"), frameColor(5), {640, 480});
+        QVERIFY(writeFile(path("notes.bmp"), "not a picture"));
+        writeFrame(path("menu.bmp"), frameColor(3), {640, 480});
+        m_doc->setText(u"ifacemenu", path("menu.bmp"));
+        StillPreviews stills(*m_doc, *m_loading);
+        QVERIFY(stills.showInterfaceScreenPreview(8).isEmpty());
+
+        const QString folder = inPackage ? path("pack") + u'/' : QString();
+        m_doc->setPackageFolder(folder, QString());
+        m_doc->setText(key, inPackage || text.isEmpty() ? text : path(text));
+        QSignalSpy spy(&stills, &StillPreviews::interfacePictureChanged);
+        const Report report = stills.showInterfaceScreenPreview(row);
+
+        const bool failed = shown == 3;
+        const QString error = "Error: Unable to load image: " + folder + m_doc->value(key);
+        QCOMPARE(report.lines(), failed ? QStringList{error} : QStringList());
+        QVERIFY(report.isEmpty() || report.problems.first().severity == Problem::Severity::Error);
+        QCOMPARE(spy.size(), failed ? 0 : 1);
+        if (shown < 0) {
+            QVERIFY(stills.interfacePicture().isNull());
+            QVERIFY(m_loading->picture().isNull());
+            return;
+        }
+        // Handed over unscaled: the display does the scaling.
+        QCOMPARE(stills.interfacePicture().size(), QSize(640, 480));
+        QCOMPARE(frameOfPixel(stills.interfacePicture().pixel(639, 479)), shown);
+    }
+
+    void failedMiscImageShowsTheLastLoadedPicture()
+    {
+        StillPreviews stills(*m_doc, *m_loading);
+        m_doc->setText(u"door1", QString());
+        stills.showMiscImagePreview(0);
+        QVERIFY(stills.miscPicture().isNull());
+
+        // The frame previews load through the same surface.
+        makeFrames("bg", 2, {192, 352});
+        configure(AnimatedElementId::Background, path("bg1.bmp"), {"2"});
+        startPreview(AnimatedElementId::Background);
+        QVERIFY(m_report.isEmpty());
+        m_doc->setText(u"warning", path("warning.bmp"));
+        QSignalSpy spy(&stills, &StillPreviews::miscPictureChanged);
+        stills.showMiscImagePreview(6);
+        QCOMPARE(spy.size(), 1);
+        QCOMPARE(frameOfPixel(stills.miscPicture().pixel(0, 0)), 2);
+
+        writeFrame(path("door.bmp"), frameColor(6), {8, 8});
+        m_doc->setText(u"door2", path("door.bmp"));
+        stills.showMiscImagePreview(1);
+        stills.showMiscImagePreview(0);
+        QCOMPARE(frameOfPixel(stills.miscPicture().pixel(0, 0)), 6);
+    }
+
+    void namingRule_data()
+    {
+        QTest::addColumn<QString>("imageText");
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<int>("frame");
+        QTest::addColumn<QString>("expected");   // "" when the text names no sequence
+
+        QTest::newRow("first frame") << "bg1.bmp" << "" << 1 << "bg1.bmp";
+        QTest::newRow("tenth frame") << "bg1.bmp" << "" << 10 << "bg10.bmp";
+        QTest::newRow("zero belongs to the root") << "anim01.bmp" << "" << 10 << "anim010.bmp";
+        QTest::newRow("full path") << "C:\\themes\\bg1.bmp" << "" << 2 << "C:\\themes\\bg2.bmp";
+        QTest::newRow("dot in a folder splits there")
+            << "C:\\my.themes\\bg1.bmp" << "" << 2 << "C:\\m2.themes\\bg1.bmp";
+        QTest::newRow("extension keeps further dots") << "bg1.tar.gz" << "" << 3 << "bg3.tar.gz";
+        QTest::newRow("dot second: empty root") << "1.bmp" << "" << 4 << "4.bmp";
+        QTest::newRow("dot first: empty root") << ".bmp" << "" << 4 << "4.bmp";
+        QTest::newRow("package folder in front")
+            << "blk1.jpg" << "/tmp/stakko/pack/" << 12 << "/tmp/stakko/pack/blk12.jpg";
+        QTest::newRow("no dot") << "background" << "" << 1 << "";
+        QTest::newRow("empty") << "" << "" << 1 << "";
+    }
+
+    void namingRule()
+    {
+        QFETCH(QString, imageText);
+        QFETCH(QString, folder);
+        QFETCH(int, frame);
+        QFETCH(QString, expected);
+
+        const auto sequence = FrameSequence::fromImageText(imageText);
+        QCOMPARE(sequence.has_value(), !expected.isEmpty());
+        if (sequence)
+            QCOMPARE(sequence->frameName(folder, frame), expected);
+    }
+
+    void authorNumbersAndFrameNumbers_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("number");   // NaN: not a number
+        QTest::addColumn<double>("rounded");  // halves go to the even neighbour
+
+        const double none = qQNaN();
+        QTest::newRow("integer") << "3" << 3.0 << 3.0;
+        QTest::newRow("blanks around") << "  12 " << 12.0 << 12.0;
+        QTest::newRow("negative") << "-3" << -3.0 << -3.0;
+        QTest::newRow("2.5") << "2.5" << 2.5 << 2.0;
+        QTest::newRow("3.5") << "3.5" << 3.5 << 4.0;
+        QTest::newRow("0.5") << "0.5" << 0.5 << 0.0;
+        QTest::newRow("1.5") << "1.5" << 1.5 << 2.0;
+        QTest::newRow("-2.5") << "-2.5" << -2.5 << -2.0;
+        QTest::newRow("-1.5") << "-1.5" << -1.5 << -2.0;
+        QTest::newRow("2.4") << "2.4" << 2.4 << 2.0;
+        QTest::newRow("2.6") << "2.6" << 2.6 << 3.0;
+        QTest::newRow("empty") << "" << none << none;
+        QTest::newRow("blank") << "   " << none << none;
+        QTest::newRow("letters") << "abc" << none << none;
+        QTest::newRow("trailing letters") << "3x" << none << none;
+        QTest::newRow("infinity") << "inf" << none << none;
+        QTest::newRow("not a number") << "nan" << none << none;
+    }
+
+    void authorNumbersAndFrameNumbers()
+    {
+        QFETCH(QString, text);
+        QFETCH(double, number);
+        QFETCH(double, rounded);
+
+        QCOMPARE(parseAuthorNumber(text).value_or(qQNaN()), number);
+        if (qIsNaN(number))
+            return;
+        QCOMPARE(roundHalfEven(number), rounded);
+        QCOMPARE(frameNumber(number), qint64(rounded));
+    }
+
+    void ticksWhileActive_data()
+    {
+        QTest::addColumn<int>("interval");
+        QTest::addColumn<int>("fewest");
+        QTest::addColumn<int>("most");
+        // Loose bounds: they catch a timer that never fires or ignores its period, not jitter.
+        QTest::newRow("1 ms") << 1 << 40 << 400;
+        QTest::newRow("20 ms") << 20 << 3 << 16;
+        QTest::newRow("below 1 ms means 1 ms") << 0 << 40 << 400;
+    }
+
+    void ticksWhileActive()
+    {
+        QFETCH(int, interval);
+        QFETCH(int, fewest);
+        QFETCH(int, most);
+        TickTimer timer;
+        timer.setInterval(interval);
+        QCOMPARE(timer.interval(), qMax(1, interval));
+        QSignalSpy ticks(&timer, &TickTimer::timeout);
+        timer.start();
+        QVERIFY(timer.isActive());
+        runEventLoop(200);
+        QVERIFY2(ticks.size() >= fewest && ticks.size() <= most, qPrintable(QString::number(ticks.size())));
+    }
+
+    void stopEndsTicksAndStartResumes()
+    {
+        TickTimer timer;
+        QSignalSpy ticks(&timer, &TickTimer::timeout);
+        timer.start();
+        QTRY_VERIFY(!ticks.isEmpty());
+        timer.stop();
+        QVERIFY(!timer.isActive());
+        const qsizetype stoppedAt = ticks.size();
+        runEventLoop(50);
+        QCOMPARE(ticks.size(), stoppedAt);
+
+        timer.start();
+        QTRY_VERIFY(ticks.size() > stoppedAt);
+    }
+
+    void postponeHoldsTicksBackWhileActive()
+    {
+        TickTimer timer;
+        QSignalSpy ticks(&timer, &TickTimer::timeout);
+        timer.postpone(1); // a stopped timer stays stopped
+        runEventLoop(20);
+        QCOMPARE(ticks.size(), 0);
+
+        timer.start();
+        timer.postpone(-1);
+        runEventLoop(50);
+        QCOMPARE(ticks.size(), 0);
+        QVERIFY(timer.isActive());
+
+        timer.postpone(200);
+        runEventLoop(50);
+        QCOMPARE(ticks.size(), 0);
+        timer.postpone(1);
+        QTRY_VERIFY(ticks.size() >= 1);
+        QTRY_VERIFY(ticks.size() >= 5); // every millisecond from there on
+    }
+
+    void stopBeforeTheLoopRunsDropsTheExpiry()
+    {
+        TickTimer timer;
+        QSignalSpy ticks(&timer, &TickTimer::timeout);
+        timer.start();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5)); // expired, not yet delivered
+        timer.stop();
+        runEventLoop(30);
+        QCOMPARE(ticks.size(), 0);
+    }
+
+    void missedPeriodsComeAsOneTimeout()
+    {
+        TickTimer timer;
+        QSignalSpy ticks(&timer, &TickTimer::timeout);
+        timer.start();
+        std::this_thread::sleep_for(std::chrono::milliseconds(30)); // a busy event loop
+        QCoreApplication::processEvents();
+        QCOMPARE(ticks.size(), 1);
+        timer.stop();
     }
 };
 

@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "common/pathlookup.h"
+#include "preview/framesequence.h"
 #include "preview/framestrip.h"
 #include "preview/loadingsurface.h"
+#include "preview/striploader.h"
 
 #include "common/testfiles.h"
 
-#include <QBuffer>
 #include <QImageReader>
-#include <QImageWriter>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
@@ -58,22 +59,9 @@ QByteArray gif()
                                "05" "0498106052" "00" "3b");                            // data, trailer
 }
 
-QByteArray written(const QImage &image, const char *format, bool progressive = false)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, format);
-    writer.setQuality(100);
-    writer.setProgressiveScanWrite(progressive);
-    writer.write(image);
-    return bytes;
-}
-
 QImage halves()
 {
-    QImage image(16, 16, QImage::Format_RGB32);
-    image.fill(red);
+    QImage image = solidImage({16, 16}, red);
     QPainter(&image).fillRect(8, 0, 8, 16, QColor(blue));
     return image;
 }
@@ -136,6 +124,43 @@ bool near(QRgb a, QRgb b)
         && qAbs(qBlue(a) - qBlue(b)) <= 12;
 }
 
+// Frames of the next-block window: 77 x 77 in a strip 78 pixels wide, so its rows are padded.
+const AnimatedElement &nextBlock = animatedElements[AnimatedElementId::NextBlock];
+
+/** Frame \a n's own picture: every pixel differs from its neighbours and from other frames'. */
+QImage framePicture(int n, QImage::Format format)
+{
+    // Odd frames are cut to the frame rectangle, even ones leave part of it to be cleared.
+    const QSize size = nextBlock.frame + (n % 2 ? QSize(9, 4) : QSize(-20, -9));
+    QImage image(size, QImage::Format_ARGB32);
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgba(x * 7 + n * 31, y * 5 + n * 17, x + y + n * 59, 200 + n));
+    return image.convertToFormat(format);
+}
+
+/**
+ * The file of frame \a n as \a kind describes it: b a bitmap, p a translucent PNG under the
+ * same .bmp name, m none, g bytes of no picture, c a bitmap whose pixels end early.
+ */
+void writeFrameFile(const QString &path, int n, QChar kind)
+{
+    const QByteArray bitmap = imageBytes(framePicture(n, QImage::Format_RGB32), "BMP");
+    if (kind == u'b')
+        QVERIFY(writeFile(path, bitmap));
+    else if (kind == u'p')
+        QVERIFY(writeFile(path, imageBytes(framePicture(n, QImage::Format_ARGB32), "PNG")));
+    else if (kind == u'g')
+        QVERIFY(writeFile(path, "no picture at all"));
+    else if (kind == u'c')
+        QVERIFY(writeFile(path, bitmap.left(bitmap.size() / 2)));
+}
+
+QByteArray bytesOf(const QImage &image)
+{
+    return QByteArray(reinterpret_cast<const char *>(image.constBits()), image.sizeInBytes());
+}
+
 } // namespace
 
 class ImageFormatsTest : public QObject
@@ -161,14 +186,14 @@ private slots:
         QTest::newRow("bmp 16 bit 565")
             << bitmap(16, 3, twoRows("00f800f81f001f00"), {0xF800, 0x07E0, 0x001F}) << "a.bmp";
         QTest::newRow("gif") << gif() << "a.gif";
-        QTest::newRow("png") << written(halves(), "png") << "a.png";
+        QTest::newRow("png") << imageBytes(halves(), "png", 100) << "a.png";
         // Start of frame 0 marks a baseline file, 2 a progressive one.
-        const QByteArray baseline = written(halves(), "jpeg");
-        const QByteArray progressive = written(halves(), "jpeg", true);
+        const QByteArray baseline = imageBytes(halves(), "jpeg", 100);
+        const QByteArray progressive = imageBytes(halves(), "jpeg", 100, true);
         QVERIFY(baseline.contains("\xff\xc0") && progressive.contains("\xff\xc2"));
         QTest::newRow("jpeg baseline") << baseline << "a.jpg";
         QTest::newRow("jpeg progressive") << progressive << "a.jpg";
-        QTest::newRow("jpeg named bmp") << written(halves(), "jpeg") << "a.bmp";
+        QTest::newRow("jpeg named bmp") << imageBytes(halves(), "jpeg", 100) << "a.bmp";
     }
 
     void previewsReadThemeImages()
@@ -212,9 +237,8 @@ private slots:
             const QStringList formatAndName = files.at(i).split(u':');
             const bool gray = formatAndName.at(0) == u"gray";
             const QByteArray format = gray ? "jpeg" : formatAndName.at(0).toLatin1();
-            QImage image(6, 4, gray ? QImage::Format_Grayscale8 : QImage::Format_RGB32);
-            image.fill(colors.at(i));
-            const QByteArray bytes = format == "gif" ? gif() : written(image, format.constData());
+            const QImage image = solidImage({6, 4}, colors.at(i), gray ? QImage::Format_Grayscale8 : QImage::Format_RGB32);
+            const QByteArray bytes = format == "gif" ? gif() : imageBytes(image, format.constData(), 100);
             QVERIFY2(surface.load(saved(dir, formatAndName.at(1), bytes)), qPrintable(files.at(i)));
             // The gif helper draws the red and blue halves.
             const QRgb expected = format == "gif" ? red : image.pixel(0, 0);
@@ -331,6 +355,68 @@ private slots:
         // The neighbouring slots are left alone.
         QCOMPARE(strip.constScanLine(e.frame.height() - 1)[0], uchar(0xAB));
         QCOMPARE(strip.constScanLine(2 * e.frame.height())[0], uchar(0xAB));
+    }
+
+    void stripIsTheOneLoadingInTurnGives_data()
+    {
+        QTest::addColumn<QString>("frames"); // one letter a frame, as writeFrameFile() reads it
+        QTest::addColumn<int>("workers");
+
+        const QList<std::pair<const char *, const char *>> cases{
+            {"every frame loads", "bpbbpbbbpbbb"},
+            {"first fails", "mbbbbbbb"},
+            {"first two fail", "gcbpbbbb"},
+            {"one in the middle", "bbbbmbbb"},
+            {"a run in the middle", "bbpgmcbbb"},
+            {"every other frame", "bmbgbcbmbgbm"},
+            {"last fails", "bbbbpbbm"},
+            {"all fail", "mgcmgc"},
+            {"more workers than frames", "bm"},
+        };
+        for (const auto &[name, frames] : cases) {
+            for (int workers : {1, 2, 3})
+                QTest::addRow("%s, %d workers", name, workers) << QString::fromLatin1(frames) << workers;
+        }
+    }
+
+    void stripIsTheOneLoadingInTurnGives()
+    {
+        QFETCH(QString, frames);
+        QFETCH(int, workers);
+        QTemporaryDir dir;
+        QVERIFY(dir.isValid());
+        const qint64 count = frames.size();
+        for (int n = 1; n <= count; ++n)
+            writeFrameFile(dir.filePath(QStringLiteral("f%1.bmp").arg(n)), n, frames.at(n - 1));
+        const QString before = dir.filePath(QStringLiteral("before.bmp"));
+        writeFrameFile(before, 40, u'b');
+        const auto sequence = FrameSequence::fromImageText(QStringLiteral("f1.bmp"));
+        const QString folder = dir.path() + u'/';
+
+        // The reference: every frame in turn through one surface, each placed as it comes.
+        LoadingSurface inTurn;
+        QVERIFY(inTurn.load(before));
+        QImage expected = FrameStrip::allocate(nextBlock, double(count));
+        QStringList expectedFiles;
+        for (qint64 n = 1; n <= count; ++n) {
+            inTurn.load(sequence->frameName(folder, n));
+            FrameStrip::placeFrame(expected, nextBlock.frame, n - 1, inTurn.picture());
+            expectedFiles << resolveThemePath(sequence->frameName(folder, n));
+        }
+        // Slots are frame-high; the loader clears the strip's spare rows below them.
+        FrameStrip::clearFrom(expected, count * nextBlock.frame.height());
+
+        LoadingSurface loading;
+        QVERIFY(loading.load(before));
+        QImage strip = FrameStrip::allocate(nextBlock, double(count));
+        StripLoader loader(strip, nextBlock.frame, *sequence, folder, count, {}, workers);
+        for (qint64 n = 1; n <= count; ++n)
+            loader.waitForFrame();
+        QCOMPARE(loader.finish(loading), expectedFiles);
+
+        QCOMPARE(strip.size(), expected.size());
+        QVERIFY(bytesOf(strip) == bytesOf(expected));
+        QCOMPARE(loading.picture(), inTurn.picture());
     }
 };
 

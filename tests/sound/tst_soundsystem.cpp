@@ -3,12 +3,12 @@
 
 #include "common/diskaudiocapture.h"
 #include "common/pathlookup.h"
+#include "common/runprogram.h"
 #include "common/scopedenvironment.h"
 #include "common/testfiles.h"
 #include "sound/musicformat.h"
 #include "sound/soundsystem.h"
 
-#include <QProcess>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
@@ -52,15 +52,6 @@ QByteArray modModule()
     bytes += "\x01\x7f" + QByteArray(128, '\0') + "M.K.";
     bytes += QByteArray::fromHex("01ac1000") + QByteArray(64 * 4 * 4 - 4, '\0');
     return bytes + QByteArray(32, char(100)) + QByteArray(32, char(-100));
-}
-
-/** Runs a Debian tool that converts a file; false when the tool is missing or fails. */
-bool convert(const QString &tool, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(tool, arguments);
-    return process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit
-           && process.exitCode() == 0;
 }
 
 EditorConfig config(qint32 frequency = rate, qint32 numchannels = 8, qint32 output = 1)
@@ -129,13 +120,13 @@ private slots:
         QVERIFY(writeFile(file("tune.mod"), modModule()));
 
         // Encoders may be absent; the rows that need their output skip then.
-        convert("oggenc", {"-Q", "-o", file("tone.ogg"), file("tone.wav")});
-        convert("lame", {"--silent", file("tone.wav"), file("tone.mp3")});
+        runProgram("oggenc", {"-Q", "-o", file("tone.ogg"), file("tone.wav")});
+        runProgram("lame", {"--silent", file("tone.wav"), file("tone.mp3")});
         for (const QString variant : {"pcm8 -b 8 -e unsigned-integer", "pcm24 -b 24", "pcm32 -b 32",
                                       "float32 -e floating-point", "mu-law -e mu-law", "a-law -e a-law",
                                       "ima-adpcm -e ima-adpcm", "ms-adpcm -e ms-adpcm"}) {
             const QStringList words = variant.split(u' ');
-            convert("sox", QStringList{file("Sounds/Ding.WAV")} + words.mid(1) << file(words[0] + ".wav"));
+            runProgram("sox", QStringList{file("Sounds/Ding.WAV")} + words.mid(1) << file(words[0] + ".wav"));
         }
     }
 

@@ -3,6 +3,7 @@
 
 #include "common/fieldvalues.h"
 #include "common/testfiles.h"
+#include "theme/description.h"
 #include "theme/referencedfiles.h"
 #include "theme/themedocument.h"
 #include "theme/themefilewriter.h"
@@ -22,11 +23,16 @@ QStringList linesOf(const QByteArray &bytes)
     return QString::fromLatin1(bytes.chopped(2)).split(QStringLiteral("\r\n"));
 }
 
+void makeTheme(ThemeDocument &doc, const Fields &fields)
+{
+    doc.resetTheme();
+    setFields(doc, fields);
+}
+
 QByteArray bytesOf(const Fields &fields)
 {
     ThemeDocument doc;
-    doc.resetTheme();
-    setFields(doc, fields);
+    makeTheme(doc, fields);
     const Result<QByteArray> bytes = themeFileBytes(doc);
     if (!bytes)
         qWarning() << bytes.errorText();
@@ -240,8 +246,7 @@ private slots:
         QFETCH(Fields, fields);
         QFETCH(QStringList, references);
         ThemeDocument doc;
-        doc.resetTheme();
-        setFields(doc, fields);
+        makeTheme(doc, fields);
         const char *kinds[] = {"frames", "still", "wave", "music", "skin", "package"};
         QStringList found;
         for (const FileReference &r : referencedFiles(doc)) {
@@ -251,6 +256,72 @@ private slots:
                          + r.files.join(u' '));
         }
         QCOMPARE(found, references);
+    }
+
+    void generatedDescription_data()
+    {
+        QTest::addColumn<Fields>("fields");
+        QTest::addColumn<QStringList>("identity"); // the first four lines
+        QTest::addColumn<QStringList>("contents"); // lines after "//Theme Contents:"
+
+        const QStringList type1{"//Theme Name: Stakko Theme", "//Developer: Author", "//Version: 1.0",
+                                "//Theme Type: 1"};
+        const QStringList type0 = type1.mid(0, 3) << "//Theme Type: 0";
+        QTest::newRow("new theme")
+            << Fields{} << type1
+            << QStringList{"//Interface: No", "//Background: No", "//Internet Background: No", "//Blocks: No",
+                           "//Next Window: No", "//Special Window: No", "//Explosion: No", "//Block Bomb: No",
+                           "//Miscellaenous Images: No", "//Colors: No", "//Sounds: No", "//Music: No"};
+        QTest::newRow("animation line only for an included background")
+            << Fields{{"includebackground", "1"}, {"inetbganimated", "1"}}
+            << type1 << QStringList{"//Interface: No", "//Background: Yes", "//Background Animated: No",
+                                    "//Internet Background: No", "//Blocks: No", "//Next Window: No",
+                                    "//Special Window: No", "//Explosion: No", "//Block Bomb: No",
+                                    "//Miscellaenous Images: No", "//Colors: No", "//Sounds: No", "//Music: No"};
+        QTest::newRow("greyed switches answer Yes but include nothing")
+            << Fields{{"includeblocks", "2"}, {"includecolors", "2"}, {"includeinetbackground", "1"},
+                      {"inetbganimated", "2"}}
+            << type1 << QStringList{"//Interface: No", "//Background: No", "//Internet Background: Yes",
+                                    "//Internet Background Animated: Yes", "//Blocks: Yes", "//Next Window: No",
+                                    "//Special Window: No", "//Explosion: No", "//Block Bomb: No",
+                                    "//Miscellaenous Images: No", "//Colors: Yes", "//Sounds: No", "//Music: No"};
+        QTest::newRow("blocks bring four animation lines")
+            << Fields{{"includeblocks", "1"}, {"animatespecials", "1"}, {"animateinetspecials", "1"}}
+            << type1 << QStringList{"//Interface: No", "//Background: No", "//Internet Background: No",
+                                    "//Blocks: Yes", "//Animated Blocks: No", "//Animated Specials: Yes",
+                                    "//Animated Internet Blocks: No", "//Animated Internet Specials: Yes",
+                                    "//Next Window: No", "//Special Window: No", "//Explosion: No",
+                                    "//Block Bomb: No", "//Miscellaenous Images: No", "//Colors: No",
+                                    "//Sounds: No", "//Music: No"};
+        QTest::newRow("type 0 with a skin")
+            << Fields{{"themetype", "0"}, {"skinfile", "skin.bmp"}, {"includeexplosion", "1"}}
+            << type0 << QStringList{"//Interface: No", "//Skin File: Yes", "//Background: Yes", "//Blocks: Yes",
+                                    "//Special Window Image: Yes", "//Next Block Image: Yes",
+                                    "//Miscellaenous Images: No", "//Colors: No", "//Sounds: No", "//Music: No"};
+        QTest::newRow("type 0 without a skin, identity as held")
+            << Fields{{"themetype", "0"}, {"skinfile", ""}, {"includemusic", "1"}, {"name", ""}, {"version", " 2 "}}
+            << QStringList{"//Theme Name: ", "//Developer: Author", "//Version:  2 ", "//Theme Type: 0"}
+            << QStringList{"//Interface: No", "//Skin File: No", "//Miscellaenous Images: No",
+                           "//Colors: No", "//Sounds: No", "//Music: Yes"};
+        QTest::newRow("misc images: the left door is not reported")
+            << Fields{{"themetype", "0"}, {"includemiscimages", "1"}, {"door1", "l.bmp"},
+                      {"teamfont", "f.bmp"}}
+            << type0 << QStringList{"//Interface: No", "//Skin File: No", "//Game Door: No", "//Internet Door: No",
+                                    "//Win Game Image: No", "//Internet Win Game Image: No", "//Height Led: No",
+                                    "//Warning Image: No", "//Team Font: Yes", "//Colors: No", "//Sounds: No",
+                                    "//Music: No"};
+    }
+
+    void generatedDescription()
+    {
+        QFETCH(Fields, fields);
+        QFETCH(QStringList, identity);
+        QFETCH(QStringList, contents);
+        const QString sep = QStringLiteral("//---------------------------");
+        const QStringList placeholder{sep, "//!!!!ENTER YOUR DESCRIPTION HERE!!!!", sep, "//Theme Contents:"};
+        ThemeDocument doc;
+        makeTheme(doc, fields);
+        QCOMPARE(linesOf(generateDescription(doc).toLatin1()), identity + placeholder + contents + QStringList{sep});
     }
 };
 
