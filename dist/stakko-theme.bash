@@ -3,17 +3,18 @@
 
 # bash completion for stakko-theme. Commands and options come from its --help and field keys
 # from its fields command, so the completion never lists what the program no longer knows.
+# The help is read in English, whatever language the person speaks: its headings are parsed.
 
 # The commands, as the Commands: section of --help starts each of its entries.
 _stakko_theme_commands()
 {
-    "$1" --help 2>/dev/null | sed -n '/^Commands:/,/^$/s/^  \([a-z][a-z]*\).*/\1/p'
+    "$1" --lang en --help 2>/dev/null | sed -n '/^Commands:/,/^$/s/^  \([a-z][a-z]*\).*/\1/p'
 }
 
 # Every option --help mentions: -x or --word after a blank or an opening bracket.
 _stakko_theme_options()
 {
-    "$1" --help 2>/dev/null | grep -oE '(^|[[ (])--?[a-z][a-z-]*' | sed 's/^[[ (]//' | sort -u
+    "$1" --lang en --help 2>/dev/null | grep -oE '(^|[[ (])--?[a-z][a-z-]*' | sed 's/^[[ (]//' | sort -u
 }
 
 _stakko_theme()

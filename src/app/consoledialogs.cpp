@@ -9,10 +9,16 @@
 
 void ConsoleDialogs::print(const Report &report)
 {
-    for (QString line : report.lines()) {
+    for (const Problem &p : report.problems) {
+        QString line = CommandLine::tr("%1: %2", "a message box's title and text").arg(p.shownTitle(), p.text);
         line.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
         std::fprintf(stderr, "%s\n", qUtf8Printable(line));
     }
+}
+
+void ConsoleDialogs::printUsageError(const QString &message)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(CommandLine::tr("stakko-theme: %1\nTry 'stakko-theme --help'.").arg(message)));
 }
 
 std::optional<QString> ConsoleDialogs::inputBox(const QString &prompt, const QString &)

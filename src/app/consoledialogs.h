@@ -7,6 +7,13 @@
 
 #include "common/report.h"
 
+#include <QCoreApplication>
+
+/** The context of the command line's own texts in its catalog. */
+struct CommandLine {
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+};
+
 /**
  * Dialogs for the command line: the password question is answered from --password once, else
  * asked on a terminal, else left unanswered; the save dialog is answered with -o; nobody can
@@ -20,6 +27,8 @@ public:
 
     /** Prints every problem to stderr as "TITLE: TEXT", each line break a new line. */
     static void print(const Report &report);
+    /** Prints a usage error: what was wrong, then where help is. */
+    static void printUsageError(const QString &message);
 
     Answer askYesNoCancel(const QString &, const QString &) override { return Answer::Cancel; }
     std::optional<QString> inputBox(const QString &prompt, const QString &title) override;

@@ -23,7 +23,7 @@ struct UsageError {
 QString takeValue(const QStringList &args, qsizetype &i)
 {
     if (i + 1 >= args.size())
-        throw UsageError{QStringLiteral("%1 needs a value").arg(args.at(i))};
+        throw UsageError{CommandLine::tr("%1 needs a value").arg(args.at(i))};
     return args.at(++i);
 }
 
@@ -32,7 +32,7 @@ QSize sizeValue(const QString &option, const QString &text)
 {
     const QRegularExpressionMatch m = QRegularExpression(QStringLiteral("^(\\d{1,5})[xX](\\d{1,5})$")).match(text);
     if (!m.hasMatch() || m.captured(1).toInt() < 1 || m.captured(2).toInt() < 1)
-        throw UsageError{QStringLiteral("%1 takes WIDTHxHEIGHT of whole numbers from 1, not \"%2\"").arg(option, text)};
+        throw UsageError{CommandLine::tr("%1 takes WIDTHxHEIGHT of whole numbers from 1, not \"%2\"").arg(option, text)};
     return QSize(m.captured(1).toInt(), m.captured(2).toInt());
 }
 
@@ -46,7 +46,7 @@ QColor colorValue(const QString &text)
         ok = ok && rgb[i] >= 0 && rgb[i] <= 255 && !parts.at(i).contains(u' ');
     }
     if (!ok)
-        throw UsageError{QStringLiteral("--background takes R,G,B from 0 to 255, not \"%1\"").arg(text)};
+        throw UsageError{CommandLine::tr("--background takes R,G,B from 0 to 255, not \"%1\"").arg(text)};
     return QColor(rgb[0], rgb[1], rgb[2]);
 }
 
@@ -59,7 +59,7 @@ T choice(const QString &option, const QString &text, const std::pair<const char 
             return value;
         names << QLatin1StringView(name);
     }
-    throw UsageError{QStringLiteral("%1 takes %2, not \"%3\"").arg(option, names.join(u'|'), text)};
+    throw UsageError{CommandLine::tr("%1 takes %2, not \"%3\"").arg(option, names.join(u'|'), text)};
 }
 
 constexpr std::pair<const char *, FrameFit> fits[] = {
@@ -93,7 +93,7 @@ ImportArguments parse(const QStringList &args, ConsoleDialogs &dialogs)
             bool ok = false;
             a.options.quality = text.toInt(&ok);
             if (!ok || a.options.quality < 1 || a.options.quality > 100)
-                throw UsageError{QStringLiteral("--quality takes 1 to 100, not \"%1\"").arg(text)};
+                throw UsageError{CommandLine::tr("--quality takes 1 to 100, not \"%1\"").arg(text)};
         } else if (arg == u"--sheet") {
             a.options.sheet = sizeValue(arg, takeValue(args, i));
         } else if (arg == u"--size") {
@@ -103,21 +103,21 @@ ImportArguments parse(const QStringList &args, ConsoleDialogs &dialogs)
         } else if (arg == u"--password") {
             dialogs.password = takeValue(args, i);
         } else if (arg.startsWith(u'-') && arg.size() > 1) {
-            throw UsageError{QStringLiteral("unknown option %1 for import").arg(arg)};
+            throw UsageError{CommandLine::tr("unknown option %1 for import").arg(arg)};
         } else {
             positional.append(arg);
         }
     }
     if (positional.size() < 3)
-        throw UsageError{QStringLiteral("import needs THEME KEY SOURCE...")};
+        throw UsageError{CommandLine::tr("import needs THEME KEY SOURCE...")};
     a.theme = positional.takeFirst();
     a.key = positional.takeFirst();
     a.sources = positional;
     const std::optional<ArtTarget> target = artTarget(a.key);
     if (!target)
-        throw UsageError{QStringLiteral("import takes no key \"%1\"; it takes %2").arg(a.key, artTargetKeys().join(u' '))};
+        throw UsageError{CommandLine::tr("import takes no key \"%1\"; it takes %2").arg(a.key, artTargetKeys().join(u' '))};
     if (a.options.size.isValid() && target->kind != FileKind::StillImage)
-        throw UsageError{QStringLiteral("--size is for interface screens and miscellaneous images")};
+        throw UsageError{CommandLine::tr("--size is for interface screens and miscellaneous images")};
     return a;
 }
 
@@ -129,7 +129,7 @@ int runImportCommand(const QStringList &args, ConsoleDialogs &dialogs)
     try {
         a = parse(args, dialogs);
     } catch (const UsageError &e) {
-        std::fprintf(stderr, "stakko-theme: %s\nTry 'stakko-theme --help'.\n", qUtf8Printable(e.message));
+        ConsoleDialogs::printUsageError(e.message);
         return 2;
     }
     ThemeDocument doc;
@@ -153,11 +153,12 @@ int runImportCommand(const QStringList &args, ConsoleDialogs &dialogs)
     ConsoleDialogs::print(imported);
     if (!imported.imported)
         return 1;
-    std::printf("%s: %lld files\n", qUtf8Printable(QDir::toNativeSeparators(imported.folder)),
-                static_cast<long long>(imported.files.size()));
+    std::printf("%s\n", qUtf8Printable(CommandLine::tr("%1: %2 files")
+                                          .arg(QDir::toNativeSeparators(imported.folder))
+                                          .arg(imported.files.size())));
     for (const auto &[key, value] : imported.fields)
         std::printf("%s=%s\n", qUtf8Printable(key), qUtf8Printable(value));
     if (imported.packageBuilt)
-        std::printf("%s: rebuilt\n", qUtf8Printable(QDir::toNativeSeparators(imported.package)));
+        std::printf("%s\n", qUtf8Printable(CommandLine::tr("%1: rebuilt").arg(QDir::toNativeSeparators(imported.package))));
     return 0;
 }

@@ -34,9 +34,9 @@ constexpr int ExitOk = 0;
 constexpr int ExitError = 1;
 constexpr int ExitUsage = 2;
 
-const char *const usageLine = "Usage: stakko-theme COMMAND [OPTIONS]\n";
+const char *const usageLine = QT_TRANSLATE_NOOP("CommandLine", "Usage: stakko-theme COMMAND [OPTIONS]\n");
 
-const char *const optionsText =
+const char *const optionsText = QT_TRANSLATE_NOOP("CommandLine",
     "Options:\n"
     "  -s KEY=VALUE          set a field (KEY as in the theme file: name, bgimage, Bombfilename,\n"
     "                        includebackground, themetype, ...); fields are set in order\n"
@@ -54,7 +54,7 @@ const char *const optionsText =
     "\n"
     "Messages the editor would show in a box are printed to stderr as \"TITLE: TEXT\".\n"
     "Exit status: 0 done, 1 an error message was shown or writing failed, 2 usage error.\n"
-    "A theme that does not load is never written over.\n";
+    "A theme that does not load is never written over.\n");
 
 struct UsageError {
     QString message;
@@ -75,7 +75,7 @@ struct Options {
 QString takeValue(const QStringList &args, qsizetype &i)
 {
     if (i + 1 >= args.size())
-        throw UsageError{QStringLiteral("%1 needs a value").arg(args.at(i))};
+        throw UsageError{CommandLine::tr("%1 needs a value").arg(args.at(i))};
     return args.at(++i);
 }
 
@@ -83,7 +83,7 @@ QPair<QString, QString> splitAssignment(const QString &text)
 {
     const qsizetype eq = text.indexOf(u'=');
     if (eq <= 0)
-        throw UsageError{QStringLiteral("expected KEY=VALUE, got \"%1\"").arg(text)};
+        throw UsageError{CommandLine::tr("expected KEY=VALUE, got \"%1\"").arg(text)};
     return {text.left(eq), text.mid(eq + 1)};
 }
 
@@ -91,7 +91,7 @@ QString readTextFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw UsageError{QStringLiteral("cannot read %1: %2").arg(path, file.errorString())};
+        throw UsageError{CommandLine::tr("cannot read %1: %2").arg(path, file.errorString())};
     return QString::fromUtf8(file.readAll());
 }
 
@@ -114,7 +114,7 @@ Options parse(const QStringList &args, ConsoleDialogs &dialogs)
             bool ok = false;
             const qint64 bytes = text.toLongLong(&ok);
             if (!ok || bytes <= 0 || bytes > ExtractOptions().maxBytes)
-                throw UsageError{QStringLiteral("--max-unpacked-bytes takes 1 to %1, not \"%2\"")
+                throw UsageError{CommandLine::tr("--max-unpacked-bytes takes 1 to %1, not \"%2\"")
                                      .arg(ExtractOptions().maxBytes)
                                      .arg(text)};
             o.extract.maxBytes = bytes;
@@ -127,7 +127,7 @@ Options parse(const QStringList &args, ConsoleDialogs &dialogs)
         } else if (a == u"--password") {
             dialogs.password = takeValue(args, i);
         } else if (a.startsWith(u'-') && a.size() > 1) {
-            throw UsageError{QStringLiteral("unknown option %1").arg(a)};
+            throw UsageError{CommandLine::tr("unknown option %1").arg(a)};
         } else if (o.command.isEmpty()) {
             o.command = a;
         } else {
@@ -142,7 +142,7 @@ void applySets(ThemeDocument &doc, const Options &o)
     for (const auto &[key, value] : o.sets) {
         const int index = fieldIndex(key);
         if (index < 0)
-            throw UsageError{QStringLiteral("unknown field \"%1\"").arg(key)};
+            throw UsageError{CommandLine::tr("unknown field \"%1\"").arg(key)};
         const FieldKind kind = themeFields()[size_t(index)].kind;
         if (kind == FieldKind::Text) {
             // An image text also sets its root and extension, as Browse does.
@@ -154,7 +154,7 @@ void applySets(ThemeDocument &doc, const Options &o)
         const int n = value.trimmed().toInt(&ok);
         const int highest = kind == FieldKind::Switch ? 2 : 1;
         if (!ok || n < 0 || n > highest)
-            throw UsageError{QStringLiteral("%1 takes 0 to %2, not \"%3\"").arg(key).arg(highest).arg(value)};
+            throw UsageError{CommandLine::tr("%1 takes 0 to %2, not \"%3\"").arg(key).arg(highest).arg(value)};
         doc.setNumberAt(index, n);
     }
 }
@@ -162,7 +162,7 @@ void applySets(ThemeDocument &doc, const Options &o)
 void requireArguments(const Options &o, qsizetype least, qsizetype most)
 {
     if (o.positional.size() < least || o.positional.size() > most)
-        throw UsageError{QStringLiteral("wrong number of arguments for %1").arg(o.command)};
+        throw UsageError{CommandLine::tr("wrong number of arguments for %1").arg(o.command)};
 }
 
 /** The editor's Save (or Save As, answered by -o); what went wrong is printed. */
@@ -244,7 +244,7 @@ QByteArray problemsText(const Report &report)
 {
     QByteArray out = problemLines(report) + report.summary().toUtf8() + '\n';
     if (const QUrl manual = userManualUrl(checkingPage); !report.isEmpty() && !manual.isEmpty())
-        out += "What each code means and what to do: " + manual.toEncoded() + '\n';
+        out += CommandLine::tr("What each code means and what to do: %1").arg(QString::fromLatin1(manual.toEncoded())).toUtf8() + '\n';
     return out;
 }
 
@@ -291,7 +291,7 @@ int newCommand(Session &s)
 {
     requireArguments(s.o, 0, 0);
     if (s.o.output.isEmpty())
-        throw UsageError{QStringLiteral("new needs -o OUT")};
+        throw UsageError{CommandLine::tr("new needs -o OUT")};
     applySets(s.doc, s.o);
     return save(s.commands, true) ? ExitOk : ExitError;
 }
@@ -300,8 +300,8 @@ int setCommand(Session &s)
 {
     requireArguments(s.o, 1, 1);
     if (!s.load(s.o.positional.at(0), true)) {
-        std::fprintf(stderr, "Error: %s did not load as a theme, so it was not written.\n",
-                     qUtf8Printable(s.o.positional.at(0)));
+        std::fprintf(stderr, "%s\n",
+                     qUtf8Printable(CommandLine::tr("Error: %1 did not load as a theme, so it was not written.").arg(s.o.positional.at(0))));
         return ExitError;
     }
     applySets(s.doc, s.o);
@@ -324,7 +324,7 @@ int describeCommand(Session &s)
         s.load(s.o.positional.at(0));
     QByteArray bytes;
     if (!AnsiText::encode(generateDescription(s.doc), &bytes)) {
-        std::fprintf(stderr, "Error: the description holds characters a theme file cannot store\n");
+        std::fprintf(stderr, "%s\n", qUtf8Printable(CommandLine::tr("Error: the description holds characters a theme file cannot store")));
         return ExitError;
     }
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
@@ -343,11 +343,11 @@ int unpackCommand(Session &s)
 int packCommand(Session &s)
 {
     if (s.o.output.isEmpty() || s.o.positional.isEmpty())
-        throw UsageError{QStringLiteral("pack needs -o PACKAGE.zip and at least one file")};
+        throw UsageError{CommandLine::tr("pack needs -o PACKAGE.zip and at least one file")};
     const Result<void> written =
         writeResourcePackage(s.o.output, s.o.positional, s.o.root.isEmpty() ? QDir::currentPath() : s.o.root);
     if (!written) {
-        std::fprintf(stderr, "Error: %s\n", qUtf8Printable(written.errorText()));
+        std::fprintf(stderr, "%s\n", qUtf8Printable(CommandLine::tr("Error: %1").arg(written.errorText())));
         return ExitError;
     }
     return ExitOk;
@@ -396,10 +396,9 @@ int buildCommand(Session &s)
     std::fwrite(problems.constData(), 1, size_t(problems.size()), stderr);
     if (!built.written)
         return ExitError;
-    std::printf("%s: %lld files\n", qUtf8Printable(QDir::toNativeSeparators(built.package)),
-                static_cast<long long>(built.entries));
+    std::printf("%s\n", qUtf8Printable(CommandLine::tr("%1: %2 files").arg(QDir::toNativeSeparators(built.package)).arg(built.entries)));
     for (const QString &key : built.relinked)
-        std::printf("relinked %s: %s\n", qUtf8Printable(key), qUtf8Printable(doc.value(key)));
+        std::printf("%s\n", qUtf8Printable(CommandLine::tr("relinked %1: %2").arg(key, doc.value(key))));
     ConsoleDialogs::print(result.told);
     return !result.told.hasErrors() && packedErrors.isEmpty() ? ExitOk : ExitError;
 }
@@ -420,44 +419,47 @@ int fieldsCommand(Session &s)
 struct Command {
     const char *name;
     const char *usage;  // the arguments after the name
-    const char *help;   // what it does, one line or more
+    const char *help;   // what it does, one line or more; translated where shown
     int (*run)(Session &);
     bool ownOptions = false; // reads its arguments itself: the common options are not parsed
 };
 
 const Command commandTable[] = {
     {"new", "[-s KEY=VALUE]... [--set-file KEY=FILE]... -o OUT",
-     "Write a new theme with the editor's defaults and the given fields.", newCommand},
+     QT_TRANSLATE_NOOP("CommandLine", "Write a new theme with the editor's defaults and the given fields."), newCommand},
     {"set", "THEME [-s KEY=VALUE]... [--set-file KEY=FILE]... [-o OUT]",
-     "Load THEME as the editor does, set fields, write it (back to THEME by default).", setCommand},
-    {"dump", "THEME", "Load THEME as the editor does and print every field as one JSON object.", dumpCommand},
-    {"describe", "[THEME]", "Print the generated description (Windows-1252, CRLF) of THEME or of a new theme.",
+     QT_TRANSLATE_NOOP("CommandLine", "Load THEME as the editor does, set fields, write it (back to THEME by default)."), setCommand},
+    {"dump", "THEME", QT_TRANSLATE_NOOP("CommandLine", "Load THEME as the editor does and print every field as one JSON object."), dumpCommand},
+    {"describe", "[THEME]", QT_TRANSLATE_NOOP("CommandLine", "Print the generated description (Windows-1252, CRLF) of THEME or of a new theme."),
      describeCommand},
-    {"unpack", "PACKAGE", "Unpack a resource package and print the folder it went to.", unpackCommand},
+    {"unpack", "PACKAGE", QT_TRANSLATE_NOOP("CommandLine", "Unpack a resource package and print the folder it went to."), unpackCommand},
     {"pack", "-o PACKAGE.zip [--root DIR] FILE...",
-     "Write a resource package; names are stored relative to DIR (default: here).", packCommand},
+     QT_TRANSLATE_NOOP("CommandLine", "Write a resource package; names are stored relative to DIR (default: here)."), packCommand},
     {"check", "THEME [--json]",
+     QT_TRANSLATE_NOOP("CommandLine",
      "Load THEME as the editor does and list every problem the game would meet, errors\n"
-     "first, as lines or (--json) one JSON array; exit status 1 when any is an error.",
+     "first, as lines or (--json) one JSON array; exit status 1 when any is an error."),
      checkCommand},
     {"build", "THEME [--from DIR] [-o PACKAGE] [--relink]",
+     QT_TRANSLATE_NOOP("CommandLine",
      "Write the resource package of a Type 1 theme from the files it names, looked up\n"
      "in DIR (default: its unpacked package, else its folder), to its resource file\n"
      "(or PACKAGE). Files named by absolute paths or outside DIR (\"..\", links\n"
      "leading out) are refused; --relink stores them under their own names and\n"
      "saves the theme with the new names. Nothing is written when a file is missing\n"
-     "or refused; exit status 1 then.",
+     "or refused; exit status 1 then."),
      buildCommand},
     {"import",
      "THEME KEY SOURCE... [--from DIR] [--fit fill|fit|stretch|pixel]\n"
      "         [--background R,G,B] [--format bmp|jpg] [--quality 1-100]\n"
      "         [--sheet COLUMNSxROWS] [--name ROOT] [--size WxH]",
+     QT_TRANSLATE_NOOP("CommandLine",
      "Take art (an animated GIF or WebP, a sprite sheet, pictures, a folder of them, a\n"
      "sound, music) to the game's form for the row KEY (bgimage, ifacemain, door1,\n"
      "rotate, midi, ...): files written into DIR (default: where build looks), the\n"
-     "row's fields set, THEME saved and a Type 1 package rebuilt; whole or nothing.",
+     "row's fields set, THEME saved and a Type 1 package rebuilt; whole or nothing."),
      importCommand, true},
-    {"fields", "", "Print every field key that -s takes, one per line, in the order dump prints them.",
+    {"fields", "", QT_TRANSLATE_NOOP("CommandLine", "Print every field key that -s takes, one per line, in the order dump prints them."),
      fieldsCommand},
 };
 
@@ -473,16 +475,16 @@ const Command *findCommand(const QString &name)
 /** The whole --help text: the usage line, each command of the table with its help, the options. */
 QByteArray helpText()
 {
-    QByteArray text = QByteArray(usageLine) + "\nCommands:\n";
+    QString text = CommandLine::tr(usageLine) + u'\n' + CommandLine::tr("Commands:") + u'\n';
     for (const Command &command : commandTable) {
-        text += QByteArray("  ") + command.name;
+        text += QStringLiteral("  ") + QLatin1StringView(command.name);
         if (*command.usage)
-            text += QByteArray(" ") + command.usage;
-        text += '\n';
-        for (const QByteArray &line : QByteArray(command.help).split('\n'))
-            text += "        " + line + '\n';
+            text += u' ' + QLatin1StringView(command.usage);
+        text += u'\n';
+        for (const QString &line : CommandLine::tr(command.help).split(u'\n'))
+            text += QStringLiteral("        ") + line + u'\n';
     }
-    return text + '\n' + optionsText;
+    return (text + u'\n' + CommandLine::tr(optionsText)).toUtf8();
 }
 
 int run(const QStringList &args, ConsoleDialogs &dialogs)
@@ -495,8 +497,8 @@ int run(const QStringList &args, ConsoleDialogs &dialogs)
     Options options = parse(args, dialogs);
     const Command *command = findCommand(options.command);
     if (!command || command->ownOptions)
-        throw UsageError{options.command.isEmpty() ? QStringLiteral("no command given")
-                                                   : QStringLiteral("unknown command %1").arg(options.command)};
+        throw UsageError{options.command.isEmpty() ? CommandLine::tr("no command given")
+                                                   : CommandLine::tr("unknown command %1").arg(options.command)};
     Session session(args, dialogs, std::move(options));
     return command->run(session);
 }
@@ -512,9 +514,11 @@ int main(int argc, char *argv[])
     QStringList args = QCoreApplication::arguments();
     const std::optional<QString> language = takeLanguageOption(args);
     if (!language) {
-        std::fprintf(stderr, "stakko-theme: --lang needs a value\nTry 'stakko-theme --help'.\n");
+        useLanguage(QString(), {Catalog::core, Catalog::commandLine});
+        ConsoleDialogs::printUsageError(CommandLine::tr("%1 needs a value").arg(QStringLiteral("--lang")));
         return ExitUsage;
     }
+    // Said in English: no catalog speaks the language asked for.
     if (!useLanguage(*language, {Catalog::core, Catalog::commandLine}))
         std::fprintf(stderr, "stakko-theme: no translation for '%s'; texts stay in English\n", qUtf8Printable(*language));
 
@@ -532,7 +536,7 @@ int main(int argc, char *argv[])
     try {
         return run(args, dialogs);
     } catch (const UsageError &e) {
-        std::fprintf(stderr, "stakko-theme: %s\nTry 'stakko-theme --help'.\n", qUtf8Printable(e.message));
+        ConsoleDialogs::printUsageError(e.message);
         return ExitUsage;
     }
 }

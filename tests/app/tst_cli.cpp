@@ -11,6 +11,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
@@ -21,14 +22,32 @@ class CliTest : public QObject
 
     QTemporaryDir m_dir;
 
-    ProgramRun cli(const QStringList &args)
+    /** Runs stakko-theme on a system that speaks \a locale (the tests' own English by default). */
+    ProgramRun cli(const QStringList &args, const QString &locale = {})
     {
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("TMPDIR"), m_dir.filePath(QStringLiteral("tmp")));
+        if (!locale.isEmpty())
+            env.insert(QStringLiteral("LC_ALL"), locale);
         return runProgram(qEnvironmentVariable("STAKKO_CLI"), args, env, 60000);
     }
 
     QByteArray fileBytes(const QString &name) const { return readFile(m_dir.filePath(name)); }
+
+    /** The columns the option texts of --help start at, its own lines and those that go on. */
+    static QList<qsizetype> optionTextColumns(const QString &help)
+    {
+        static const QRegularExpression text(QStringLiteral("^(?:  -\\S+(?: \\S+)? {2,}| {2,})\\S"));
+        QList<qsizetype> columns;
+        const QStringList lines = help.split(u'\n');
+        for (qsizetype i = lines.indexOf(QRegularExpression(QStringLiteral("^  -s "))); i >= 0 && i < lines.size(); ++i) {
+            if (lines.at(i).isEmpty())
+                break;
+            if (const auto m = text.match(lines.at(i)); m.hasMatch() && !columns.contains(m.capturedLength() - 1))
+                columns << m.capturedLength() - 1;
+        }
+        return columns;
+    }
 
 private slots:
     void initTestCase()
@@ -55,6 +74,8 @@ private slots:
                                                << "--max-unpacked-bytes";
         QTest::newRow("cap not a number") << QStringList{"unpack", "--max-unpacked-bytes", "2G", "x.zip"}
                                           << "--max-unpacked-bytes";
+        QTest::newRow("import without a source") << QStringList{"import", "x.skt", "bgimage"} << "import";
+        QTest::newRow("language without a code") << QStringList{"dump", "x.skt", "--lang"} << "--lang";
     }
 
     void usageErrors()
@@ -64,7 +85,55 @@ private slots:
         const ProgramRun r = cli(args);
         QCOMPARE(r.status, 2);
         QVERIFY2(QString::fromUtf8(r.err).contains(named), r.err.constData());
+        // In German too, and the option or key named as it is typed.
+        const ProgramRun german = cli(args, QStringLiteral("de_DE.UTF-8"));
+        QCOMPARE(german.status, 2);
+        QVERIFY2(QString::fromUtf8(german.err).contains(named), german.err.constData());
+        QVERIFY2(german.err != r.err, german.err.constData());
         QVERIFY(!QFile::exists(m_dir.filePath(QStringLiteral("x.skt"))));
+    }
+
+    void helpSpeaksTheLanguageAskedFor_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QString>("locale"); // the system's
+        QTest::addColumn<bool>("german");
+        QTest::newRow("German system") << QStringList{"--help"} << "de_DE.UTF-8" << true;
+        QTest::newRow("--lang de") << QStringList{"--lang", "de", "--help"} << "C.UTF-8" << true;
+        QTest::newRow("--lang=de after --help") << QStringList{"--help", "--lang=de"} << "C.UTF-8" << true;
+        QTest::newRow("--lang en on a German system") << QStringList{"--lang", "en", "--help"} << "de_DE.UTF-8" << false;
+    }
+
+    void helpSpeaksTheLanguageAskedFor()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(QString, locale);
+        QFETCH(bool, german);
+        const QString english = QString::fromUtf8(cli({"--help"}).out);
+        QVERIFY(english.startsWith(QStringLiteral("Usage: stakko-theme COMMAND [OPTIONS]\n\nCommands:\n")));
+        const ProgramRun r = cli(args, locale);
+        QCOMPARE(r.status, 0);
+        const QString help = QString::fromUtf8(r.out);
+        if (!german) {
+            QCOMPARE(help, english);
+            return;
+        }
+        QVERIFY2(!help.contains(QStringLiteral("Commands:")) && help.contains(QStringLiteral("Befehle:")), r.out.constData());
+        // Commands, their arguments and every option stay as typed; the option texts line up.
+        static const QRegularExpression synopsis(QStringLiteral("^  [a-z].*$"), QRegularExpression::MultilineOption);
+        static const QRegularExpression option(QStringLiteral("(?:^|[ \\[(])(--?[a-z][a-z-]*)"),
+                                               QRegularExpression::MultilineOption);
+        const auto all = [](const QRegularExpression &pattern, const QString &text) {
+            QStringList found;
+            for (auto it = pattern.globalMatch(text); it.hasNext();)
+                found << it.next().captured(pattern.captureCount());
+            found.removeDuplicates();
+            found.sort();
+            return found;
+        };
+        QCOMPARE(all(synopsis, help), all(synopsis, english));
+        QCOMPARE(all(option, help), all(option, english));
+        QCOMPARE(optionTextColumns(help), optionTextColumns(english));
     }
 
     void newSetsFieldsInOrder()

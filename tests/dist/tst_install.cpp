@@ -144,7 +144,10 @@ class InstallTest : public QObject
         return QString::fromUtf8(page.out);
     }
 
-    /** What the installed completion offers for the words typed so far; the last one is being completed. */
+    /**
+     * What the installed completion offers for the words typed so far; the last one is being
+     * completed. Typed by a German speaker: the help it reads is the English one all the same.
+     */
     QStringList completions(const QStringList &typed)
     {
         const QString program = installed(QStringLiteral("bin/stakko-theme"));
@@ -152,7 +155,7 @@ class InstallTest : public QObject
         for (const QString &word : typed)
             words += QStringLiteral(" '") + word + u'\'';
         const QString script =
-            QStringLiteral("source '%1'; COMP_WORDS=(%2); COMP_CWORD=%3; _stakko_theme '%4' '%5' ''; "
+            QStringLiteral("export LC_ALL=de_DE.UTF-8; source '%1'; COMP_WORDS=(%2); COMP_CWORD=%3; _stakko_theme '%4' '%5' ''; "
                            "printf '%s\\n' \"${COMPREPLY[@]}\"")
                 .arg(installed(QStringLiteral("share/bash-completion/completions/stakko-theme")), words)
                 .arg(typed.size())
