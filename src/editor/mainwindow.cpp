@@ -109,9 +109,9 @@ QList<SectionFrame> dataSetsOf(int page)
 {
     QList<SectionFrame> sets;
     for (AnimatedElementId i : animatedElementIds) {
-        const AnimatedElement &e = animatedElements[i];
-        if (int(e.page) == page)
-            sets.append({elementControls[i].frame, e.includeField, e.page, e.dataSet, i});
+        const ElementPage &shown = elementPages[i];
+        if (int(shown.page) == page)
+            sets.append({elementControls[i].frame, animatedElements[i].includeField, shown.page, shown.dataSet, i});
     }
     for (const SectionFrame &section : sectionFrames) {
         if (section.dataSet && int(section.page) == page)
@@ -707,7 +707,7 @@ void MainWindow::showPage(Page page)
     applyWindowHeight();
     // A page leaves its own animations running, and those of elements that tick on it too.
     for (AnimatedElementId i : animatedElementIds) {
-        if (animatedElements[i].page != page && animatedElements[i].alsoTicksOn != page)
+        if (elementPages[i].page != page && elementPages[i].alsoTicksOn != page)
             m_timers[i]->stop();
     }
     for (int i = 0; i < pageCount; ++i)

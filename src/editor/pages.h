@@ -7,6 +7,8 @@
 
 #include <QList>
 
+#include <optional>
+
 class PreviewSurface;
 class QAbstractButton;
 class QComboBox;
@@ -14,6 +16,42 @@ class QGroupBox;
 class QLineEdit;
 class QPushButton;
 class QWidget;
+
+/** The editor's pages, in tab order. */
+enum class EditorPage { General, Interface, Background, Blocks, Misc, Sounds };
+
+inline constexpr std::size_t editorPageCount = enumIndex(EditorPage::Sounds) + 1;
+
+/** Every page, in tab order. */
+inline constexpr auto editorPages = enumValues<EditorPage, editorPageCount>();
+
+/** The page at tab \a index, or nothing outside the tabs. */
+constexpr std::optional<EditorPage> editorPageAt(int index)
+{
+    if (index < 0 || index >= int(editorPageCount))
+        return std::nullopt;
+    return EditorPage(index);
+}
+
+/** Where the editor shows an animated element: its page and its choice in the page's data-set selector. */
+struct ElementPage {
+    AnimatedElementId id;
+    EditorPage page;
+    const char *dataSet;     // "Internet Background"
+    EditorPage alsoTicksOn;  // showing this page leaves its tick running too
+};
+
+inline constexpr ElementTable<ElementPage> elementPages{{
+    {AnimatedElementId::Background, EditorPage::Background, "Background", EditorPage::Background},
+    // The Blocks page leaves it playing.
+    {AnimatedElementId::InternetBackground, EditorPage::Background, "Internet Background", EditorPage::Blocks},
+    {AnimatedElementId::Blocks, EditorPage::Blocks, "Game Blocks", EditorPage::Blocks},
+    {AnimatedElementId::NextBlock, EditorPage::Blocks, "Next Block Window", EditorPage::Blocks},
+    {AnimatedElementId::SpecialWindow, EditorPage::Blocks, "Special Window", EditorPage::Blocks},
+    {AnimatedElementId::Explosion, EditorPage::Misc, "Explosion", EditorPage::Misc},
+    {AnimatedElementId::Bomb, EditorPage::Misc, "Block Bomb", EditorPage::Misc},
+}};
+static_assert(rowsMatchKeys(elementPages));
 
 /** A row naming a file: its field's key and text box, its Browse and its preview or play button, if any. */
 struct FileRow {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "preview/filewatch.h"
+#include "editor/pages.h"
 #include "theme/animatedelement.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"

@@ -15,6 +15,7 @@
 #include "editor/mnemonics.h"
 #include "editor/previewsurface.h"
 #include "editor/problemspanel.h"
+#include "preview/elementpreview.h"
 #include "preview/ticktimer.h"
 
 #include <QAbstractScrollArea>
@@ -581,7 +582,7 @@ private slots:
         const AnimatedElement *element = elementOfField(key);
         const QString label = fieldLabel(fieldIndex(key));
         QCOMPARE(rows.first()->text(1),
-                 element ? QStringLiteral("%1 (%2)").arg(label, QLatin1StringView(element->caption)) : label);
+                 element ? QStringLiteral("%1 (%2)").arg(label, QLatin1StringView(elementPreviews[element->id].caption)) : label);
         QVERIFY(!label.endsWith(u':'));
         list->scrollToItem(rows.first());
         // A double-click is a click, then the second press that the view reads as one.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "preview/elementpreview.h"
 #include "preview/framestrip.h"
 #include "preview/loadingsurface.h"
 
@@ -301,7 +302,7 @@ private slots:
         for (AnimatedElementId element : {Background, InternetBackground, Blocks, SpecialWindow}) {
             for (const auto &[name, format] : formats) {
                 for (QSize size : sizes) {
-                    QTest::addRow("%s %s %dx%d", animatedElements[element].caption, name,
+                    QTest::addRow("%s %s %dx%d", elementPreviews[element].caption, name,
                                   size.width(), size.height())
                         << element << pattern(size, format);
                 }
