@@ -65,6 +65,7 @@ struct FileRow {
 struct ElementFrame {
     AnimatedElementId element = AnimatedElementId::Background;
     QGroupBox *frame = nullptr;
+    QGroupBox *settings = nullptr; // the animation settings
     FileRow image;
     PreviewSurface *surface = nullptr; // shared by the elements of a page with one preview
 };
@@ -83,6 +84,7 @@ struct GeneralPage {
 /** The interface screens, each with Browse and Preview, and the display they show in. */
 struct InterfacePage {
     QWidget *panel = nullptr;
+    QGroupBox *screensFrame = nullptr;
     QList<FileRow> screens; // by row of interfaceRows
     PreviewSurface *display = nullptr;
 };
@@ -96,6 +98,8 @@ struct DataSetPage {
 
 /** The Misc page: its elements, the theme colours and the miscellaneous images with their display. */
 struct MiscPage : DataSetPage {
+    QGroupBox *colorsFrame = nullptr;
+    QGroupBox *imagesFrame = nullptr;
     QList<QAbstractButton *> colorButtons; // by row of colorRows
     QList<PreviewSurface *> swatches;
     QList<FileRow> images; // by row of miscImageRows
@@ -105,6 +109,8 @@ struct MiscPage : DataSetPage {
 /** The sounds with Browse and play buttons, and the music row (show: Play Music). */
 struct SoundPage {
     QWidget *panel = nullptr;
+    QGroupBox *soundsFrame = nullptr;
+    QGroupBox *musicFrame = nullptr;
     QList<FileRow> sounds; // by row of soundRows
     FileRow music;
 };
@@ -125,6 +131,8 @@ struct EditorPages {
     QList<FileRow> fileRows(EditorPage page) const;
     /** The animated elements' frames on \a page; empty while it is not built. */
     QList<ElementFrame> elementFrames(EditorPage page) const;
+    /** The frame holding \a section's fields, or nullptr (none of its own, or not built). */
+    QGroupBox *sectionFrame(Section section) const;
 };
 
 /**

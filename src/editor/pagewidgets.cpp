@@ -246,7 +246,7 @@ ElementFrame animatedFrame(AnimatedElementId element)
     const ElementPreview &shown = elementPreviews[element];
     const ElementControls &names = elementControls[element];
     QGroupBox *box = frame(names.frame, QString::fromLatin1(shown.caption));
-    ElementFrame built{element, box, {e.imageField}};
+    ElementFrame built{element, box, nullptr, {e.imageField}};
 
     auto *fields = new QGridLayout;
     compact(fields);
@@ -280,7 +280,8 @@ ElementFrame animatedFrame(AnimatedElementId element)
     // Side by side: a frame is only as tall as its longest column.
     auto *columns = new QHBoxLayout(box);
     columns->addLayout(fields, 1);
-    columns->addWidget(animationSettings(e, names.aniFrame), 0, Qt::AlignTop);
+    built.settings = animationSettings(e, names.aniFrame);
+    columns->addWidget(built.settings, 0, Qt::AlignTop);
     if (names.previewFrame)
         columns->addWidget(previewFrame(names, shown.surfaceSize, QString::fromLatin1(shown.caption), built.surface), 0, Qt::AlignTop);
     return built;
@@ -318,6 +319,18 @@ QList<ElementFrame> EditorPages::elementFrames(EditorPage page) const
     case EditorPage::Blocks: return blocks.elements;
     case EditorPage::Misc: return misc.elements;
     default: return {};
+    }
+}
+
+QGroupBox *EditorPages::sectionFrame(Section section) const
+{
+    switch (section) {
+    case Section::Interface: return iface.screensFrame;
+    case Section::Colors: return misc.colorsFrame;
+    case Section::MiscImages: return misc.imagesFrame;
+    case Section::Sounds: return sounds.soundsFrame;
+    case Section::Music: return sounds.musicFrame;
+    default: return nullptr;
     }
 }
 

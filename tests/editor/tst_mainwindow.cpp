@@ -108,19 +108,19 @@ private:
     void forEveryPageAndDataSet(const std::function<void(const QString &, const QList<QWidget *> &)> &visit)
     {
         window->buildAllPages();
-        for (int page = 0; page < MainWindow::pageCount; ++page) {
-            window->showPage(MainWindow::Page(page));
-            const char *selector = MainWindow::dataSetSelector(MainWindow::Page(page));
+        for (EditorPage page : editorPages) {
+            window->showPage(page);
+            const char *selector = MainWindow::dataSetSelector(page);
             auto *combo = selector ? control<QComboBox>(QLatin1StringView(selector)) : nullptr;
             for (int set = 0; set < (combo ? combo->count() : 1); ++set) {
                 if (combo)
                     combo->setCurrentIndex(set);
                 QList<QWidget *> shown;
-                for (QWidget *w : control(panels.at(page))->findChildren<QWidget *>()) {
+                for (QWidget *w : control(panels.at(qsizetype(enumIndex(page))))->findChildren<QWidget *>()) {
                     if (w->isVisibleTo(window.get()))
                         shown.append(w);
                 }
-                visit(panels.at(page) + (combo ? u'/' + combo->currentText() : QString()), shown);
+                visit(panels.at(qsizetype(enumIndex(page))) + (combo ? u'/' + combo->currentText() : QString()), shown);
             }
         }
     }
@@ -838,7 +838,7 @@ private slots:
         QSignalSpy finished(&window->themeCheck(), &BackgroundCheck::finished);
         doc->setText(u"bgframecount", QStringLiteral("x"));
         doc->setNumber(u"includebackground", 1);
-        window->showRestoredTheme(int(MainWindow::Page::Background));
+        window->showRestoredTheme(MainWindow::Page::Background);
         QCOMPARE(window->currentPage(), MainWindow::Page::Background);
         QVERIFY(finished.wait());
         auto *count = control<QToolButton>(ProblemsPanel::countName);
