@@ -83,7 +83,8 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     connect(&window, &MainWindow::themeOpened, this, [this] {
         m_frames.clearSurfaces();
         m_stills.clear();
-        m_interfaceRow = m_miscRow = -1;
+        m_interfaceRow.reset();
+        m_miscRow.reset();
         watchShownFiles();
     });
 }
@@ -191,10 +192,10 @@ void PreviewBinding::watchShownFiles()
         if (m_frames.timer(element)->isActive())
             files += m_frames.stripFiles(element);
     }
-    if (m_interfaceRow >= 0)
-        files << stillFile(interfaceRowKeys[m_interfaceRow]);
-    if (m_miscRow >= 0)
-        files << stillFile(miscImageKeys[m_miscRow]);
+    if (m_interfaceRow)
+        files << stillFile(interfaceRowKeys[*m_interfaceRow]);
+    if (m_miscRow)
+        files << stillFile(miscImageKeys[*m_miscRow]);
     m_watch.setFiles(files);
 }
 
@@ -207,10 +208,10 @@ void PreviewBinding::reloadChanged(const QStringList &files)
         if (touched(m_frames.stripFiles(element)))
             m_dialogs.show(m_frames.reloadStrip(element));
     }
-    if (m_interfaceRow >= 0 && touched({stillFile(interfaceRowKeys[m_interfaceRow])}))
-        m_stills.showInterfaceScreenPreview(m_interfaceRow); // a file still being replaced keeps the picture
-    if (m_miscRow >= 0 && touched({stillFile(miscImageKeys[m_miscRow])}))
-        m_stills.showMiscImagePreview(m_miscRow);
+    if (m_interfaceRow && touched({stillFile(interfaceRowKeys[*m_interfaceRow])}))
+        m_stills.showInterfaceScreenPreview(*m_interfaceRow); // a file still being replaced keeps the picture
+    if (m_miscRow && touched({stillFile(miscImageKeys[*m_miscRow])}))
+        m_stills.showMiscImagePreview(*m_miscRow);
     watchShownFiles();
 }
 
