@@ -173,7 +173,7 @@ void EditorApplication::offerRecovery()
         if (!page)
             report.error(QStringLiteral("The unsaved changes could not be restored: ") + page.errorText());
         m_dialogs.show(report);
-        m_window.showRestoredTheme(page ? std::optional<int>(*page) : std::nullopt);
+        m_window.showRestoredTheme(page ? editorPageAt(*page) : std::nullopt);
     }
 }
 

@@ -59,8 +59,8 @@ void playVisiblePreviews(MainWindow &window)
 {
     const EditorPages &pages = window.pages();
     QList<QAbstractButton *> buttons;
-    for (int page = 0; page < MainWindow::pageCount; ++page) {
-        for (const ElementFrame &frame : pages.elementFrames(MainWindow::Page(page)))
+    for (EditorPage page : editorPages) {
+        for (const ElementFrame &frame : pages.elementFrames(page))
             buttons << frame.image.show;
     }
     buttons << pages.iface.screens.value(0).show << pages.misc.images.value(0).show;
@@ -124,8 +124,7 @@ bool writeScreenshots(MainWindow &window, const QString &folder, const QString &
     }
     window.show();
     bool ok = true;
-    for (int i = 0; i < MainWindow::pageCount; ++i) {
-        const auto page = MainWindow::Page(i);
+    for (EditorPage page : editorPages) {
         window.showPage(page);
         const QString base = folder + QLatin1Char('/') + MainWindow::pageSlug(page);
         QComboBox *selector = window.pages().selector(page);

@@ -8,6 +8,7 @@
 #include "common/pathlookup.h"
 #include "common/platform.h"
 #include "common/safefile.h"
+#include "preview/elementpreview.h"
 #include "theme/animatedelement.h"
 #include "theme/themedocument.h"
 #include "theme/themefields.h"
@@ -423,7 +424,7 @@ private:
 
 QString ArtTarget::label() const
 {
-    QString text = QString::fromLatin1(element ? element->caption : fieldSpec(key).caption);
+    QString text = QString::fromLatin1(element ? elementPreviews[element->id].caption : fieldSpec(key).caption);
     return text.endsWith(u':') ? text.chopped(1) : text;
 }
 

@@ -15,6 +15,7 @@
 #include "theme/themeloader.h"
 #include "theme/themesections.h"
 #include "package/zipdirectory.h"
+#include "preview/elementpreview.h"
 #include "preview/framesequence.h"
 #include "preview/framesettings.h"
 #include "preview/loadingsurface.h"
@@ -138,7 +139,7 @@ public:
                 continue;
             if (r.kind == FileKind::FrameSequence) {
                 const AnimatedElement *e = elementWithRoot(r.key);
-                const QLatin1StringView caption(e->caption);
+                const QLatin1StringView caption(elementPreviews[e->id].caption);
                 for (qsizetype i = 0; i < r.files.size(); ++i)
                     file(r, r.files.at(i), QStringLiteral("Frame %1 of %2").arg(i + 1).arg(caption), e);
             } else if (r.kind != FileKind::ResourcePackage && !r.name.isEmpty()) {
@@ -233,7 +234,7 @@ private:
             add(Severity::Warning, "frame-limit", QLatin1StringView(e.frameCountField), {},
                 QStringLiteral("%1 frames from frame %2 on lie beyond the reach of a 16-bit strip offset: "
                                "the game cannot show them")
-                    .arg(QLatin1StringView(e.caption))
+                    .arg(QLatin1StringView(elementPreviews[e.id].caption))
                     .arg(unreached));
         if (startRead && double(settings.startingFrame) > settings.frameCount)
             add(Severity::Warning, "start-beyond-count", QLatin1StringView(e.startingFrameField), {},

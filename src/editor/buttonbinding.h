@@ -7,7 +7,7 @@
 #include <QLatin1StringView>
 #include <QObject>
 
-#include "theme/animatedelement.h"
+#include "editor/pages.h"
 
 #include <functional>
 

@@ -49,6 +49,7 @@
 #include <QtMath>
 
 #include <span>
+#include <variant>
 
 namespace {
 
@@ -71,7 +72,7 @@ struct PageRow {
     const char *selector;    // data-set selector, nullptr for none
 };
 
-constexpr PageRow pageRows[MainWindow::pageCount] = {
+constexpr EnumArray<EditorPage, PageRow, editorPageCount> pageRows{{
     {"General", "General Theme Information", "tab-general", "mnuGeneral", "&General",
      6475, "general", nullptr},
     {"IFace", "Graphical Interface Configuration", "tab-iface", "mnuIface", "&Interface",
@@ -85,37 +86,41 @@ constexpr PageRow pageRows[MainWindow::pageCount] = {
      6475, "misc", "cmbMisc"},
     {"Sounds/Music", "Sounds and Music configuration", "tab-sounds", "mnuSounds",
      "&Sounds and Music", 6475, "sounds", nullptr},
-};
+}};
 
-// A section's frame, switched by its include box. One with a data set is a choice of its
-// page's selector: the page's animated elements come first, then the sections listed here.
+// A section's frame (from its page's struct), switched by its include box. One with a data set is
+// a choice of its page's selector: the page's animated elements come first, then the sections listed here.
 struct SectionFrame {
-    const char *frame;
-    const char *includeKey;
+    Section section;
     EditorPage page;
     const char *dataSet;  // nullptr: always shown
-    std::optional<AnimatedElementId> element; // the animated element it shows
 };
 constexpr SectionFrame sectionFrames[] = {
-    {"fraIface", includeKey(Section::Interface), EditorPage::Interface, nullptr},
-    {"fraColor", includeKey(Section::Colors), EditorPage::Misc, "Theme Colors"},
-    {"fraMImg", includeKey(Section::MiscImages), EditorPage::Misc, "Misc. Images"},
-    {"fraSound", includeKey(Section::Sounds), EditorPage::Sounds, nullptr},
-    {"fraMusic", includeKey(Section::Music), EditorPage::Sounds, nullptr},
+    {Section::Interface, EditorPage::Interface, nullptr},
+    {Section::Colors, EditorPage::Misc, "Theme Colors"},
+    {Section::MiscImages, EditorPage::Misc, "Misc. Images"},
+    {Section::Sounds, EditorPage::Sounds, nullptr},
+    {Section::Music, EditorPage::Sounds, nullptr},
+};
+
+// One choice of a page's data-set selector: an animated element or a section.
+struct DataSet {
+    std::variant<AnimatedElementId, Section> shows;
+    const char *includeKey;
+    const char *caption;
 };
 
 // A choice shows its frame and include box, hides the other sets' and stops their animations.
-QList<SectionFrame> dataSetsOf(int page)
+QList<DataSet> dataSetsOf(EditorPage page)
 {
-    QList<SectionFrame> sets;
+    QList<DataSet> sets;
     for (AnimatedElementId i : animatedElementIds) {
-        const AnimatedElement &e = animatedElements[i];
-        if (int(e.page) == page)
-            sets.append({elementControls[i].frame, e.includeField, e.page, e.dataSet, i});
+        if (elementPages[i].page == page)
+            sets.append({i, animatedElements[i].includeField, elementPages[i].dataSet});
     }
     for (const SectionFrame &section : sectionFrames) {
-        if (section.dataSet && int(section.page) == page)
-            sets.append(section);
+        if (section.dataSet && section.page == page)
+            sets.append({section.section, includeKey(section.section), section.dataSet});
     }
     return sets;
 }
@@ -155,14 +160,6 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
     buildTimers();
     buildProblems();
     m_controls.fill(nullptr, qsizetype(themeFields().size()));
-    for (const SectionFrame &section : sectionFrames)
-        m_switchedFrames.append({section.frame, {&section.includeKey, 1}});
-    for (AnimatedElementId i : animatedElementIds) {
-        const AnimatedElement &e = animatedElements[i];
-        m_switchedFrames.append({elementControls[i].frame, {&e.includeField, 1}});
-        if (e.animatedFields[0])
-            m_switchedFrames.append({elementControls[i].aniFrame, e.animatedFields});
-    }
     setCentralWidget(buildPageArea());
     connect(&m_doc, &ThemeDocument::fieldChanged, this, &MainWindow::showFieldValue);
     connect(&m_doc, &ThemeDocument::stateChanged, this, &MainWindow::showTitle);
@@ -174,7 +171,7 @@ MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
         focusThemeName();
         emit themeOpened();
     });
-    buildPage(int(Page::General));
+    buildPage(Page::General);
 }
 
 MainWindow::~MainWindow()
@@ -184,12 +181,12 @@ MainWindow::~MainWindow()
 
 QString MainWindow::pageSlug(Page page)
 {
-    return QString::fromLatin1(pageRows[int(page)].slug);
+    return QString::fromLatin1(pageRows[page].slug);
 }
 
 const char *MainWindow::dataSetSelector(Page page)
 {
-    return pageRows[int(page)].selector;
+    return pageRows[page].selector;
 }
 
 void MainWindow::buildMenus()
@@ -231,11 +228,11 @@ void MainWindow::buildMenus()
 
     QMenu *data = menuBar()->addMenu(QStringLiteral("&Theme Data"));
     data->setObjectName(QStringLiteral("mnuData"));
-    for (int i = 0; i < pageCount; ++i) {
-        QAction *item = addItem(data, pageRows[i].menuItem, QString::fromLatin1(pageRows[i].menuCaption));
+    for (Page page : editorPages) {
+        QAction *item = addItem(data, pageRows[page].menuItem, QString::fromLatin1(pageRows[page].menuCaption));
         item->setCheckable(true);
-        connect(item, &QAction::triggered, this, [this, i] { showPage(Page(i)); });
-        m_pageActions[i] = item;
+        connect(item, &QAction::triggered, this, [this, page] { showPage(page); });
+        m_pageActions[page] = item;
     }
 
     // Pages in turn, as tabs elsewhere on the desktop: forward and back, wrapping round.
@@ -244,7 +241,10 @@ void MainWindow::buildMenus()
         auto *turn = new QAction(this);
         turn->setObjectName(QLatin1StringView(name));
         turn->setShortcuts(sequences);
-        connect(turn, &QAction::triggered, this, [this, step] { showPage(Page((int(m_page) + step + pageCount) % pageCount)); });
+        connect(turn, &QAction::triggered, this, [this, step] {
+            const int count = int(editorPageCount);
+            showPage(*editorPageAt((int(m_page) + step + count) % count));
+        });
         addAction(turn);
     }
 
@@ -352,16 +352,16 @@ void MainWindow::revealField(const QString &key)
         if (const AnimatedElement *element = elementOfField(key))
             control = m_controls.at(fieldIndex(element->imageField));
     }
-    for (int page = 0; page < pageCount; ++page) {
+    for (Page page : editorPages) {
         if (!m_panels[page]->isAncestorOf(control))
             continue;
-        showPage(Page(page));
-        const QList<SectionFrame> sets = dataSetsOf(page);
+        showPage(page);
+        const QList<DataSet> sets = dataSetsOf(page);
         for (int i = 0; i < sets.size(); ++i) {
-            auto *frame = findChild<QWidget *>(QLatin1StringView(sets[i].frame));
+            const QWidget *frame = dataSetFrame(page, i);
             const bool inSet = (frame && frame->isAncestorOf(control)) || fieldIndex(sets[i].includeKey) == index;
             if (inSet) {
-                if (QComboBox *combo = m_pages.selector(Page(page)))
+                if (QComboBox *combo = m_pages.selector(page))
                     combo->setCurrentIndex(i);
                 chooseDataSet(page, i);
             }
@@ -370,7 +370,7 @@ void MainWindow::revealField(const QString &key)
     }
     // A control switched off cannot take the focus: the switch that turns it on takes it.
     for (const SwitchedFrame &switched : std::as_const(m_switchedFrames)) {
-        const bool outermostOff = switched.frame && !switched.frame->isEnabled()
+        const bool outermostOff = !switched.frame->isEnabled()
             && switched.frame->parentWidget()->isEnabled() && switched.frame->isAncestorOf(control);
         if (outermostOff && switched.switches[0]) {
             control = m_controls.at(fieldIndex(switched.switches[0]));
@@ -393,21 +393,21 @@ QWidget *MainWindow::buildPageArea()
     m_tabs->setObjectName(QStringLiteral("tabMain"));
     m_tabs->setDrawBase(false);
     m_tabs->setExpanding(false);
-    for (int i = 0; i < pageCount; ++i) {
-        m_tabs->addTab(PageWidgets::editorIcon(pageRows[i].icon),
-                       QString::fromLatin1(pageRows[i].tabCaption));
-        m_tabs->setTabToolTip(i, QString::fromLatin1(pageRows[i].tabToolTip));
+    for (Page page : editorPages) {
+        const int tab = m_tabs->addTab(PageWidgets::editorIcon(pageRows[page].icon),
+                                       QString::fromLatin1(pageRows[page].tabCaption));
+        m_tabs->setTabToolTip(tab, QString::fromLatin1(pageRows[page].tabToolTip));
     }
     QStringList tabCaptions;
-    for (int i = 0; i < pageCount; ++i)
+    for (int i = 0; i < m_tabs->count(); ++i)
         tabCaptions.append(m_tabs->tabText(i));
     // Alt and a letter switch pages too, apart from the menu bar's letters.
     const QStringList lettered = Mnemonics::assign(tabCaptions, menuBarLetters());
-    for (int i = 0; i < pageCount; ++i)
+    for (int i = 0; i < m_tabs->count(); ++i)
         m_tabs->setTabText(i, lettered.at(i));
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) {
-        if (index >= 0 && index < pageCount)
-            showPage(Page(index));
+        if (const std::optional<Page> page = editorPageAt(index))
+            showPage(*page);
     });
     layout->addWidget(m_tabs);
 
@@ -423,11 +423,11 @@ QWidget *MainWindow::buildPageArea()
     return central;
 }
 
-void MainWindow::buildPage(int page)
+void MainWindow::buildPage(Page page)
 {
     if (m_panels[page])
         return;
-    switch (Page(page)) {
+    switch (page) {
     case Page::General: m_pages.general = createGeneralPage(); break;
     case Page::Interface: m_pages.iface = createInterfacePage(); break;
     case Page::Background: m_pages.background = createBackgroundPage(); break;
@@ -435,7 +435,7 @@ void MainWindow::buildPage(int page)
     case Page::Misc: m_pages.misc = createMiscPage(); break;
     case Page::Sounds: m_pages.sounds = createSoundPage(); break;
     }
-    QWidget *panel = m_pages.panel(Page(page));
+    QWidget *panel = m_pages.panel(page);
     panel->setVisible(false); // shown filled, so selectors size themselves to their items
     static_cast<QGridLayout *>(m_area->layout())->addWidget(panel, 0, 0);
     m_panels[page] = panel;
@@ -444,7 +444,7 @@ void MainWindow::buildPage(int page)
     if (needed > m_area->minimumWidth())
         m_area->setMinimumWidth(needed);
 
-    if (page == int(Page::General)) {
+    if (page == Page::General) {
         connect(m_pages.general.themeType, &QComboBox::currentIndexChanged, this, [this](int choice) {
             if (choice < 0)
                 return;
@@ -454,9 +454,15 @@ void MainWindow::buildPage(int page)
         connect(m_pages.general.generateDescription, &QPushButton::clicked, this,
                 [this] { m_doc.setText(FieldKey::description, generateDescription(m_doc)); });
     }
-    for (SwitchedFrame &switched : m_switchedFrames) {
-        if (!switched.frame)
-            switched.frame = panel->findChild<QWidget *>(QLatin1StringView(switched.name));
+    for (const SectionFrame &section : sectionFrames) {
+        if (section.page == page)
+            m_switchedFrames.append({{includeKey(section.section)}, m_pages.sectionFrame(section.section)});
+    }
+    for (const ElementFrame &frame : m_pages.elementFrames(page)) {
+        const AnimatedElement &e = animatedElements[frame.element];
+        m_switchedFrames.append({{e.includeField}, frame.frame});
+        if (e.animatedFields[0])
+            m_switchedFrames.append({std::to_array(e.animatedFields), frame.settings});
     }
     bindFields(panel);
     nameControls(panel);
@@ -467,8 +473,8 @@ void MainWindow::buildPage(int page)
     refreshSwitchedFrames();
     refreshThemeType();
 
-    emit pageBuilt(Page(page));
-    panel->setVisible(page == int(m_page));
+    emit pageBuilt(page);
+    panel->setVisible(page == m_page);
 }
 
 void MainWindow::nameControls(QWidget *panel)
@@ -494,7 +500,7 @@ QString MainWindow::menuBarLetters() const
     return letters;
 }
 
-void MainWindow::assignAccelerators(int page)
+void MainWindow::assignAccelerators(Page page)
 {
     // The menu bar's letters stay the menu bar's; the page's own controls share the rest.
     // Controls shown with every data set come first, then each set beside them.
@@ -506,9 +512,10 @@ void MainWindow::assignAccelerators(int page)
     QWidget *panel = m_panels[page];
     QList<QList<QWidget *>> sets;
     QList<QWidget *> setParts;
-    for (const SectionFrame &set : dataSetsOf(page)) {
-        auto *frame = panel->findChild<QWidget *>(QLatin1StringView(set.frame));
-        QWidget *include = m_controls.at(fieldIndex(set.includeKey));
+    const QList<DataSet> dataSets = dataSetsOf(page);
+    for (int i = 0; i < dataSets.size(); ++i) {
+        QWidget *frame = dataSetFrame(page, i);
+        QWidget *include = m_controls.at(fieldIndex(dataSets[i].includeKey));
         QList<QWidget *> controls = Mnemonics::captionedControls(frame);
         controls.prepend(include);
         sets.append(controls);
@@ -525,15 +532,15 @@ void MainWindow::assignAccelerators(int page)
 
 void MainWindow::buildAllPages()
 {
-    for (int page = 0; page < pageCount; ++page)
+    for (Page page : editorPages)
         buildPage(page);
 }
 
 void MainWindow::bindPages(QObject *context, const std::function<void(Page)> &bind)
 {
-    for (int page = 0; page < pageCount; ++page) {
+    for (Page page : editorPages) {
         if (m_panels[page])
-            bind(Page(page));
+            bind(page);
     }
     connect(this, &MainWindow::pageBuilt, context, bind);
 }
@@ -618,9 +625,9 @@ void MainWindow::showSwatch(int index)
         QStringLiteral("%1: %2").arg(fieldLabel(field), color ? text : QStringLiteral("no colour")));
 }
 
-void MainWindow::bindSelector(int page)
+void MainWindow::bindSelector(Page page)
 {
-    QComboBox *combo = m_pages.selector(Page(page));
+    QComboBox *combo = m_pages.selector(page);
     if (!combo)
         return;
     connect(combo, &QComboBox::currentIndexChanged, this, [this, page](int choice) {
@@ -631,10 +638,10 @@ void MainWindow::bindSelector(int page)
     showDataSet(page);
 }
 
-void MainWindow::fillSelector(QComboBox *combo, int page)
+void MainWindow::fillSelector(QComboBox *combo, Page page)
 {
-    for (const SectionFrame &set : dataSetsOf(page))
-        combo->addItem(QString::fromLatin1(set.dataSet));
+    for (const DataSet &set : dataSetsOf(page))
+        combo->addItem(QString::fromLatin1(set.caption));
     combo->setCurrentIndex(m_dataSetChoice[page]);
 }
 
@@ -646,8 +653,7 @@ void MainWindow::refreshSwitchedFrames()
             if (key && m_doc.isOn(QLatin1StringView(key)))
                 on = true;
         }
-        if (switched.frame)
-            switched.frame->setEnabled(on);
+        switched.frame->setEnabled(on);
     }
 }
 
@@ -667,26 +673,38 @@ void MainWindow::applyThemeTypeChoice()
     refreshThemeType();
 }
 
-void MainWindow::chooseDataSet(int page, int choice)
+void MainWindow::chooseDataSet(Page page, int choice)
 {
-    const QList<SectionFrame> sets = dataSetsOf(page);
+    const QList<DataSet> sets = dataSetsOf(page);
     if (choice < 0 || choice >= sets.size())
         return;
     m_dataSetChoice[page] = choice;
     showDataSet(page);
     for (int i = 0; i < sets.size(); ++i) {
-        if (i != choice && sets[i].element)
-            m_timers[*sets[i].element]->stop();
+        if (const auto *element = std::get_if<AnimatedElementId>(&sets[i].shows); element && i != choice)
+            m_timers[*element]->stop();
     }
 }
 
-void MainWindow::showDataSet(int page)
+QWidget *MainWindow::dataSetFrame(Page page, int choice) const
 {
-    const QList<SectionFrame> sets = dataSetsOf(page);
+    const QList<DataSet> sets = dataSetsOf(page);
+    if (const auto *section = std::get_if<Section>(&sets.at(choice).shows))
+        return m_pages.sectionFrame(*section);
+    for (const ElementFrame &frame : m_pages.elementFrames(page)) {
+        if (frame.element == std::get<AnimatedElementId>(sets.at(choice).shows))
+            return frame.frame;
+    }
+    return nullptr;
+}
+
+void MainWindow::showDataSet(Page page)
+{
+    const QList<DataSet> sets = dataSetsOf(page);
     for (int i = 0; i < sets.size(); ++i) {
         const bool shown = i == m_dataSetChoice[page];
         // A page not built yet shows the choice when it is.
-        if (auto *frame = findChild<QWidget *>(QLatin1StringView(sets[i].frame)))
+        if (QWidget *frame = dataSetFrame(page, i))
             frame->setVisible(shown);
         if (QWidget *box = m_controls.at(fieldIndex(sets[i].includeKey)))
             box->setVisible(shown);
@@ -695,25 +713,22 @@ void MainWindow::showDataSet(int page)
 
 void MainWindow::showPage(Page page)
 {
-    const int index = int(page);
-    if (index < 0 || index >= pageCount)
-        return;
     m_page = page;
-    buildPage(index);
-    for (int i = 0; i < pageCount; ++i) {
-        if (m_panels[i])
-            m_panels[i]->setVisible(i == index);
+    buildPage(page);
+    for (Page other : editorPages) {
+        if (m_panels[other])
+            m_panels[other]->setVisible(other == page);
     }
     applyWindowHeight();
     // A page leaves its own animations running, and those of elements that tick on it too.
     for (AnimatedElementId i : animatedElementIds) {
-        if (animatedElements[i].page != page && animatedElements[i].alsoTicksOn != page)
+        if (elementPages[i].page != page && elementPages[i].alsoTicksOn != page)
             m_timers[i]->stop();
     }
-    for (int i = 0; i < pageCount; ++i)
-        m_pageActions[i]->setChecked(i == index);
+    for (Page other : editorPages)
+        m_pageActions[other]->setChecked(other == page);
     const QSignalBlocker blocker(m_tabs);
-    m_tabs->setCurrentIndex(index);
+    m_tabs->setCurrentIndex(int(enumIndex(page)));
 }
 
 void MainWindow::applyWindowHeight()
@@ -724,7 +739,7 @@ void MainWindow::applyWindowHeight()
     m_area->layout()->activate();
     centralWidget()->layout()->activate();
     layout()->activate();
-    const int outer = qRound(pageRows[int(m_page)].heightTwips * logicalDpiY() / 1440.0);
+    const int outer = qRound(pageRows[m_page].heightTwips * logicalDpiY() / 1440.0);
     const int frame = frameGeometry().height() - geometry().height();
     const bool docked = m_problems && !m_problems->isHidden() && !m_problems->isFloating();
     if (!docked) {
@@ -767,11 +782,11 @@ void MainWindow::afterLoadOrSave(FileCommands::Done done)
     checkTheme();
 }
 
-void MainWindow::showRestoredTheme(std::optional<int> page)
+void MainWindow::showRestoredTheme(std::optional<Page> page)
 {
     m_history->restart();
-    if (page && *page >= 0 && *page < pageCount)
-        showPage(Page(*page));
+    if (page)
+        showPage(*page);
     // The author sees at once what the restored theme still lacks.
     checkTheme();
 }
@@ -789,18 +804,18 @@ void MainWindow::startUp()
     m_pages.general.themeType->setCurrentIndex(1);
 
     m_started = true;
-    for (int page = 0; page < pageCount; ++page) {
+    for (Page page : editorPages) {
         const char *selector = pageRows[page].selector;
         if (!selector)
             continue;
         chooseDataSet(page, 0); // also when the first item was already current
         // Pages not built yet fill their selector when they are.
-        if (QComboBox *combo = m_pages.selector(Page(page)))
+        if (QComboBox *combo = m_pages.selector(page))
             fillSelector(combo, page);
     }
 
     setStartUpState(m_doc);
-    showPage(Page(qMax(0, m_tabs->currentIndex())));
+    showPage(editorPageAt(m_tabs->currentIndex()).value_or(Page::General));
 }
 
 void MainWindow::showEvent(QShowEvent *event)

@@ -10,6 +10,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <span>
@@ -42,7 +43,6 @@ class MainWindow : public QMainWindow
 
 public:
     using Page = EditorPage;
-    static constexpr int pageCount = 6;
 
     explicit MainWindow(ThemeDocument &document, QWidget *parent = nullptr);
     ~MainWindow() override;
@@ -102,7 +102,7 @@ public:
      */
     void afterLoadOrSave(FileCommands::Done done);
     /** A theme brought back from a crash: a fresh history, the page it was on, checked at once. */
-    void showRestoredTheme(std::optional<int> page);
+    void showRestoredTheme(std::optional<Page> page);
 
     /** Opens the About window, or brings the open one forward. */
     void showAbout();
@@ -130,43 +130,45 @@ private:
     void buildTimers();
     void buildProblems();
     QWidget *buildPageArea();
-    void buildPage(int page);
+    void buildPage(Page page);
     void bindFields(QWidget *panel);
-    void bindSelector(int page);
-    void fillSelector(QComboBox *combo, int page);
+    void bindSelector(Page page);
+    void fillSelector(QComboBox *combo, Page page);
     void showSwatch(int index);
     /** Names for assistive technology where the page says nothing on its own. */
     void nameControls(QWidget *panel);
     /** Accelerator letters for the page's controls, data set by data set. */
-    void assignAccelerators(int page);
+    void assignAccelerators(Page page);
     QString menuBarLetters() const;
     /** "NAME.skt - Stakko Theme Maker", marked while there are unsaved changes. */
     void showTitle();
-    void showDataSet(int page);
+    void showDataSet(Page page);
     void showFieldValue(int index);
     void refreshSwitchedFrames();
     void refreshThemeType();
-    void chooseDataSet(int page, int choice);
+    void chooseDataSet(Page page, int choice);
     void applyWindowHeight();
+
+    /** The frame of data set \a choice of \a page, or nullptr while the page is not built. */
+    QWidget *dataSetFrame(Page page, int choice) const;
 
     // A frame that takes input exactly when one of its switches is 1; 2 (greyed) counts as off.
     struct SwitchedFrame {
-        const char *name;
-        std::span<const char *const> switches; // unused ones nullptr
-        QWidget *frame = nullptr;              // nullptr while its page is not built
+        std::array<const char *, 4> switches; // unused ones nullptr
+        QWidget *frame;
     };
 
     ThemeDocument &m_doc;
     Page m_page = Page::General;
     QTabBar *m_tabs = nullptr;
     QFrame *m_area = nullptr;
-    QWidget *m_panels[pageCount] = {};  // nullptr until first shown
-    QAction *m_pageActions[pageCount] = {};
+    EnumArray<Page, QWidget *, editorPageCount> m_panels{}; // nullptr until first shown
+    EnumArray<Page, QAction *, editorPageCount> m_pageActions{};
     ElementTable<TickTimer *> m_timers{};
     EditorPages m_pages;                // a page's part empty until it is built
     QList<QWidget *> m_controls;        // by field index; nullptr while its page is not built
-    QList<SwitchedFrame> m_switchedFrames;
-    int m_dataSetChoice[pageCount] = {};
+    QList<SwitchedFrame> m_switchedFrames; // of the pages built so far
+    EnumArray<Page, int, editorPageCount> m_dataSetChoice{}; // by place in the page's selector
     bool m_started = false;             // startUp() has filled the selectors
     QPointer<AboutWindow> m_about;
     BackgroundCheck *m_check = nullptr;

@@ -6,6 +6,7 @@
 #include "editor/controlnames.h"
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
+#include "preview/elementpreview.h"
 
 #include <QGroupBox>
 #include <QVBoxLayout>
@@ -21,7 +22,7 @@ QGroupBox *sharedPreview(PreviewSurface *&surface)
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 2, 6, 6);
     surface = new PreviewSurface(QLatin1StringView(elementControls[AnimatedElementId::Background].surface),
-                                       animatedElements[AnimatedElementId::Background].surfaceSize, PreviewSurface::Mode::Natural);
+                                       elementPreviews[AnimatedElementId::Background].surfaceSize, PreviewSurface::Mode::Natural);
     surface->setAccessibleName(QStringLiteral("Background preview"));
     layout->addWidget(surface);
     return box;

@@ -42,6 +42,7 @@ InterfacePage createInterfacePage()
     page->setObjectName(QStringLiteral("picIface"));
 
     QGroupBox *screens = frame("fraIface", QStringLiteral("Interface"));
+    bound.screensFrame = screens;
     auto *grid = new QGridLayout(screens);
     compact(grid);
     const int rows = int(interfaceRows.keys.size());

@@ -87,10 +87,10 @@ QGroupBox *miscImagesFrame(MiscPage &bound)
 MiscPage createMiscPage()
 {
     MiscPage bound;
-    QGroupBox *colors = colorFrame(bound);
-    QGroupBox *images = miscImagesFrame(bound);
+    bound.colorsFrame = colorFrame(bound);
+    bound.imagesFrame = miscImagesFrame(bound);
     static_cast<DataSetPage &>(bound) = dataSetPage(EditorPage::Misc, "picMisc", "cmbMisc",
                                                     {includeKey(Section::Colors), includeKey(Section::MiscImages)},
-                                                    {colors, images});
+                                                    {bound.colorsFrame, bound.imagesFrame});
     return bound;
 }

@@ -7,6 +7,8 @@
 
 #include <QList>
 
+#include <optional>
+
 class PreviewSurface;
 class QAbstractButton;
 class QComboBox;
@@ -14,6 +16,42 @@ class QGroupBox;
 class QLineEdit;
 class QPushButton;
 class QWidget;
+
+/** The editor's pages, in tab order. */
+enum class EditorPage { General, Interface, Background, Blocks, Misc, Sounds };
+
+inline constexpr std::size_t editorPageCount = enumIndex(EditorPage::Sounds) + 1;
+
+/** Every page, in tab order. */
+inline constexpr auto editorPages = enumValues<EditorPage, editorPageCount>();
+
+/** The page at tab \a index, or nothing outside the tabs. */
+constexpr std::optional<EditorPage> editorPageAt(int index)
+{
+    if (index < 0 || index >= int(editorPageCount))
+        return std::nullopt;
+    return EditorPage(index);
+}
+
+/** Where the editor shows an animated element: its page and its choice in the page's data-set selector. */
+struct ElementPage {
+    AnimatedElementId id;
+    EditorPage page;
+    const char *dataSet;     // "Internet Background"
+    EditorPage alsoTicksOn;  // showing this page leaves its tick running too
+};
+
+inline constexpr ElementTable<ElementPage> elementPages{{
+    {AnimatedElementId::Background, EditorPage::Background, "Background", EditorPage::Background},
+    // The Blocks page leaves it playing.
+    {AnimatedElementId::InternetBackground, EditorPage::Background, "Internet Background", EditorPage::Blocks},
+    {AnimatedElementId::Blocks, EditorPage::Blocks, "Game Blocks", EditorPage::Blocks},
+    {AnimatedElementId::NextBlock, EditorPage::Blocks, "Next Block Window", EditorPage::Blocks},
+    {AnimatedElementId::SpecialWindow, EditorPage::Blocks, "Special Window", EditorPage::Blocks},
+    {AnimatedElementId::Explosion, EditorPage::Misc, "Explosion", EditorPage::Misc},
+    {AnimatedElementId::Bomb, EditorPage::Misc, "Block Bomb", EditorPage::Misc},
+}};
+static_assert(rowsMatchKeys(elementPages));
 
 /** A row naming a file: its field's key and text box, its Browse and its preview or play button, if any. */
 struct FileRow {
@@ -27,6 +65,7 @@ struct FileRow {
 struct ElementFrame {
     AnimatedElementId element = AnimatedElementId::Background;
     QGroupBox *frame = nullptr;
+    QGroupBox *settings = nullptr; // the animation settings
     FileRow image;
     PreviewSurface *surface = nullptr; // shared by the elements of a page with one preview
 };
@@ -45,6 +84,7 @@ struct GeneralPage {
 /** The interface screens, each with Browse and Preview, and the display they show in. */
 struct InterfacePage {
     QWidget *panel = nullptr;
+    QGroupBox *screensFrame = nullptr;
     QList<FileRow> screens; // by row of interfaceRows
     PreviewSurface *display = nullptr;
 };
@@ -58,6 +98,8 @@ struct DataSetPage {
 
 /** The Misc page: its elements, the theme colours and the miscellaneous images with their display. */
 struct MiscPage : DataSetPage {
+    QGroupBox *colorsFrame = nullptr;
+    QGroupBox *imagesFrame = nullptr;
     QList<QAbstractButton *> colorButtons; // by row of colorRows
     QList<PreviewSurface *> swatches;
     QList<FileRow> images; // by row of miscImageRows
@@ -67,6 +109,8 @@ struct MiscPage : DataSetPage {
 /** The sounds with Browse and play buttons, and the music row (show: Play Music). */
 struct SoundPage {
     QWidget *panel = nullptr;
+    QGroupBox *soundsFrame = nullptr;
+    QGroupBox *musicFrame = nullptr;
     QList<FileRow> sounds; // by row of soundRows
     FileRow music;
 };
@@ -87,6 +131,8 @@ struct EditorPages {
     QList<FileRow> fileRows(EditorPage page) const;
     /** The animated elements' frames on \a page; empty while it is not built. */
     QList<ElementFrame> elementFrames(EditorPage page) const;
+    /** The frame holding \a section's fields, or nullptr (none of its own, or not built). */
+    QGroupBox *sectionFrame(Section section) const;
 };
 
 /**

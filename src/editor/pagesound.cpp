@@ -72,8 +72,10 @@ SoundPage createSoundPage()
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(switches);
-    layout->addWidget(soundFrame(bound));
-    layout->addWidget(musicFrame(bound));
+    bound.soundsFrame = soundFrame(bound);
+    bound.musicFrame = musicFrame(bound);
+    layout->addWidget(bound.soundsFrame);
+    layout->addWidget(bound.musicFrame);
     layout->addStretch(1);
     return bound;
 }

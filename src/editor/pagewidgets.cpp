@@ -5,6 +5,7 @@
 
 #include "theme/themefields.h"
 #include "editor/controlnames.h"
+#include "preview/elementpreview.h"
 #include "editor/previewsurface.h"
 
 #include <QCheckBox>
@@ -175,14 +176,14 @@ DataSetPage dataSetPage(EditorPage page, const char *panelName, const char *sele
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(4);
     grid->addWidget(dataSetRow(selector, built.selector), 0, 0);
-    for (const AnimatedElement &element : animatedElements) {
-        if (element.page == page)
-            grid->addWidget(fieldCheckBox(element.includeField), 0, 1);
+    for (AnimatedElementId element : animatedElementIds) {
+        if (elementPages[element].page == page)
+            grid->addWidget(fieldCheckBox(animatedElements[element].includeField), 0, 1);
     }
     for (const char *key : includeKeys)
         grid->addWidget(fieldCheckBox(key), 0, 1);
     for (AnimatedElementId element : animatedElementIds) {
-        if (animatedElements[element].page == page) {
+        if (elementPages[element].page == page) {
             built.elements.append(animatedFrame(element));
             grid->addWidget(built.elements.constLast().frame, 1, 0, 1, 2);
         }
@@ -242,9 +243,10 @@ QGroupBox *previewFrame(const ElementControls &names, QSize area, const QString 
 ElementFrame animatedFrame(AnimatedElementId element)
 {
     const AnimatedElement &e = animatedElements[element];
+    const ElementPreview &shown = elementPreviews[element];
     const ElementControls &names = elementControls[element];
-    QGroupBox *box = frame(names.frame, QString::fromLatin1(e.caption));
-    ElementFrame built{element, box, {e.imageField}};
+    QGroupBox *box = frame(names.frame, QString::fromLatin1(shown.caption));
+    ElementFrame built{element, box, nullptr, {e.imageField}};
 
     auto *fields = new QGridLayout;
     compact(fields);
@@ -278,9 +280,10 @@ ElementFrame animatedFrame(AnimatedElementId element)
     // Side by side: a frame is only as tall as its longest column.
     auto *columns = new QHBoxLayout(box);
     columns->addLayout(fields, 1);
-    columns->addWidget(animationSettings(e, names.aniFrame), 0, Qt::AlignTop);
+    built.settings = animationSettings(e, names.aniFrame);
+    columns->addWidget(built.settings, 0, Qt::AlignTop);
     if (names.previewFrame)
-        columns->addWidget(previewFrame(names, e.surfaceSize, QString::fromLatin1(e.caption), built.surface), 0, Qt::AlignTop);
+        columns->addWidget(previewFrame(names, shown.surfaceSize, QString::fromLatin1(shown.caption), built.surface), 0, Qt::AlignTop);
     return built;
 }
 
@@ -316,6 +319,18 @@ QList<ElementFrame> EditorPages::elementFrames(EditorPage page) const
     case EditorPage::Blocks: return blocks.elements;
     case EditorPage::Misc: return misc.elements;
     default: return {};
+    }
+}
+
+QGroupBox *EditorPages::sectionFrame(Section section) const
+{
+    switch (section) {
+    case Section::Interface: return iface.screensFrame;
+    case Section::Colors: return misc.colorsFrame;
+    case Section::MiscImages: return misc.imagesFrame;
+    case Section::Sounds: return sounds.soundsFrame;
+    case Section::Music: return sounds.musicFrame;
+    default: return nullptr;
     }
 }
 

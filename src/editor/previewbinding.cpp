@@ -11,6 +11,7 @@
 #include "editor/mainwindow.h"
 #include "editor/previewsurface.h"
 #include "editor/previewwindow.h"
+#include "preview/elementpreview.h"
 #include "preview/framesequence.h"
 #include "preview/loadprogress.h"
 
@@ -82,7 +83,8 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     connect(&window, &MainWindow::themeOpened, this, [this] {
         m_frames.clearSurfaces();
         m_stills.clear();
-        m_interfaceRow = m_miscRow = -1;
+        m_interfaceRow.reset();
+        m_miscRow.reset();
         watchShownFiles();
     });
 }
@@ -138,7 +140,7 @@ QString PreviewBinding::describeSurface(const PreviewSurface *surface) const
     if (!shown || surface->image().isNull())
         return surface->accessibleName() + QStringLiteral(", empty");
     return QStringLiteral("%1 preview, frame %2 of %3, %4")
-        .arg(QLatin1StringView(animatedElements[*shown].caption))
+        .arg(QLatin1StringView(elementPreviews[*shown].caption))
         .arg(m_frames.shownFrame(*shown))
         .arg(m_frames.frameCount(*shown))
         .arg(m_frames.timer(*shown)->isActive() ? QStringLiteral("playing") : QStringLiteral("paused"));
@@ -154,13 +156,13 @@ void PreviewBinding::showTrouble(const QString &text)
 
 QString PreviewBinding::missingFrame(AnimatedElementId element) const
 {
-    const AnimatedElement &e = animatedElements[element];
-    const QString imageText = m_doc.value(QLatin1StringView(e.imageField));
+    const QString imageText = m_doc.value(QLatin1StringView(animatedElements[element].imageField));
+    const char *caption = elementPreviews[element].caption;
     const auto sequence = FrameSequence::fromImageText(imageText);
     if (!sequence) {
-        return imageText.isEmpty() ? QStringLiteral("%1: no image is chosen").arg(QLatin1StringView(e.caption))
+        return imageText.isEmpty() ? QStringLiteral("%1: no image is chosen").arg(QLatin1StringView(caption))
                                    : QStringLiteral("%1: \"%2\" names no frame file (it has no extension)")
-                                         .arg(QLatin1StringView(e.caption), imageText);
+                                         .arg(QLatin1StringView(caption), imageText);
     }
     if (!m_frames.timer(element)->isActive())
         return {};
@@ -172,7 +174,7 @@ QString PreviewBinding::missingFrame(AnimatedElementId element) const
         if (trouble) {
             return QStringLiteral("Frame %1 of %2 %3: %4")
                 .arg(n)
-                .arg(QLatin1StringView(e.caption), QLatin1StringView(trouble), QDir::toNativeSeparators(file));
+                .arg(QLatin1StringView(caption), QLatin1StringView(trouble), QDir::toNativeSeparators(file));
         }
     }
     return {};
@@ -190,10 +192,10 @@ void PreviewBinding::watchShownFiles()
         if (m_frames.timer(element)->isActive())
             files += m_frames.stripFiles(element);
     }
-    if (m_interfaceRow >= 0)
-        files << stillFile(interfaceRowKeys[m_interfaceRow]);
-    if (m_miscRow >= 0)
-        files << stillFile(miscImageKeys[m_miscRow]);
+    if (m_interfaceRow)
+        files << stillFile(interfaceRowKeys[*m_interfaceRow]);
+    if (m_miscRow)
+        files << stillFile(miscImageKeys[*m_miscRow]);
     m_watch.setFiles(files);
 }
 
@@ -206,10 +208,10 @@ void PreviewBinding::reloadChanged(const QStringList &files)
         if (touched(m_frames.stripFiles(element)))
             m_dialogs.show(m_frames.reloadStrip(element));
     }
-    if (m_interfaceRow >= 0 && touched({stillFile(interfaceRowKeys[m_interfaceRow])}))
-        m_stills.showInterfaceScreenPreview(m_interfaceRow); // a file still being replaced keeps the picture
-    if (m_miscRow >= 0 && touched({stillFile(miscImageKeys[m_miscRow])}))
-        m_stills.showMiscImagePreview(m_miscRow);
+    if (m_interfaceRow && touched({stillFile(interfaceRowKeys[*m_interfaceRow])}))
+        m_stills.showInterfaceScreenPreview(*m_interfaceRow); // a file still being replaced keeps the picture
+    if (m_miscRow && touched({stillFile(miscImageKeys[*m_miscRow])}))
+        m_stills.showMiscImagePreview(*m_miscRow);
     watchShownFiles();
 }
 

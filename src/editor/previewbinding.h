@@ -4,6 +4,7 @@
 #pragma once
 
 #include "preview/filewatch.h"
+#include "editor/pages.h"
 #include "theme/animatedelement.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
@@ -15,6 +16,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <variant>
 
 class EditorDialogs;
@@ -80,8 +82,8 @@ private:
     StillPreviews m_stills;
     std::unique_ptr<LoadProgress> m_progress;
     FileWatch m_watch;
-    int m_interfaceRow = -1; // the still previews' rows shown last
-    int m_miscRow = -1;
+    std::optional<int> m_interfaceRow; // the still previews' rows shown last, if any since the theme opened
+    std::optional<int> m_miscRow;
     ElementTable<QPointer<PreviewWindow>> m_elementWindows;
     EnumArray<StillWindow, QPointer<PreviewWindow>, 2> m_stillWindows;
     QHash<QObject *, PreviewTarget> m_zoomable; // preview displays, with what they open

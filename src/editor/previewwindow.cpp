@@ -4,6 +4,7 @@
 #include "editor/previewwindow.h"
 
 #include "theme/animatedelement.h"
+#include "preview/elementpreview.h"
 #include "preview/framepreviews.h"
 #include "preview/ticktimer.h"
 #include "editor/previewsurface.h"
@@ -73,7 +74,7 @@ PreviewWindow::PreviewWindow(FramePreviews &frames, AnimatedElementId element, Q
     : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(windowPixels(frames.surfaceImage(element)))
 {
     // The picture comes first: the canvas takes its size from it when it is built.
-    build(QString::fromLatin1(animatedElements[element].caption));
+    build(QString::fromLatin1(elementPreviews[element].caption));
     connect(&frames, &FramePreviews::surfaceChanged, this, [this](AnimatedElementId changed, const QImage &image) {
         if (changed == m_element)
             setImage(image);

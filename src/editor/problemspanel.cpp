@@ -3,6 +3,7 @@
 
 #include "editor/problemspanel.h"
 
+#include "preview/elementpreview.h"
 #include "theme/animatedelement.h"
 #include "theme/themefields.h"
 
@@ -33,7 +34,7 @@ QString shownField(const QString &key)
     if (index < 0)
         return key;
     const AnimatedElement *element = elementOfField(key);
-    return element ? QStringLiteral("%1 (%2)").arg(fieldLabel(index), QLatin1StringView(element->caption))
+    return element ? QStringLiteral("%1 (%2)").arg(fieldLabel(index), QLatin1StringView(elementPreviews[element->id].caption))
                    : fieldLabel(index);
 }
 

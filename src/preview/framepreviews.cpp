@@ -4,6 +4,7 @@
 #include "preview/framepreviews.h"
 
 #include "theme/themedocument.h"
+#include "preview/elementpreview.h"
 #include "preview/framesequence.h"
 #include "preview/framesettings.h"
 #include "preview/framestrip.h"
@@ -121,12 +122,12 @@ void FramePreviews::clearSurfaces()
 
 FramePreviews::Strip &FramePreviews::stripOf(AnimatedElementId element)
 {
-    return m_strips[animatedElements[element].strip == FrameStripId::Background ? 0 : 1];
+    return m_strips[elementPreviews[element].strip == FrameStripId::Background ? 0 : 1];
 }
 
 const FramePreviews::Strip &FramePreviews::stripOf(AnimatedElementId element) const
 {
-    return m_strips[animatedElements[element].strip == FrameStripId::Background ? 0 : 1];
+    return m_strips[elementPreviews[element].strip == FrameStripId::Background ? 0 : 1];
 }
 
 const QImage &FramePreviews::strip(AnimatedElementId element)
@@ -137,7 +138,7 @@ const QImage &FramePreviews::strip(AnimatedElementId element)
 
 QImage FramePreviews::surfaceImage(AnimatedElementId element) const
 {
-    return m_surfaces[animatedElements[element].surface].image;
+    return m_surfaces[elementPreviews[element].surface].image;
 }
 
 Report FramePreviews::startFramePreview(AnimatedElementId element)
@@ -198,7 +199,7 @@ Result<bool> FramePreviews::startLoad(AnimatedElementId element, double frameCou
     const QString tooLarge =
         QStringLiteral("The %1 animation is too large to preview: %2 frames need more than "
                        "1 GiB of memory.")
-            .arg(QString::fromLatin1(e.caption), m_doc.value(m_fields[element].frameCount).trimmed());
+            .arg(QString::fromLatin1(elementPreviews[element].caption), m_doc.value(m_fields[element].frameCount).trimmed());
     if (FrameStrip::bytesNeeded(e, frameCount) > FrameStrip::maximumBytes)
         return Result<bool>::fail(tooLarge, QString::fromLatin1(e.frameCountField));
     finishLoading(); // one load at a time: the one running ends first
@@ -273,7 +274,7 @@ void FramePreviews::takeArrivals(bool waitForOne)
         const quint32 elapsed = m_clock() - load.started;
         const double left = double(elapsed) * double(loader.count() - done) / double(std::max<qint64>(done, 1));
         if (!load.showing && elapsed >= progressDelayMs && left >= shortestProgressMs) {
-            m_progress->begin(QString::fromLatin1(animatedElements[load.element].caption), loader.count());
+            m_progress->begin(QString::fromLatin1(elementPreviews[load.element].caption), loader.count());
             load.showing = true;
         }
         if (load.showing) {
@@ -403,7 +404,7 @@ void FramePreviews::advance(AnimatedElementId element, quint32 now)
 
 bool FramePreviews::surfaceShows(AnimatedElementId element, qint64 slot) const
 {
-    const Surface &surface = m_surfaces[animatedElements[element].surface];
+    const Surface &surface = m_surfaces[elementPreviews[element].surface];
     return surface.drawnAny && surface.drawn == DrawnFrame{element, stripOf(element).generation, slot};
 }
 
@@ -463,9 +464,9 @@ void FramePreviews::wakeOthersOnSurface(AnimatedElementId element)
 {
     // Another element showing on the same surface draws its own frame over this one on its
     // next tick, as it would if it ticked every millisecond.
-    const AnimatedElementId surface = animatedElements[element].surface;
+    const AnimatedElementId surface = elementPreviews[element].surface;
     for (AnimatedElementId other : animatedElementIds) {
-        if (other != element && animatedElements[other].surface == surface)
+        if (other != element && elementPreviews[other].surface == surface)
             wake(other);
     }
 }
@@ -483,7 +484,7 @@ void FramePreviews::fieldChanged(int index)
 
 qint64 FramePreviews::shownFrame(AnimatedElementId element) const
 {
-    const Surface &surface = m_surfaces[animatedElements[element].surface];
+    const Surface &surface = m_surfaces[elementPreviews[element].surface];
     return surface.drawnAny && surface.drawn.element == element ? surface.drawn.slot + 1 : 0;
 }
 
@@ -512,7 +513,7 @@ bool FramePreviews::draw(AnimatedElementId element, qint64 slot)
     if (!slotReady(element, slot))
         return false;
     Strip &strip = stripOf(element);
-    Surface &surface = m_surfaces[animatedElements[element].surface];
+    Surface &surface = m_surfaces[elementPreviews[element].surface];
     const AnimatedElement &e = animatedElements[element];
     if (const QImage *view = viewOf(strip, e, slot)) {
         surface.image = *view;
@@ -521,8 +522,8 @@ bool FramePreviews::draw(AnimatedElementId element, qint64 slot)
         const size_t index = size_t(surface.nextBuffer);
         surface.nextBuffer = 1 - surface.nextBuffer;
         QImage &target = surface.buffers[index];
-        if (target.size() != e.surfaceSize) {
-            target = QImage(e.surfaceSize, QImage::Format_RGB888);
+        if (target.size() != elementPreviews[element].surfaceSize) {
+            target = QImage(elementPreviews[element].surfaceSize, QImage::Format_RGB888);
             surface.bufferDrawnBy[index].reset();
         }
         // Around its frame, an element leaves the surface cleared: a 96 x 176 corner then
@@ -544,7 +545,7 @@ const QImage *FramePreviews::viewOf(Strip &strip, const AnimatedElement &e, qint
 {
     // A view shows what drawSlot() would copy only where the surface lies inside the frame
     // and the frame inside the strip; elsewhere the surface needs cleared pixels of its own.
-    const QSize size = e.surfaceSize;
+    const QSize size = elementPreviews[e.id].surfaceSize;
     const qint64 top = slot * e.frame.height();
     if (slot < 0 || size.width() > e.frame.width() || size.height() > e.frame.height()
         || size.width() > strip.image.width() || top + size.height() > strip.image.height())

@@ -10,12 +10,6 @@
 #include <QLatin1StringView>
 #include <QSize>
 
-/** The editor's pages, in tab order. */
-enum class EditorPage { General, Interface, Background, Blocks, Misc, Sounds };
-
-/** The two off-screen frame strips; elements of one strip never play at the same time. */
-enum class FrameStripId { Background, Blocks };
-
 /** The animated theme elements: the key of every table with a row per element. */
 enum class AnimatedElementId { Background, InternetBackground, Blocks, NextBlock, SpecialWindow, Explosion, Bomb };
 
@@ -40,12 +34,12 @@ constexpr bool rowsMatchKeys(const ElementTable<T> &table)
 }
 
 /**
- * One animated theme element: its document fields (from the field table), the geometry of its frames and where the
- * editor shows it. nullptr marks a field the element lacks.
+ * One animated theme element: its document fields (from the field table) and the geometry of its frames in the
+ * game. nullptr marks a field the element lacks. How the editor names and shows it is the preview's and the
+ * editor's own tables' business (preview/elementpreview.h, editor/pages.h).
  */
 struct AnimatedElement {
     AnimatedElementId id;
-    const char *caption;            // "Game Background"
     const char *includeField;       // "includebackground"
     const char *animatedFields[4];  // the preview obeys the first, any opens the settings; none: always animated
     const char *imageField;         // "bgimage": the file of frame 1
@@ -57,55 +51,30 @@ struct AnimatedElement {
     const char *delayField;         // milliseconds
     const char *reverseField;       // nullptr: forward only
     const char *transparencyField;
-    FrameStripId strip;
-    AnimatedElementId surface;      // the element whose preview surface it plays in
-    QSize surfaceSize;              // the visible area of the surface
     QSize frame;                    // frame rectangle; frame n lies at (0, (n - 1) * height)
     int stripWidth;
     int stripHeightPerFrame;        // the strip is sized this times the number of frames
-    EditorPage page;                // with its data-set choice, where the editor shows it
-    const char *dataSet;            // "Internet Background"
-    EditorPage alsoTicksOn;         // showing this page leaves its tick running too
 };
 
 /** The element of frame-sequence \a section: its fields found in the field table by their roles. */
-constexpr AnimatedElement animatedElement(AnimatedElementId id, const char *caption, Section section, FrameStripId strip,
-                                          AnimatedElementId surface, QSize surfaceSize, QSize frame, int stripWidth,
-                                          int stripHeightPerFrame, EditorPage page, const char *dataSet,
-                                          EditorPage alsoTicksOn)
+constexpr AnimatedElement animatedElement(AnimatedElementId id, Section section, QSize frame, int stripWidth,
+                                          int stripHeightPerFrame)
 {
     using enum FieldRole;
     const auto role = [section](FieldRole r, int nth = 0) { return fieldWithRole(section, r, nth); };
-    return {id, caption, role(Include), {role(Animated), role(Animated, 1), role(Animated, 2), role(Animated, 3)},
+    return {id, role(Include), {role(Animated), role(Animated, 1), role(Animated, 2), role(Animated, 3)},
             role(Image), role(Root), role(Extension), role(FrameCount), role(StartingFrame), role(StillFrame),
-            role(Delay), role(Reverse), role(Transparency), strip, surface, surfaceSize, frame, stripWidth,
-            stripHeightPerFrame, page, dataSet, alsoTicksOn};
+            role(Delay), role(Reverse), role(Transparency), frame, stripWidth, stripHeightPerFrame};
 }
 
 inline constexpr ElementTable<AnimatedElement> animatedElements{{
-    animatedElement(AnimatedElementId::Background, "Game Background", Section::Background,
-                    FrameStripId::Background, AnimatedElementId::Background, QSize(192, 352), QSize(192, 352), 192, 352,
-                    EditorPage::Background, "Background", EditorPage::Background),
-    // Drawn into the top-left corner of the background's surface; the Blocks page leaves it playing.
-    animatedElement(AnimatedElementId::InternetBackground, "Game Internet Background", Section::InternetBackground,
-                    FrameStripId::Background, AnimatedElementId::Background, QSize(192, 352), QSize(96, 176), 97, 177,
-                    EditorPage::Background, "Internet Background", EditorPage::Blocks),
-    animatedElement(AnimatedElementId::Blocks, "Game Blocks", Section::Blocks,
-                    FrameStripId::Blocks, AnimatedElementId::Blocks, QSize(96, 80), QSize(96, 80), 98, 80,
-                    EditorPage::Blocks, "Game Blocks", EditorPage::Blocks),
-    animatedElement(AnimatedElementId::NextBlock, "Next Block Window", Section::NextWindow,
-                    FrameStripId::Blocks, AnimatedElementId::NextBlock, QSize(77, 77), QSize(77, 77), 78, 78,
-                    EditorPage::Blocks, "Next Block Window", EditorPage::Blocks),
-    animatedElement(AnimatedElementId::SpecialWindow, "Special Window", Section::SpecialWindow,
-                    FrameStripId::Blocks, AnimatedElementId::SpecialWindow, QSize(160, 16), QSize(160, 16), 161, 17,
-                    EditorPage::Blocks, "Special Window", EditorPage::Blocks),
-    animatedElement(AnimatedElementId::Explosion, "Explosion", Section::Explosion,
-                    FrameStripId::Blocks, AnimatedElementId::Explosion, QSize(192, 64), QSize(192, 64), 193, 65,
-                    EditorPage::Misc, "Explosion", EditorPage::Misc),
-    // The bomb surface shows only the left 64 columns of each frame.
-    animatedElement(AnimatedElementId::Bomb, "Block Bomb", Section::Bomb,
-                    FrameStripId::Blocks, AnimatedElementId::Bomb, QSize(64, 64), QSize(192, 64), 193, 65,
-                    EditorPage::Misc, "Block Bomb", EditorPage::Misc),
+    animatedElement(AnimatedElementId::Background, Section::Background, QSize(192, 352), 192, 352),
+    animatedElement(AnimatedElementId::InternetBackground, Section::InternetBackground, QSize(96, 176), 97, 177),
+    animatedElement(AnimatedElementId::Blocks, Section::Blocks, QSize(96, 80), 98, 80),
+    animatedElement(AnimatedElementId::NextBlock, Section::NextWindow, QSize(77, 77), 78, 78),
+    animatedElement(AnimatedElementId::SpecialWindow, Section::SpecialWindow, QSize(160, 16), 161, 17),
+    animatedElement(AnimatedElementId::Explosion, Section::Explosion, QSize(192, 64), 193, 65),
+    animatedElement(AnimatedElementId::Bomb, Section::Bomb, QSize(192, 64), 193, 65),
 }};
 static_assert(rowsMatchKeys(animatedElements));
 

@@ -15,6 +15,7 @@
 #include "editor/mnemonics.h"
 #include "editor/previewsurface.h"
 #include "editor/problemspanel.h"
+#include "preview/elementpreview.h"
 #include "preview/ticktimer.h"
 
 #include <QAbstractScrollArea>
@@ -107,19 +108,19 @@ private:
     void forEveryPageAndDataSet(const std::function<void(const QString &, const QList<QWidget *> &)> &visit)
     {
         window->buildAllPages();
-        for (int page = 0; page < MainWindow::pageCount; ++page) {
-            window->showPage(MainWindow::Page(page));
-            const char *selector = MainWindow::dataSetSelector(MainWindow::Page(page));
+        for (EditorPage page : editorPages) {
+            window->showPage(page);
+            const char *selector = MainWindow::dataSetSelector(page);
             auto *combo = selector ? control<QComboBox>(QLatin1StringView(selector)) : nullptr;
             for (int set = 0; set < (combo ? combo->count() : 1); ++set) {
                 if (combo)
                     combo->setCurrentIndex(set);
                 QList<QWidget *> shown;
-                for (QWidget *w : control(panels.at(page))->findChildren<QWidget *>()) {
+                for (QWidget *w : control(panels.at(qsizetype(enumIndex(page))))->findChildren<QWidget *>()) {
                     if (w->isVisibleTo(window.get()))
                         shown.append(w);
                 }
-                visit(panels.at(page) + (combo ? u'/' + combo->currentText() : QString()), shown);
+                visit(panels.at(qsizetype(enumIndex(page))) + (combo ? u'/' + combo->currentText() : QString()), shown);
             }
         }
     }
@@ -581,7 +582,7 @@ private slots:
         const AnimatedElement *element = elementOfField(key);
         const QString label = fieldLabel(fieldIndex(key));
         QCOMPARE(rows.first()->text(1),
-                 element ? QStringLiteral("%1 (%2)").arg(label, QLatin1StringView(element->caption)) : label);
+                 element ? QStringLiteral("%1 (%2)").arg(label, QLatin1StringView(elementPreviews[element->id].caption)) : label);
         QVERIFY(!label.endsWith(u':'));
         list->scrollToItem(rows.first());
         // A double-click is a click, then the second press that the view reads as one.
@@ -837,7 +838,7 @@ private slots:
         QSignalSpy finished(&window->themeCheck(), &BackgroundCheck::finished);
         doc->setText(u"bgframecount", QStringLiteral("x"));
         doc->setNumber(u"includebackground", 1);
-        window->showRestoredTheme(int(MainWindow::Page::Background));
+        window->showRestoredTheme(MainWindow::Page::Background);
         QCOMPARE(window->currentPage(), MainWindow::Page::Background);
         QVERIFY(finished.wait());
         auto *count = control<QToolButton>(ProblemsPanel::countName);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "common/pathlookup.h"
+#include "preview/elementpreview.h"
 #include "preview/framesequence.h"
 #include "preview/framestrip.h"
 #include "preview/loadingsurface.h"
@@ -325,7 +326,7 @@ private slots:
         for (AnimatedElementId element : {Background, InternetBackground, Blocks, SpecialWindow}) {
             for (const auto &[name, format] : formats) {
                 for (QSize size : sizes) {
-                    QTest::addRow("%s %s %dx%d", animatedElements[element].caption, name,
+                    QTest::addRow("%s %s %dx%d", elementPreviews[element].caption, name,
                                   size.width(), size.height())
                         << element << pattern(size, format);
                 }

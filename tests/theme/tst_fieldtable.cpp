@@ -113,7 +113,7 @@ void FieldTableTest::animatedElementsFindTheirFieldsInTheirSection()
         const Section section = fieldSpec(e.includeField).section;
         QCOMPARE(animationOf(themeSection(section)), &e);
         for (const char *field : {e.imageField, e.rootField, e.extensionField, e.frameCountField, e.delayField}) {
-            QVERIFY2(field, e.caption);
+            QVERIFY2(field, e.includeField);
             QCOMPARE(fieldSpec(field).section, section);
         }
     }
