@@ -7,6 +7,7 @@
 #include "theme/themefields.h"
 
 #include <QAnyStringView>
+#include <QCoreApplication>
 #include <QLatin1StringView>
 #include <QSize>
 
@@ -83,31 +84,37 @@ constexpr AnimatedElement animatedElement(AnimatedElementId id, const char *capt
 }
 
 inline constexpr ElementTable<AnimatedElement> animatedElements{{
-    animatedElement(AnimatedElementId::Background, "Game Background", Section::Background,
+    animatedElement(AnimatedElementId::Background, QT_TRANSLATE_NOOP("AnimatedElement", "Game Background"), Section::Background,
                     FrameStripId::Background, AnimatedElementId::Background, QSize(192, 352), QSize(192, 352), 192, 352,
                     EditorPage::Background, "Background", EditorPage::Background),
     // Drawn into the top-left corner of the background's surface; the Blocks page leaves it playing.
-    animatedElement(AnimatedElementId::InternetBackground, "Game Internet Background", Section::InternetBackground,
+    animatedElement(AnimatedElementId::InternetBackground, QT_TRANSLATE_NOOP("AnimatedElement", "Game Internet Background"), Section::InternetBackground,
                     FrameStripId::Background, AnimatedElementId::Background, QSize(192, 352), QSize(96, 176), 97, 177,
                     EditorPage::Background, "Internet Background", EditorPage::Blocks),
-    animatedElement(AnimatedElementId::Blocks, "Game Blocks", Section::Blocks,
+    animatedElement(AnimatedElementId::Blocks, QT_TRANSLATE_NOOP("AnimatedElement", "Game Blocks"), Section::Blocks,
                     FrameStripId::Blocks, AnimatedElementId::Blocks, QSize(96, 80), QSize(96, 80), 98, 80,
                     EditorPage::Blocks, "Game Blocks", EditorPage::Blocks),
-    animatedElement(AnimatedElementId::NextBlock, "Next Block Window", Section::NextWindow,
+    animatedElement(AnimatedElementId::NextBlock, QT_TRANSLATE_NOOP("AnimatedElement", "Next Block Window"), Section::NextWindow,
                     FrameStripId::Blocks, AnimatedElementId::NextBlock, QSize(77, 77), QSize(77, 77), 78, 78,
                     EditorPage::Blocks, "Next Block Window", EditorPage::Blocks),
-    animatedElement(AnimatedElementId::SpecialWindow, "Special Window", Section::SpecialWindow,
+    animatedElement(AnimatedElementId::SpecialWindow, QT_TRANSLATE_NOOP("AnimatedElement", "Special Window"), Section::SpecialWindow,
                     FrameStripId::Blocks, AnimatedElementId::SpecialWindow, QSize(160, 16), QSize(160, 16), 161, 17,
                     EditorPage::Blocks, "Special Window", EditorPage::Blocks),
-    animatedElement(AnimatedElementId::Explosion, "Explosion", Section::Explosion,
+    animatedElement(AnimatedElementId::Explosion, QT_TRANSLATE_NOOP("AnimatedElement", "Explosion"), Section::Explosion,
                     FrameStripId::Blocks, AnimatedElementId::Explosion, QSize(192, 64), QSize(192, 64), 193, 65,
                     EditorPage::Misc, "Explosion", EditorPage::Misc),
     // The bomb surface shows only the left 64 columns of each frame.
-    animatedElement(AnimatedElementId::Bomb, "Block Bomb", Section::Bomb,
+    animatedElement(AnimatedElementId::Bomb, QT_TRANSLATE_NOOP("AnimatedElement", "Block Bomb"), Section::Bomb,
                     FrameStripId::Blocks, AnimatedElementId::Bomb, QSize(64, 64), QSize(192, 64), 193, 65,
                     EditorPage::Misc, "Block Bomb", EditorPage::Misc),
 }};
 static_assert(rowsMatchKeys(animatedElements));
+
+/** How messages and the editor name element \a id ("Game Background"), in the user's language. */
+inline QString elementCaption(AnimatedElementId id)
+{
+    return QCoreApplication::translate("AnimatedElement", animatedElements[id].caption);
+}
 
 /** The element whose frame root is the field \a rootField ("bgfilename"), or nullptr. */
 inline const AnimatedElement *elementWithRoot(QAnyStringView rootField)
