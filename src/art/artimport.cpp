@@ -186,7 +186,7 @@ private:
     {
         if (m_target.section->typeOneOnly && m_doc.number(FieldKey::themeType) != 1) {
             m_report.error(QCoreApplication::translate("ArtImport", "%1 needs Theme Type 1: a Theme Type 0 theme holds only interface "
-                                          "screens, sounds and music.").arg(m_target.label()),
+                                                                    "screens, sounds and music.").arg(m_target.label()),
                            QLatin1StringView(FieldKey::themeType));
             return false;
         }

@@ -233,13 +233,13 @@ private:
         if (count >= unreached)
             add(Severity::Warning, "frame-limit", QLatin1StringView(e.frameCountField), {},
                 QCoreApplication::translate("ThemeChecker", "%1 frames from frame %2 on lie beyond the reach of a 16-bit strip offset: "
-                               "the game cannot show them")
+                                                            "the game cannot show them")
                     .arg(elementCaption(e.id))
                     .arg(unreached));
         if (startRead && double(settings.startingFrame) > settings.frameCount)
             add(Severity::Warning, "start-beyond-count", QLatin1StringView(e.startingFrameField), {},
                 QCoreApplication::translate("ThemeChecker", "Starting frame %1 lies above the number of frames (%2): the animation stays on "
-                               "one frame")
+                                                            "one frame")
                     .arg(settings.startingFrame)
                     .arg(count));
     }
@@ -251,7 +251,7 @@ private:
         if (!value.isEmpty() && !colorOfText(value))
             add(Severity::Error, "colour-invalid", QLatin1StringView(key), {},
                 QCoreApplication::translate("ThemeChecker", "\"%1\" is no colour: three whole numbers from 0 to 255 separated by commas, "
-                               "without blanks")
+                                                            "without blanks")
                     .arg(value));
     }
 
@@ -263,7 +263,7 @@ private:
         if (!AnsiText::encode(value, &bytes, &bad)) {
             add(Severity::Error, "text-not-ansi", QLatin1StringView(key), {},
                 QCoreApplication::translate("ThemeChecker", "The character \"%1\" (U+%2) cannot be stored in a theme file: the theme cannot "
-                               "be saved")
+                                                            "be saved")
                     .arg(value.at(bad))
                     .arg(QString::number(value.at(bad).unicode(), 16).toUpper().rightJustified(4, u'0')));
             return;
@@ -370,7 +370,7 @@ private:
             if (const auto earlier = seen.constFind(name); earlier != seen.cend())
                 add(Severity::Warning, "name-collision", field, path,
                     QCoreApplication::translate("ThemeChecker", "Package entries \"%1\" and \"%2\" differ only in letter case: on Windows "
-                                   "one hides the other")
+                                                                "one hides the other")
                         .arg(*earlier, entry));
             else
                 seen.insert(name, entry);

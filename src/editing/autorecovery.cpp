@@ -95,7 +95,7 @@ Report AutoRecovery::announceOldKeptFiles(const QString &folder)
     if (fresh.isEmpty())
         return report;
     const QString text = QCoreApplication::translate("AutoRecovery", "Stakko Theme Maker was closed by the system with unsaved changes. "
-                                        "They were kept in:\n%1\nLoad %2 to get them back.")
+                                                                     "They were kept in:\n%1\nLoad %2 to get them back.")
                              .arg(fresh.join(u'\n'), fresh.size() == 1 ? QCoreApplication::translate("AutoRecovery", "that file")
                                                                         : QCoreApplication::translate("AutoRecovery", "those files"));
     report.add({Problem::Severity::Information, text, {}, folder, {}, QCoreApplication::translate("AutoRecovery", "Unsaved Changes Kept")});

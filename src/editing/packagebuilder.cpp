@@ -70,7 +70,7 @@ public:
     {
         if (m_doc.number(FieldKey::themeType) != 1) {
             m_report.error(QCoreApplication::translate("PackageBuilder", "A Theme Type 0 theme has no resource package: choose Theme Type 1 to "
-                                          "build one."),
+                                                                         "build one."),
                            QLatin1StringView(FieldKey::themeType));
             return m_report;
         }

@@ -137,7 +137,7 @@ Result<void> writePackageEntries(const QString &zipPath, const QList<PackageEntr
         const std::optional<QStringList> parts = entryNameParts(entry.name);
         if (!parts || parts->isEmpty())
             return failure(QCoreApplication::translate("PackageWriter", "%1 cannot be stored in a package: the name points outside the "
-                                          "folder it unpacks into.")
+                                                                        "folder it unpacks into.")
                                .arg(entry.name));
     }
     SafeFile out(zipPath);

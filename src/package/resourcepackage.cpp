@@ -143,7 +143,7 @@ OpenedPackageFolder openPackageFolder(const QString &packagePath)
         opened.folder = std::move(own->folder);
         if (!refused.isEmpty())
             opened.notice = QCoreApplication::translate("ResourcePackage", "The shared folder cannot be used safely (%1), so the package "
-                                           "is unpacked in %2 instead.")
+                                                                           "is unpacked in %2 instead.")
                                 .arg(refused.join(QStringLiteral("; ")),
                                      QDir::toNativeSeparators(opened.location.folder));
         return opened;

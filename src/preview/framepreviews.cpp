@@ -198,7 +198,7 @@ Result<bool> FramePreviews::startLoad(AnimatedElementId element, double frameCou
 
     const QString tooLarge =
         QCoreApplication::translate("FramePreviews", "The %1 animation is too large to preview: %2 frames need more than "
-                       "1 GiB of memory.")
+                                                     "1 GiB of memory.")
             .arg(elementCaption(e.id), m_doc.value(m_fields[element].frameCount).trimmed());
     if (FrameStrip::bytesNeeded(e, frameCount) > FrameStrip::maximumBytes)
         return Result<bool>::fail(tooLarge, QString::fromLatin1(e.frameCountField));

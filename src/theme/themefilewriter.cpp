@@ -33,8 +33,8 @@ public:
         if (!AnsiText::encode(text, &m_bytes, &bad)) {
             const QChar c = text.at(bad);
             m_error = QCoreApplication::translate("ThemeFileWriter", "The theme cannot be saved: the field \"%1\" holds the character "
-                                     "\"%2\" (U+%3), which a theme file cannot store. "
-                                     "Replace it and save again.")
+                                                                     "\"%2\" (U+%3), which a theme file cannot store. "
+                                                                     "Replace it and save again.")
                           .arg(QLatin1StringView(field), QString(c),
                                QStringLiteral("%1").arg(c.unicode(), 4, 16, QChar(u'0')).toUpper());
             return;

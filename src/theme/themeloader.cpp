@@ -125,7 +125,7 @@ public:
         const std::optional<qint64> type = storedWholeNumber(*typeText);
         if (!type || (*type != 0 && *type != 1)) {
             unreadable(QCoreApplication::translate("ThemeLoader", "Could not load %1.\nIts theme type \"%2\" is not known: "
-                                      "only Theme Type 0 and Theme Type 1 can be loaded.")
+                                                                  "only Theme Type 0 and Theme Type 1 can be loaded.")
                            .arg(m_path, typeText->trimmed()));
             return false;
         }
