@@ -16,6 +16,7 @@
 #include "theme/themeloader.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -50,16 +51,16 @@ QByteArray encodedFrame(const QImage &frame, const ArtOptions &options)
 QString writeStaged(const QString &path, const QByteArray &bytes)
 {
     if (!QDir().mkpath(QFileInfo(path).absolutePath()))
-        return QStringLiteral("Could not make the folder for %1.").arg(shown(path));
+        return QCoreApplication::translate("ArtImport", "Could not make the folder for %1.").arg(shown(path));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
         const QString reason = file.errorString();
         file.remove();
-        return QStringLiteral("%1 could not be written: %2.").arg(shown(path), reason);
+        return QCoreApplication::translate("ArtImport", "%1 could not be written: %2.").arg(shown(path), reason);
     }
     file.close();
     if (file.error() != QFileDevice::NoError)
-        return QStringLiteral("%1 could not be written: %2.").arg(shown(path), file.errorString());
+        return QCoreApplication::translate("ArtImport", "%1 could not be written: %2.").arg(shown(path), file.errorString());
     return {};
 }
 
@@ -68,7 +69,7 @@ Result<void> renamed(const QString &from, const QString &to)
     if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0)
         return {};
     return Result<void>::fail(
-        QStringLiteral("%1 could not be moved to %2: %3.").arg(shown(from), shown(to), systemReason(errno)));
+        QCoreApplication::translate("ArtImport", "%1 could not be moved to %2: %3.").arg(shown(from), shown(to), systemReason(errno)));
 }
 
 /** A name inside the folder: "/" separators, nothing that climbs out. */
@@ -102,7 +103,7 @@ public:
     {
         const QString target = m_folder + u'/' + name;
         if (!QDir().mkpath(QFileInfo(target).absolutePath()))
-            return Result<void>::fail(QStringLiteral("Could not make the folder for %1.").arg(shown(target)));
+            return Result<void>::fail(QCoreApplication::translate("ArtImport", "Could not make the folder for %1.").arg(shown(target)));
         if (Result<void> aside = moveAside(name); !aside)
             return aside;
         if (Result<void> moved = renamed(m_staging + QStringLiteral("/new/") + name, target); !moved)
@@ -119,7 +120,7 @@ public:
             return {};
         const QString old = m_staging + QStringLiteral("/old/") + name;
         if (!QDir().mkpath(QFileInfo(old).absolutePath()))
-            return Result<void>::fail(QStringLiteral("Could not make the folder for %1.").arg(shown(old)));
+            return Result<void>::fail(QCoreApplication::translate("ArtImport", "Could not make the folder for %1.").arg(shown(old)));
         if (Result<void> moved = renamed(target, old); !moved)
             return moved;
         m_aside.append(name);
@@ -170,7 +171,7 @@ public:
             return m_report;
         QTemporaryDir staging(m_report.folder + QStringLiteral("/.stakko-import-XXXXXX"));
         if (!staging.isValid()) {
-            m_report.error(QStringLiteral("Could not make a folder in %1: %2.").arg(shown(m_report.folder), staging.errorString()));
+            m_report.error(QCoreApplication::translate("ArtImport", "Could not make a folder in %1: %2.").arg(shown(m_report.folder), staging.errorString()));
             return m_report;
         }
         m_staging = staging.path();
@@ -185,24 +186,24 @@ private:
     bool checkTheme(const QStringList &sources)
     {
         if (m_target.section->typeOneOnly && m_doc.number(FieldKey::themeType) != 1) {
-            m_report.error(QStringLiteral("%1 needs Theme Type 1: a Theme Type 0 theme holds only interface "
-                                          "screens, sounds and music.").arg(m_target.label()),
+            m_report.error(QCoreApplication::translate("ArtImport", "%1 needs Theme Type 1: a Theme Type 0 theme holds only interface "
+                                                                    "screens, sounds and music.").arg(m_target.label()),
                            QLatin1StringView(FieldKey::themeType));
             return false;
         }
         if (m_doc.currentThemeFile().isEmpty()) {
-            m_report.error(QStringLiteral("Save the theme first: the import saves it with the new files."));
+            m_report.error(QCoreApplication::translate("ArtImport", "Save the theme first: the import saves it with the new files."));
             return false;
         }
         if (m_target.kind != FileKind::FrameSequence && sources.size() != 1) {
-            m_report.error(QStringLiteral("%1 takes one file, not %2.").arg(m_target.label()).arg(sources.size()),
+            m_report.error(QCoreApplication::translate("ArtImport", "%1 takes one file, not %2.").arg(m_target.label()).arg(sources.size()),
                            m_target.key);
             return false;
         }
         const QString folder = m_options.folder.isEmpty() ? defaultBuildSource(m_doc) : m_options.folder;
         m_report.folder = QDir(folder).absolutePath();
         if (!QFileInfo(m_report.folder).isDir()) {
-            m_report.error(QStringLiteral("%1 is not a folder.").arg(shown(folder)));
+            m_report.error(QCoreApplication::translate("ArtImport", "%1 is not a folder.").arg(shown(folder)));
             return false;
         }
         const QString name = !m_options.name.isEmpty() ? m_options.name
@@ -211,8 +212,8 @@ private:
                                : m_target.defaultName();
         const std::optional<QString> inside = folderName(name);
         if (!inside || (m_target.element && name.contains(u'.'))) {
-            m_report.error(QStringLiteral("\"%1\" cannot name files in the folder%2.")
-                               .arg(name, m_target.element ? QStringLiteral(" (a frame root holds no \".\")") : QString()));
+            m_report.error(QCoreApplication::translate("ArtImport", "\"%1\" cannot name files in the folder%2.")
+                               .arg(name, m_target.element ? QCoreApplication::translate("ArtImport", " (a frame root holds no \".\")") : QString()));
             return false;
         }
         m_name = *inside;
@@ -247,7 +248,7 @@ private:
         QStringList errors(art.frames.size());
         const bool finished = parallelFor(art.frames.size(), [&](qsizetype i) {
             const QByteArray bytes = encodedFrame(art.frames.at(i), m_options);
-            errors[i] = bytes.isEmpty() ? QStringLiteral("Frame %1 could not be encoded.").arg(i + 1)
+            errors[i] = bytes.isEmpty() ? QCoreApplication::translate("ArtImport", "Frame %1 could not be encoded.").arg(i + 1)
                                         : writeStaged(m_staging + QStringLiteral("/new/") + m_report.files.at(i), bytes);
         }, m_progress);
         for (const QString &error : std::as_const(errors)) {
@@ -257,7 +258,7 @@ private:
             }
         }
         if (!finished) {
-            m_report.error(QStringLiteral("The import was cancelled."));
+            m_report.error(QCoreApplication::translate("ArtImport", "The import was cancelled."));
             return false;
         }
         m_report.frames = art.frames.size();
@@ -364,13 +365,13 @@ private:
             return fail(bytes.errorText());
         SafeFile theme(m_doc.currentThemeFile());
         if (!theme.open() || !theme.write(*bytes) || !theme.finishAside())
-            return fail(QStringLiteral("%1 could not be saved: %2.").arg(shown(m_doc.currentThemeFile()), theme.errorString()));
+            return fail(QCoreApplication::translate("ArtImport", "%1 could not be saved: %2.").arg(shown(m_doc.currentThemeFile()), theme.errorString()));
         if (updated.number(FieldKey::themeType) == 1 && !buildPackage(updated)) {
             swap.undo(); // the theme's new bytes, never published, go with the SafeFile
             return;
         }
         if (!theme.publish())
-            return fail(QStringLiteral("%1 could not be saved: %2.").arg(shown(m_doc.currentThemeFile()), theme.errorString()));
+            return fail(QCoreApplication::translate("ArtImport", "%1 could not be saved: %2.").arg(shown(m_doc.currentThemeFile()), theme.errorString()));
 
         swap.keepUnreplaced();
         apply(m_doc);
@@ -399,7 +400,7 @@ private:
         }
         Problem note;
         note.severity = Problem::Severity::Warning;
-        note.text = QStringLiteral("The package was not rebuilt: the theme names files that are not in %1.")
+        note.text = QCoreApplication::translate("ArtImport", "The package was not rebuilt: the theme names files that are not in %1.")
                         .arg(shown(m_report.folder));
         note.field = QLatin1StringView(FieldKey::resourceFile);
         m_report.add(note);
@@ -424,7 +425,7 @@ private:
 
 QString ArtTarget::label() const
 {
-    QString text = QString::fromLatin1(element ? elementPreviews[element->id].caption : fieldSpec(key).caption);
+    QString text = element ? elementCaption(element->id) : fieldCaptionText(key);
     return text.endsWith(u':') ? text.chopped(1) : text;
 }
 
@@ -484,7 +485,7 @@ ArtImportReport importArt(ThemeDocument &doc, const QString &key, const QStringL
     const std::optional<ArtTarget> target = artTarget(key);
     if (!target) {
         ArtImportReport report;
-        report.error(QStringLiteral("\"%1\" is not an image, animation, sound or music row.").arg(key));
+        report.error(QCoreApplication::translate("ArtImport", "\"%1\" is not an image, animation, sound or music row.").arg(key));
         return report;
     }
     return Importer(doc, *target, options, progress).run(sources);

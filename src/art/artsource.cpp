@@ -6,6 +6,7 @@
 #include "art/parallel.h"
 #include "common/result.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
@@ -35,7 +36,7 @@ PictureFrames readPicture(const QString &path, QSize sheet, const FrameConversio
         QImage image = reader.read();
         if (image.isNull()) {
             if (out.frames.isEmpty()) {
-                out.error = QStringLiteral("%1 could not be read as a picture: %2.").arg(shown(path), reader.errorString());
+                out.error = QCoreApplication::translate("ArtSource", "%1 could not be read as a picture: %2.").arg(shown(path), reader.errorString());
                 return out;
             }
             break; // an animation ends where its frames do
@@ -51,7 +52,7 @@ PictureFrames readPicture(const QString &path, QSize sheet, const FrameConversio
     const QImage whole = out.frames.constFirst();
     out.frames.clear();
     if (whole.width() % sheet.width() != 0 || whole.height() % sheet.height() != 0) {
-        out.error = QStringLiteral("%1 is %2 x %3 pixels, which does not divide into %4 x %5 cells.")
+        out.error = QCoreApplication::translate("ArtSource", "%1 is %2 x %3 pixels, which does not divide into %4 x %5 cells.")
                         .arg(shown(path)).arg(whole.width()).arg(whole.height())
                         .arg(sheet.width()).arg(sheet.height());
         return out;
@@ -73,7 +74,7 @@ Result<QStringList> pictureFiles(const QStringList &sources)
     for (const QString &source : sources) {
         const QFileInfo info(source);
         if (!info.exists()) {
-            report.error(QStringLiteral("%1 does not exist.").arg(shown(source)), {}, source);
+            report.error(QCoreApplication::translate("ArtSource", "%1 does not exist.").arg(shown(source)), {}, source);
         } else if (info.isDir()) {
             QStringList names;
             for (const QString &name : QDir(source).entryList(QDir::Files | QDir::Readable)) {
@@ -81,7 +82,7 @@ Result<QStringList> pictureFiles(const QStringList &sources)
                     names.append(name);
             }
             if (names.isEmpty())
-                report.error(QStringLiteral("%1 holds no pictures.").arg(shown(source)), {}, source);
+                report.error(QCoreApplication::translate("ArtSource", "%1 holds no pictures.").arg(shown(source)), {}, source);
             for (const QString &name : naturalOrder(names))
                 files.append(QDir(source).filePath(name));
         } else {
@@ -151,7 +152,7 @@ ArtFrames readArtFrames(const QStringList &sources, QSize sheet, const ArtProgre
 {
     ArtFrames out;
     if (sources.isEmpty())
-        out.error(QStringLiteral("No art was given to import."));
+        out.error(QCoreApplication::translate("ArtSource", "No art was given to import."));
     const Result<QStringList> found = pictureFiles(sources);
     out.append(found.report());
     if (out.hasErrors())
@@ -160,7 +161,7 @@ ArtFrames readArtFrames(const QStringList &sources, QSize sheet, const ArtProgre
     // Pictures decode on every core; an animation's frames, one after another, on one.
     QList<PictureFrames> read(files.size());
     if (!parallelFor(files.size(), [&](qsizetype i) { read[i] = readPicture(files.at(i), sheet, convert); }, progress)) {
-        out.error(QStringLiteral("The import was cancelled."));
+        out.error(QCoreApplication::translate("ArtSource", "The import was cancelled."));
         return out;
     }
     for (const PictureFrames &p : read) {

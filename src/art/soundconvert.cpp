@@ -6,6 +6,7 @@
 #include "editing/fieldbrowsing.h"
 #include "sound/musicformat.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -70,7 +71,7 @@ bool readSamples(const QString &source, Samples &out, ConvertedSound &report)
     SF_INFO info{};
     SNDFILE *file = sf_open(QFile::encodeName(source).constData(), SFM_READ, &info);
     if (!file) {
-        report.error(QStringLiteral("%1 could not be read as a sound: %2.")
+        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be read as a sound: %2.")
                          .arg(shown(source), QString::fromLocal8Bit(sf_strerror(nullptr))),
                      {}, source);
         return false;
@@ -89,8 +90,8 @@ bool readSamples(const QString &source, Samples &out, ConvertedSound &report)
     const QString reason = QString::fromLocal8Bit(sf_strerror(file));
     sf_close(file);
     if (error != SF_ERR_NO_ERROR || out.data.empty()) {
-        report.error(QStringLiteral("%1 could not be read as a sound: %2.")
-                         .arg(shown(source), out.data.empty() ? QStringLiteral("it holds no samples") : reason),
+        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be read as a sound: %2.")
+                         .arg(shown(source), out.data.empty() ? QCoreApplication::translate("SoundConvert", "it holds no samples") : reason),
                      {}, source);
         return false;
     }
@@ -111,7 +112,7 @@ bool resample(Samples &samples, int rate, ConvertedSound &report, const QString 
     data.end_of_input = 1;
     const int error = src_simple(&data, SRC_SINC_MEDIUM_QUALITY, samples.channels);
     if (error != 0) {
-        report.error(QStringLiteral("%1 could not be resampled: %2.").arg(shown(source), QString::fromLatin1(src_strerror(error))),
+        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be resampled: %2.").arg(shown(source), QString::fromLatin1(src_strerror(error))),
                      {}, source);
         return false;
     }
@@ -131,7 +132,7 @@ bool encode(const Samples &samples, int format, ConvertedSound &report, const QS
     info.format = format;
     SNDFILE *file = sf_open_virtual(&io, SFM_WRITE, &info, &memory);
     if (!file) {
-        report.error(QStringLiteral("%1 could not be converted: %2.").arg(shown(source), QString::fromLocal8Bit(sf_strerror(nullptr))),
+        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be converted: %2.").arg(shown(source), QString::fromLocal8Bit(sf_strerror(nullptr))),
                      {}, source);
         return false;
     }
@@ -140,7 +141,7 @@ bool encode(const Samples &samples, int format, ConvertedSound &report, const QS
     const bool whole = sf_writef_float(file, samples.data.data(), frames) == frames;
     const QString reason = QString::fromLocal8Bit(sf_strerror(file));
     if (sf_close(file) != 0 || !whole) {
-        report.error(QStringLiteral("%1 could not be converted: %2.").arg(shown(source), reason), {}, source);
+        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be converted: %2.").arg(shown(source), reason), {}, source);
         return false;
     }
     report.bytes = std::move(memory.bytes);
@@ -154,7 +155,7 @@ bool isGameMusic(const QString &source, ConvertedSound &report)
         return false;
     QFile file(source);
     if (!file.open(QIODevice::ReadOnly)) {
-        report.error(QStringLiteral("%1 could not be read: %2.").arg(shown(source), file.errorString()), {}, source);
+        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be read: %2.").arg(shown(source), file.errorString()), {}, source);
         return false;
     }
     const QByteArray bytes = file.readAll();

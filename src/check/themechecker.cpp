@@ -22,6 +22,7 @@
 #include "sound/soundsystem.h"
 #include "sound/waveformat.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -43,7 +44,7 @@ constexpr qsizetype longestValue = 254;
 
 QString captionOf(QAnyStringView key)
 {
-    QString caption = QLatin1StringView(fieldSpec(key).caption);
+    QString caption = fieldCaptionText(key);
     if (caption.endsWith(u':'))
         caption.chop(1);
     return caption;
@@ -54,13 +55,13 @@ QString readBackChange(const QString &text)
 {
     const auto blank = [](QChar c) { return c == u' ' || c == u'\t'; };
     if (text.size() > longestValue)
-        return QStringLiteral("it is longer than %1 characters and reads back cut").arg(longestValue);
+        return QCoreApplication::translate("ThemeChecker", "it is longer than %1 characters and reads back cut").arg(longestValue);
     if (text.contains(u'\r') || text.contains(u'\n'))
-        return QStringLiteral("a line break in it ends its line in the file");
+        return QCoreApplication::translate("ThemeChecker", "a line break in it ends its line in the file");
     if (!text.isEmpty() && (blank(text.front()) || blank(text.back())))
-        return QStringLiteral("reading drops the blanks at its ends");
+        return QCoreApplication::translate("ThemeChecker", "reading drops the blanks at its ends");
     if (text.size() >= 2 && (text.front() == u'"' || text.front() == u'\'') && text.back() == text.front())
-        return QStringLiteral("reading drops the quotes around it");
+        return QCoreApplication::translate("ThemeChecker", "reading drops the quotes around it");
     return {};
 }
 
@@ -90,7 +91,7 @@ QString foreignImageKind(const QString &path)
     if (start.startsWith("BM") || start == QByteArrayView("\xFF\xD8\xFF"))
         return {};
     const QByteArray format = QImageReader::imageFormat(&file).toUpper();
-    return format.isEmpty() ? QStringLiteral("a picture of another kind") : QStringLiteral("a %1 picture").arg(format);
+    return format.isEmpty() ? QCoreApplication::translate("ThemeChecker", "a picture of another kind") : QCoreApplication::translate("ThemeChecker", "a %1 picture").arg(format);
 }
 
 /** A package entry or a stored name as Windows compares them. */
@@ -127,7 +128,7 @@ public:
             leavesFolder(r, false);
             if (isAbsoluteThemePath(r.name))
                 add(m_typeOne ? Severity::Error : Severity::Warning, "path-absolute", r.key, r.name,
-                    QStringLiteral("\"%1\" is an absolute path: it will not exist on the player's machine")
+                    QCoreApplication::translate("ThemeChecker", "\"%1\" is an absolute path: it will not exist on the player's machine")
                         .arg(r.name));
         }
     }
@@ -139,11 +140,11 @@ public:
                 continue;
             if (r.kind == FileKind::FrameSequence) {
                 const AnimatedElement *e = elementWithRoot(r.key);
-                const QLatin1StringView caption(elementPreviews[e->id].caption);
+                const QString caption = elementCaption(e->id);
                 for (qsizetype i = 0; i < r.files.size(); ++i)
-                    file(r, r.files.at(i), QStringLiteral("Frame %1 of %2").arg(i + 1).arg(caption), e);
+                    file(r, r.files.at(i), QCoreApplication::translate("ThemeChecker", "Frame %1 of %2").arg(i + 1).arg(caption), e);
             } else if (r.kind != FileKind::ResourcePackage && !r.name.isEmpty()) {
-                file(r, r.name, QStringLiteral("%1 \"%2\"").arg(captionOf(r.key), r.name), nullptr);
+                file(r, r.name, QCoreApplication::translate("ThemeChecker", "%1 \"%2\"").arg(captionOf(r.key), r.name), nullptr);
             }
         }
         if (m_contents && m_typeOne && !m_doc.currentThemeFile().isEmpty())
@@ -156,9 +157,9 @@ public:
         const QString name = m_doc.value(key);
         const FileKind kind = key == QLatin1StringView(FieldKey::midi) ? FileKind::Music : FileKind::WaveSound;
         if (name.isEmpty())
-            add(Severity::Error, "file-missing", key, {}, captionOf(key) + QStringLiteral(" names no file to play"));
+            add(Severity::Error, "file-missing", key, {}, QCoreApplication::translate("ThemeChecker", "%1 names no file to play").arg(captionOf(key)));
         else
-            file({key, kind, name, {}, {}, {name}}, name, QStringLiteral("%1 \"%2\"").arg(captionOf(key), name),
+            file({key, kind, name, {}, {}, {name}}, name, QCoreApplication::translate("ThemeChecker", "%1 \"%2\"").arg(captionOf(key), name),
                  nullptr);
     }
 
@@ -192,7 +193,7 @@ private:
             return false;
         m_outside.insert(r.key);
         add(m_typeOne ? Severity::Error : Severity::Warning, "path-outside", r.key, *outside,
-            QStringLiteral("%1 \"%2\" lies outside the folder %3: a package cannot hold it under that name")
+            QCoreApplication::translate("ThemeChecker", "%1 \"%2\" lies outside the folder %3: a package cannot hold it under that name")
                 .arg(captionOf(r.key), *outside, QDir::toNativeSeparators(folder)));
         return true;
     }
@@ -203,8 +204,8 @@ private:
             if (m_typeOne || !s.typeOneOnly || !m_doc.isOn(QLatin1StringView(s.include)))
                 continue;
             add(Severity::Warning, "section-dropped", QLatin1StringView(s.include), {},
-                QStringLiteral("A Theme Type 0 file does not store the %1 section: saving drops it")
-                    .arg(QLatin1StringView(s.comment).sliced(2)));
+                QCoreApplication::translate("ThemeChecker", "A Theme Type 0 file does not store the %1 section: saving drops it")
+                    .arg(sectionName(s.id)));
         }
     }
 
@@ -227,19 +228,19 @@ private:
             const auto still = parseAuthorNumber(m_doc.value(QLatin1StringView(e.stillFrameField)));
             if (!still || *still < 1 || *still > double(count) || std::floor(*still) != *still)
                 add(Severity::Error, "number-invalid", QLatin1StringView(e.stillFrameField), {},
-                    QStringLiteral("Still frame needs to be a whole number from 1 to %1!").arg(count));
+                    QCoreApplication::translate("ThemeChecker", "Still frame needs to be a whole number from 1 to %1!").arg(count));
         }
         const qint64 unreached = (stripRowsReached + e.frame.height() - 1) / e.frame.height() + 1;
         if (count >= unreached)
             add(Severity::Warning, "frame-limit", QLatin1StringView(e.frameCountField), {},
-                QStringLiteral("%1 frames from frame %2 on lie beyond the reach of a 16-bit strip offset: "
-                               "the game cannot show them")
-                    .arg(QLatin1StringView(elementPreviews[e.id].caption))
+                QCoreApplication::translate("ThemeChecker", "%1 frames from frame %2 on lie beyond the reach of a 16-bit strip offset: "
+                                                            "the game cannot show them")
+                    .arg(elementCaption(e.id))
                     .arg(unreached));
         if (startRead && double(settings.startingFrame) > settings.frameCount)
             add(Severity::Warning, "start-beyond-count", QLatin1StringView(e.startingFrameField), {},
-                QStringLiteral("Starting frame %1 lies above the number of frames (%2): the animation stays on "
-                               "one frame")
+                QCoreApplication::translate("ThemeChecker", "Starting frame %1 lies above the number of frames (%2): the animation stays on "
+                                                            "one frame")
                     .arg(settings.startingFrame)
                     .arg(count));
     }
@@ -250,8 +251,8 @@ private:
         const QString value = m_doc.value(QLatin1StringView(key));
         if (!value.isEmpty() && !colorOfText(value))
             add(Severity::Error, "colour-invalid", QLatin1StringView(key), {},
-                QStringLiteral("\"%1\" is no colour: three whole numbers from 0 to 255 separated by commas, "
-                               "without blanks")
+                QCoreApplication::translate("ThemeChecker", "\"%1\" is no colour: three whole numbers from 0 to 255 separated by commas, "
+                                                            "without blanks")
                     .arg(value));
     }
 
@@ -262,8 +263,8 @@ private:
         qsizetype bad = 0;
         if (!AnsiText::encode(value, &bytes, &bad)) {
             add(Severity::Error, "text-not-ansi", QLatin1StringView(key), {},
-                QStringLiteral("The character \"%1\" (U+%2) cannot be stored in a theme file: the theme cannot "
-                               "be saved")
+                QCoreApplication::translate("ThemeChecker", "The character \"%1\" (U+%2) cannot be stored in a theme file: the theme cannot "
+                                                            "be saved")
                     .arg(value.at(bad))
                     .arg(QString::number(value.at(bad).unicode(), 16).toUpper().rightJustified(4, u'0')));
             return;
@@ -272,7 +273,7 @@ private:
         const QString change = qstrcmp(key, FieldKey::description) == 0 ? QString() : readBackChange(value);
         if (!change.isEmpty())
             add(Severity::Warning, "value-changes-on-load", QLatin1StringView(key), {},
-                QStringLiteral("The text will not load as written: ") + change);
+                QCoreApplication::translate("ThemeChecker", "The text will not load as written: %1").arg(change));
     }
 
     void description()
@@ -282,22 +283,22 @@ private:
         const QStringList lines = text.split(u'\n');
         if (lines.contains(descriptionPlaceholder))
             add(Severity::Warning, "description-placeholder", QLatin1StringView(FieldKey::description), {},
-                QStringLiteral("The description still holds the line \"%1\" where your own words belong")
+                QCoreApplication::translate("ThemeChecker", "The description still holds the line \"%1\" where your own words belong")
                     .arg(descriptionPlaceholder));
         bool inSection = false;
         for (qsizetype i = 0; i < lines.size(); ++i) {
             const ProfileLine kind = profileLineKind(lines.at(i));
             const char *reading = nullptr;
             if (kind == ProfileLine::Section)
-                reading = "a section line";
+                reading = QT_TRANSLATE_NOOP("ThemeChecker", "a section line");
             else if (kind == ProfileLine::Key && inSection)
-                reading = "a key of the section above it";
+                reading = QT_TRANSLATE_NOOP("ThemeChecker", "a key of the section above it");
             inSection = inSection || kind == ProfileLine::Section;
             if (reading)
                 add(Severity::Warning, "description-key", QLatin1StringView(FieldKey::description), {},
-                    QStringLiteral("Description line %1 \"%2\" reads as %3 when the theme loads")
+                    QCoreApplication::translate("ThemeChecker", "Description line %1 \"%2\" reads as %3 when the theme loads")
                         .arg(i + 1)
-                        .arg(lines.at(i), QLatin1StringView(reading)));
+                        .arg(lines.at(i), QCoreApplication::translate("ThemeChecker", reading)));
         }
     }
 
@@ -307,10 +308,10 @@ private:
         const QString folder = r.kind == FileKind::Music ? m_doc.musicFolder() : m_doc.packageFolder();
         const QString path = resolveThemePath(themeFilePath(folder, stored));
         const auto problem = [&](Severity severity, const char *code, const QString &text) {
-            add(severity, code, r.key, path, what + u' ' + text + QStringLiteral(" (") + path + u')');
+            add(severity, code, r.key, path, QCoreApplication::translate("ThemeChecker", "%1 %2 (%3)").arg(what, text, path));
         };
         if (!QFileInfo(path).isFile()) {
-            problem(Severity::Error, element ? "frame-missing" : "file-missing", QStringLiteral("is missing"));
+            problem(Severity::Error, element ? "frame-missing" : "file-missing", QCoreApplication::translate("ThemeChecker", "is missing"));
             return;
         }
         if (!m_contents)
@@ -320,16 +321,16 @@ private:
         case FileKind::StillImage: {
             const auto size = LoadingSurface::headerSize(path);
             if (!size) {
-                problem(Severity::Error, "image-unreadable", QStringLiteral("cannot be read as an image"));
+                problem(Severity::Error, "image-unreadable", QCoreApplication::translate("ThemeChecker", "cannot be read as an image"));
                 break;
             }
             // The previews show what Qt reads; the game reads only these two.
             if (const QString kind = foreignImageKind(path); !kind.isEmpty())
                 problem(Severity::Error, "image-format",
-                        QStringLiteral("is %1, not a Windows bitmap or JPEG: the game cannot show it").arg(kind));
+                        QCoreApplication::translate("ThemeChecker", "is %1, not a Windows bitmap or JPEG: the game cannot show it").arg(kind));
             if (element && *size != element->frame)
                 problem(Severity::Warning, "frame-size",
-                        QStringLiteral("is %1x%2 pixels, not %3x%4")
+                        QCoreApplication::translate("ThemeChecker", "is %1x%2 pixels, not %3x%4")
                             .arg(size->width())
                             .arg(size->height())
                             .arg(element->frame.width())
@@ -338,12 +339,12 @@ private:
         }
         case FileKind::WaveSound:
             if (!isPlayableWaveFile(path))
-                problem(Severity::Error, "sound-unplayable", QStringLiteral("is no wave file that can be played"));
+                problem(Severity::Error, "sound-unplayable", QCoreApplication::translate("ThemeChecker", "is no wave file that can be played"));
             break;
         case FileKind::Music:
             if (const SoundError code = SoundSystem::checkMusicFile(path); code != SoundError::None)
                 problem(Severity::Error, "music-unplayable",
-                        QStringLiteral("cannot be played: ") + SoundSystem::soundErrorText(code));
+                        QCoreApplication::translate("ThemeChecker", "cannot be played: %1").arg(SoundSystem::soundErrorText(code)));
             break;
         case FileKind::SkinFile:
         case FileKind::ResourcePackage:
@@ -369,14 +370,14 @@ private:
             const QString path = m_doc.packageFolder() + entry;
             if (const auto earlier = seen.constFind(name); earlier != seen.cend())
                 add(Severity::Warning, "name-collision", field, path,
-                    QStringLiteral("Package entries \"%1\" and \"%2\" differ only in letter case: on Windows "
-                                   "one hides the other")
+                    QCoreApplication::translate("ThemeChecker", "Package entries \"%1\" and \"%2\" differ only in letter case: on Windows "
+                                                                "one hides the other")
                         .arg(*earlier, entry));
             else
                 seen.insert(name, entry);
             if (!named.contains(name))
                 add(Severity::Warning, "file-unused", field, path,
-                    QStringLiteral("Package entry \"%1\" is named by no included section").arg(entry));
+                    QCoreApplication::translate("ThemeChecker", "Package entry \"%1\" is named by no included section").arg(entry));
         }
     }
 

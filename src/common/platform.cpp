@@ -4,6 +4,7 @@
 #include "common/platform.h"
 
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -128,13 +129,13 @@ Result<OwnFolder> openOwnFolder(int parent, const QByteArray &name)
     if (!folder.isOpen()) {
         const int error = errno;
         if (fstatat(parent, name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(info.st_mode))
-            return Answer::fail(QStringLiteral("it is a link"));
-        return Answer::fail(error == ENOTDIR ? QStringLiteral("it is not a folder") : systemReason(error));
+            return Answer::fail(QCoreApplication::translate("Platform", "it is a link"));
+        return Answer::fail(error == ENOTDIR ? QCoreApplication::translate("Platform", "it is not a folder") : systemReason(error));
     }
     if (fstat(folder.fd(), &info) != 0)
         return Answer::fail(systemReason(errno));
     if (info.st_uid != geteuid())
-        return Answer::fail(QStringLiteral("it belongs to another user"));
+        return Answer::fail(QCoreApplication::translate("Platform", "it belongs to another user"));
     if ((info.st_mode & 077) != 0 && fchmod(folder.fd(), 0700) != 0)
         return Answer::fail(systemReason(errno));
     return OwnFolder{std::move(folder), created};

@@ -14,9 +14,9 @@ QString Problem::shownTitle() const
         return title;
     switch (severity) {
     case Severity::Error:
-        return QStringLiteral("Error");
+        return QCoreApplication::translate("Report", "Error");
     case Severity::Warning:
-        return QStringLiteral("Warning");
+        return QCoreApplication::translate("Report", "Warning");
     case Severity::Information:
         break;
     }
@@ -48,13 +48,14 @@ qsizetype Report::count(Problem::Severity severity) const
 QString Report::summary() const
 {
     if (isEmpty())
-        return QStringLiteral("no problems");
-    const auto counted = [this](Problem::Severity severity, const char *what) {
-        const qsizetype n = count(severity);
-        return QStringLiteral("%1 %2%3").arg(n).arg(QLatin1StringView(what), n == 1 ? "" : "s");
-    };
-    return counted(Problem::Severity::Error, severityName(Problem::Severity::Error)) + QStringLiteral(", ")
-        + counted(Problem::Severity::Warning, severityName(Problem::Severity::Warning));
+        return QCoreApplication::translate("Report", "no problems");
+    const qsizetype errors = count(Problem::Severity::Error);
+    const qsizetype warnings = count(Problem::Severity::Warning);
+    return QCoreApplication::translate("Report", "%1, %2")
+        .arg(errors == 1 ? QCoreApplication::translate("Report", "1 error")
+                         : QCoreApplication::translate("Report", "%1 errors").arg(errors),
+             warnings == 1 ? QCoreApplication::translate("Report", "1 warning")
+                           : QCoreApplication::translate("Report", "%1 warnings").arg(warnings));
 }
 
 QStringList Report::lines() const

@@ -39,10 +39,10 @@ Result<QJsonObject> readState(const QString &copy)
 {
     QFile file(copy + stateName);
     if (!file.open(QIODevice::ReadOnly) || file.size() > largestState)
-        return Result<QJsonObject>::fail(QStringLiteral("Cannot read %1").arg(QDir::toNativeSeparators(file.fileName())));
+        return Result<QJsonObject>::fail(QCoreApplication::translate("AutoRecovery", "Cannot read %1").arg(QDir::toNativeSeparators(file.fileName())));
     const QJsonDocument json = QJsonDocument::fromJson(file.readAll());
     if (!json.isObject())
-        return Result<QJsonObject>::fail(QStringLiteral("%1 is damaged").arg(QDir::toNativeSeparators(file.fileName())));
+        return Result<QJsonObject>::fail(QCoreApplication::translate("AutoRecovery", "%1 is damaged").arg(QDir::toNativeSeparators(file.fileName())));
     return json.object();
 }
 
@@ -94,16 +94,16 @@ Report AutoRecovery::announceOldKeptFiles(const QString &folder)
     }
     if (fresh.isEmpty())
         return report;
-    const QString text = QStringLiteral("Stakko Theme Maker was closed by the system with unsaved changes. "
-                                        "They were kept in:\n%1\nLoad %2 to get them back.")
-                             .arg(fresh.join(u'\n'), fresh.size() == 1 ? QStringLiteral("that file")
-                                                                        : QStringLiteral("those files"));
-    report.add({Problem::Severity::Information, text, {}, folder, {}, QStringLiteral("Unsaved Changes Kept")});
+    const QString text = QCoreApplication::translate("AutoRecovery", "Stakko Theme Maker was closed by the system with unsaved changes. "
+                                                                     "They were kept in:\n%1\nLoad %2 to get them back.")
+                             .arg(fresh.join(u'\n'), fresh.size() == 1 ? QCoreApplication::translate("AutoRecovery", "that file")
+                                                                        : QCoreApplication::translate("AutoRecovery", "those files"));
+    report.add({Problem::Severity::Information, text, {}, folder, {}, QCoreApplication::translate("AutoRecovery", "Unsaved Changes Kept")});
 
     // Only files still there are remembered, so the list never outgrows the folder.
     const QByteArray bytes = copies.join(u'\n').toUtf8() + '\n';
     if (const Result<void> written = writeWholeFile(listPath, bytes); !written)
-        report.error(QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(listPath), written.errorText()),
+        report.error(QCoreApplication::translate("AutoRecovery", "Cannot write %1: %2").arg(QDir::toNativeSeparators(listPath), written.errorText()),
                      {}, listPath);
     return report;
 }
@@ -173,16 +173,16 @@ Result<void> AutoRecovery::writeCopy()
 {
     const auto fail = [](const QString &why) { return Result<void>::fail(why); };
     if (!makeOwnerOnlyFolder(m_folder))
-        return fail(QStringLiteral("Cannot create %1").arg(QDir::toNativeSeparators(m_folder)));
+        return fail(QCoreApplication::translate("AutoRecovery", "Cannot create %1").arg(QDir::toNativeSeparators(m_folder)));
     if (!m_lock) {
         m_lock = lockOf(m_copy);
         if (!m_lock->tryLock(0)) {
             m_lock.reset();
-            return fail(QStringLiteral("Cannot lock %1").arg(QDir::toNativeSeparators(m_copy)));
+            return fail(QCoreApplication::translate("AutoRecovery", "Cannot lock %1").arg(QDir::toNativeSeparators(m_copy)));
         }
     }
     if (!QDir(m_copy).exists() && !QDir().mkdir(m_copy, ownerOnly))
-        return fail(QStringLiteral("Cannot create %1").arg(QDir::toNativeSeparators(m_copy)));
+        return fail(QCoreApplication::translate("AutoRecovery", "Cannot create %1").arg(QDir::toNativeSeparators(m_copy)));
 
     QJsonObject fields;
     for (int i = 0; i < int(themeFields().size()); ++i)

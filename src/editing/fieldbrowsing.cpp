@@ -5,6 +5,7 @@
 
 #include "theme/themeloader.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -147,7 +148,7 @@ bool browseMusic(ThemeDocument &doc, Dialogs &dialogs)
 
 bool browseArtFolder(ThemeDocument &doc, Dialogs &dialogs)
 {
-    const QString chosen = dialogs.chooseFolder(QStringLiteral("Choose the folder of the theme's art"));
+    const QString chosen = dialogs.chooseFolder(QCoreApplication::translate("FieldBrowsing", "Choose the folder of the theme's art"));
     if (chosen.isEmpty())
         return false;
     const QDir folder(QDir::fromNativeSeparators(chosen));

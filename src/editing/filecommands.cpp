@@ -46,8 +46,8 @@ Result<bool> FileCommands::promptToSave()
 {
     const QString file = m_doc.currentThemeFile().isEmpty() ? QString() : QFileInfo(m_doc.currentThemeFile()).fileName();
     const Dialogs::Answer answer = m_dialogs.askToSave(
-        QStringLiteral("Caution"),
-        QStringLiteral("This action will cause all previous changes to be lost, do you wish to save?"), file);
+        QCoreApplication::translate("FileCommands", "Caution"),
+        QCoreApplication::translate("FileCommands", "This action will cause all previous changes to be lost, do you wish to save?"), file);
     switch (answer) {
     case Dialogs::Answer::No:
         return true;

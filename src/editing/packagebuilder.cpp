@@ -13,6 +13,7 @@
 #include "theme/themeloader.h"
 #include "package/zipdirectory.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
@@ -68,8 +69,8 @@ public:
     BuildReport run(const PackageProgress &progress)
     {
         if (m_doc.number(FieldKey::themeType) != 1) {
-            m_report.error(QStringLiteral("A Theme Type 0 theme has no resource package: choose Theme Type 1 to "
-                                          "build one."),
+            m_report.error(QCoreApplication::translate("PackageBuilder", "A Theme Type 0 theme has no resource package: choose Theme Type 1 to "
+                                                                         "build one."),
                            QLatin1StringView(FieldKey::themeType));
             return m_report;
         }
@@ -77,7 +78,7 @@ public:
                                ? resourcePackagePath(m_doc.currentThemeFile(), m_doc.value(FieldKey::resourceFile))
                                : m_options.output;
         if (m_options.output.isEmpty() && m_doc.currentThemeFile().isEmpty()) {
-            m_report.error(QStringLiteral("Save the theme first: its package is written beside it."));
+            m_report.error(QCoreApplication::translate("PackageBuilder", "Save the theme first: its package is written beside it."));
             return m_report;
         }
         const QString from = withFolderEnd(m_options.from.isEmpty() ? defaultBuildSource(m_doc) : m_options.from);

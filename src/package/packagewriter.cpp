@@ -8,6 +8,7 @@
 #include "common/safefile.h"
 #include "package/zipdirectory.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -56,10 +57,10 @@ Result<QList<PackageEntry>> collectFiles(const QStringList &files, const QString
         const QString name = rootDir.relativeFilePath(info.absoluteFilePath());
         if (name.isEmpty() || name == u"." || name == u".." || name.startsWith(u"../")
             || QDir::isAbsolutePath(name) || leadsOutOfFolder(rootDir.path(), name))
-            return failure(QStringLiteral("%1 is not inside the folder %2.")
+            return failure(QCoreApplication::translate("PackageWriter", "%1 is not inside the folder %2.")
                                .arg(file, QDir::toNativeSeparators(rootDir.path())));
         if (!info.isFile())
-            return failure(QStringLiteral("%1 is not a file that can be packed.").arg(file));
+            return failure(QCoreApplication::translate("PackageWriter", "%1 is not a file that can be packed.").arg(file));
         out.append({name, info.absoluteFilePath()});
     }
     return out;
@@ -71,15 +72,15 @@ Result<void> setEncryption(archive *a, const PackageWriteOptions &options)
         return {};
     QByteArray password;
     if (options.password.isEmpty())
-        return failure(QStringLiteral("An encrypted package needs a password."));
+        return failure(QCoreApplication::translate("PackageWriter", "An encrypted package needs a password."));
     // The same code page the extractor uses for the answer to its password question.
     if (!AnsiText::encode(options.password, &password))
-        return failure(QStringLiteral("The password may only use Windows-1252 letters."));
+        return failure(QCoreApplication::translate("PackageWriter", "The password may only use Windows-1252 letters."));
     const char *setting = options.encryption == PackageEncryption::Aes256 ? "zip:encryption=aes256"
                                                                           : "zip:encryption=zipcrypt";
     if (archive_write_set_options(a, setting) != ARCHIVE_OK
         || archive_write_set_passphrase(a, password.constData()) != ARCHIVE_OK)
-        return failure(QStringLiteral("This system cannot encrypt packages: %1")
+        return failure(QCoreApplication::translate("PackageWriter", "This system cannot encrypt packages: %1")
                            .arg(QString::fromLocal8Bit(archive_error_string(a))));
     return {};
 }
@@ -88,7 +89,7 @@ Result<void> addFile(archive *a, const PackageEntry &file, time_t mtime, QByteAr
 {
     QFile in(file.source);
     if (!in.open(QIODevice::ReadOnly))
-        return failure(QStringLiteral("Could not read %1: %2").arg(file.source, in.errorString()));
+        return failure(QCoreApplication::translate("PackageWriter", "Could not read %1: %2").arg(file.source, in.errorString()));
 
     std::unique_ptr<archive_entry, EntryDeleter> entry(archive_entry_new());
     archive_entry_set_pathname_utf8(entry.get(), file.name.toUtf8().constData());
@@ -97,23 +98,23 @@ Result<void> addFile(archive *a, const PackageEntry &file, time_t mtime, QByteAr
     archive_entry_set_size(entry.get(), in.size());
     archive_entry_set_mtime(entry.get(), mtime, 0);
     if (archive_write_header(a, entry.get()) < ARCHIVE_WARN)
-        return failure(QStringLiteral("Could not add %1: %2")
+        return failure(QCoreApplication::translate("PackageWriter", "Could not add %1: %2")
                            .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
 
     qint64 total = 0;
     for (;;) {
         const qint64 got = in.read(buffer.data(), buffer.size());
         if (got < 0)
-            return failure(QStringLiteral("Could not read %1: %2").arg(file.source, in.errorString()));
+            return failure(QCoreApplication::translate("PackageWriter", "Could not read %1: %2").arg(file.source, in.errorString()));
         if (got == 0)
             break;
         if (archive_write_data(a, buffer.constData(), size_t(got)) != got)
-            return failure(QStringLiteral("Could not add %1: %2")
+            return failure(QCoreApplication::translate("PackageWriter", "Could not add %1: %2")
                                .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
         total += got;
     }
     if (total != archive_entry_size(entry.get()))
-        return failure(QStringLiteral("%1 changed while it was packed.").arg(file.source));
+        return failure(QCoreApplication::translate("PackageWriter", "%1 changed while it was packed.").arg(file.source));
     return {};
 }
 
@@ -135,19 +136,19 @@ Result<void> writePackageEntries(const QString &zipPath, const QList<PackageEntr
     for (const PackageEntry &entry : packed) {
         const std::optional<QStringList> parts = entryNameParts(entry.name);
         if (!parts || parts->isEmpty())
-            return failure(QStringLiteral("%1 cannot be stored in a package: the name points outside the "
-                                          "folder it unpacks into.")
+            return failure(QCoreApplication::translate("PackageWriter", "%1 cannot be stored in a package: the name points outside the "
+                                                                        "folder it unpacks into.")
                                .arg(entry.name));
     }
     SafeFile out(zipPath);
     if (!out.open())
-        return failure(QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
+        return failure(QCoreApplication::translate("PackageWriter", "Could not write %1: %2").arg(zipPath, out.errorString()));
     // The system's reason for a failed write beats libarchive's generic one.
     const auto writeFailure = [&](archive *a) {
         const QString reason = out.errorString().isEmpty()
                                    ? QString::fromLocal8Bit(archive_error_string(a))
                                    : out.errorString();
-        return failure(QStringLiteral("Could not write %1: %2").arg(zipPath, reason));
+        return failure(QCoreApplication::translate("PackageWriter", "Could not write %1: %2").arg(zipPath, reason));
     };
 
     std::unique_ptr<archive, ArchiveWriteDeleter> zip(archive_write_new());
@@ -155,7 +156,7 @@ Result<void> writePackageEntries(const QString &zipPath, const QList<PackageEntr
     if (archive_write_set_format_zip(a) != ARCHIVE_OK
         || archive_write_set_options(a, "zip:compression=deflate,zip:hdrcharset=UTF-8") != ARCHIVE_OK
         || archive_write_set_bytes_in_last_block(a, 1) != ARCHIVE_OK)
-        return failure(QStringLiteral("Could not set up the zip writer: %1")
+        return failure(QCoreApplication::translate("PackageWriter", "Could not set up the zip writer: %1")
                            .arg(QString::fromLocal8Bit(archive_error_string(a))));
     if (Result<void> encrypting = setEncryption(a, options); !encrypting)
         return encrypting;
@@ -169,11 +170,11 @@ Result<void> writePackageEntries(const QString &zipPath, const QList<PackageEntr
         if (Result<void> added = addFile(a, packed.at(i), mtime, buffer); !added)
             return out.errorString().isEmpty() ? added : writeFailure(a);
         if (progress && !progress(i + 1, packed.size()))
-            return failure(QStringLiteral("Writing %1 was cancelled.").arg(zipPath));
+            return failure(QCoreApplication::translate("PackageWriter", "Writing %1 was cancelled.").arg(zipPath));
     }
     if (archive_write_close(a) != ARCHIVE_OK)
         return writeFailure(a);
     if (!out.commit())
-        return failure(QStringLiteral("Could not write %1: %2").arg(zipPath, out.errorString()));
+        return failure(QCoreApplication::translate("PackageWriter", "Could not write %1: %2").arg(zipPath, out.errorString()));
     return {};
 }

@@ -37,8 +37,6 @@ struct ArchiveReadDeleter {
     void operator()(archive *a) const { archive_read_free(a); }
 };
 
-const QString passwordPrompt = QStringLiteral("Please Enter The Password!");
-
 QString sizeText(qint64 bytes)
 {
     struct Unit {
@@ -50,7 +48,7 @@ QString sizeText(qint64 bytes)
         if (bytes >= unit.size && bytes % unit.size == 0)
             return QStringLiteral("%1 %2").arg(bytes / unit.size).arg(QLatin1StringView(unit.name));
     }
-    return QStringLiteral("%1 bytes").arg(bytes);
+    return QCoreApplication::translate("ResourcePackage", "%1 bytes").arg(bytes);
 }
 
 /** The name of an entry the archive's directory does not list, as libarchive read it. */
@@ -122,7 +120,7 @@ OpenedPackageFolder openPackageFolder(const QString &packagePath)
         if (base.isEmpty()) {
             // Qt gives no temporary folder when $TMPDIR names none.
             if (shared)
-                refuse(qEnvironmentVariable("TMPDIR"), QStringLiteral("no such folder"));
+                refuse(qEnvironmentVariable("TMPDIR"), QCoreApplication::translate("ResourcePackage", "no such folder"));
             continue;
         }
         opened.location = packageLocationFor(packagePath, base);
@@ -144,14 +142,14 @@ OpenedPackageFolder openPackageFolder(const QString &packagePath)
         }
         opened.folder = std::move(own->folder);
         if (!refused.isEmpty())
-            opened.notice = QStringLiteral("The shared folder cannot be used safely (%1), so the package "
-                                           "is unpacked in %2 instead.")
+            opened.notice = QCoreApplication::translate("ResourcePackage", "The shared folder cannot be used safely (%1), so the package "
+                                                                           "is unpacked in %2 instead.")
                                 .arg(refused.join(QStringLiteral("; ")),
                                      QDir::toNativeSeparators(opened.location.folder));
         return opened;
     }
     opened.location = packageLocationFor(packagePath);
-    opened.problem = QStringLiteral("No safe folder to unpack it into (%1).").arg(refused.join(QStringLiteral("; ")));
+    opened.problem = QCoreApplication::translate("ResourcePackage", "No safe folder to unpack it into (%1).").arg(refused.join(QStringLiteral("; ")));
     return opened;
 }
 
@@ -299,7 +297,7 @@ const char *Extraction::askPassword(archive *, void *client)
     if (self->m_passwordRefused)
         return nullptr;
     const std::optional<QString> answer =
-        self->m_dialogs.inputBox(passwordPrompt, QCoreApplication::applicationName());
+        self->m_dialogs.inputBox(QCoreApplication::translate("ResourcePackage", "Please Enter The Password!"), QCoreApplication::applicationName());
     if (!answer || answer->isEmpty()) {
         self->m_passwordRefused = true;
         return nullptr;
@@ -320,7 +318,7 @@ void Extraction::note(const QString &reason)
 QString Extraction::run(const QString &archivePath, int folder)
 {
     if (!QFileInfo(archivePath).isFile())
-        return QStringLiteral("The file does not exist.");
+        return QCoreApplication::translate("ResourcePackage", "The file does not exist.");
     m_root = folder;
     m_file.setFileName(archivePath);
     if (m_file.open(QIODevice::ReadOnly)) {
@@ -333,7 +331,7 @@ QString Extraction::run(const QString &archivePath, int folder)
     archive_read_set_passphrase_callback(m_in.get(), this, askPassword);
     if (archive_read_open_filename(m_in.get(), QFile::encodeName(archivePath).constData(), 256 * 1024)
         != ARCHIVE_OK)
-        return QStringLiteral("It is not a zip archive or it is damaged.");
+        return QCoreApplication::translate("ResourcePackage", "It is not a zip archive or it is damaged.");
 
     Step step = Step::Next;
     while (step == Step::Next) {
@@ -342,11 +340,11 @@ QString Extraction::run(const QString &archivePath, int folder)
         if (status == ARCHIVE_EOF)
             break;
         if (status == ARCHIVE_FATAL) {
-            note(QStringLiteral("It is not a zip archive or it is damaged."));
+            note(QCoreApplication::translate("ResourcePackage", "It is not a zip archive or it is damaged."));
             break;
         }
         if (status == ARCHIVE_FAILED) {
-            note(QStringLiteral("It is damaged at %1.").arg(entryName(entry)));
+            note(QCoreApplication::translate("ResourcePackage", "It is damaged at %1.").arg(entryName(entry)));
             continue;
         }
         step = extractEntry(entry);
@@ -366,7 +364,7 @@ void Extraction::finish(bool stopped)
     }
     for (auto &[file, name] : m_pending) {
         if (!file->publish())
-            note(QStringLiteral("Could not write %1: %2").arg(name, file->errorString()));
+            note(QCoreApplication::translate("ResourcePackage", "Could not write %1: %2").arg(name, file->errorString()));
     }
     m_pending.clear();
 }
@@ -382,7 +380,7 @@ int Extraction::folderFor(const QStringList &parts, const QString &shownName)
             const QByteArray name = QFile::encodeName(part);
             Result<Platform::OwnFolder> own = Platform::openOwnFolder(parent, name);
             if (!own) {
-                note(QStringLiteral("Could not write %1: %2 is in the way (%3).")
+                note(QCoreApplication::translate("ResourcePackage", "Could not write %1: %2 is in the way (%3).")
                          .arg(shownName, key.mid(1), own.errorText()));
                 return -1;
             }
@@ -418,7 +416,7 @@ Extraction::Step Extraction::extractEntry(archive_entry *entry)
     const QString name = (record ? record->text() : entryName(entry)).replace(u'\\', u'/');
     const std::optional<QStringList> parts = entryNameParts(name);
     if (!parts) {
-        note(QStringLiteral("The entry %1 points outside the package folder and was skipped.").arg(name));
+        note(QCoreApplication::translate("ResourcePackage", "The entry %1 points outside the package folder and was skipped.").arg(name));
         return Step::Next;
     }
     if (parts->isEmpty())
@@ -426,7 +424,7 @@ Extraction::Step Extraction::extractEntry(archive_entry *entry)
 
     const mode_t type = archive_entry_filetype(entry);
     if (archive_entry_hardlink(entry) || (type != AE_IFREG && type != AE_IFDIR)) {
-        note(QStringLiteral("The entry %1 is a link or a special file and was skipped.")
+        note(QCoreApplication::translate("ResourcePackage", "The entry %1 is a link or a special file and was skipped.")
                  .arg(parts->join(u'/')));
         return Step::Next;
     }
@@ -455,7 +453,7 @@ Extraction::Step Extraction::extractFile(archive_entry *entry, const QStringList
     if (outcome == Outcome::Failed)
         return Step::Next;
     if (!out.finish()) {
-        note(QStringLiteral("Could not write %1: %2").arg(shownName, out.errorString()));
+        note(QCoreApplication::translate("ResourcePackage", "Could not write %1: %2").arg(shownName, out.errorString()));
         return Step::Next;
     }
     std::unique_ptr<SafeFile> file = out.takeFile();
@@ -477,14 +475,14 @@ Extraction::Outcome Extraction::copyData(EntryOutput &out, const QString &name, 
             return Outcome::Done;
         // A checksum mismatch is only a warning to libarchive; for a theme it is a broken file.
         if (status != ARCHIVE_OK) {
-            note(encrypted ? QStringLiteral("The password is wrong or missing for %1.").arg(name)
-                           : QStringLiteral("It is damaged at %1.").arg(name));
+            note(encrypted ? QCoreApplication::translate("ResourcePackage", "The password is wrong or missing for %1.").arg(name)
+                           : QCoreApplication::translate("ResourcePackage", "It is damaged at %1.").arg(name));
             return Outcome::Failed;
         }
         if (!fitsUnderCap(qint64(size)))
             return Outcome::Stopped;
         if (!out.add(static_cast<const char *>(block), qint64(size))) {
-            note(QStringLiteral("Could not write %1: %2").arg(name, out.errorString()));
+            note(QCoreApplication::translate("ResourcePackage", "Could not write %1: %2").arg(name, out.errorString()));
             return Outcome::Failed;
         }
         m_written += qint64(size);
@@ -495,7 +493,7 @@ bool Extraction::fitsUnderCap(qint64 size)
 {
     if (size <= m_options.maxBytes - m_written)
         return true;
-    m_reason = QStringLiteral("Extraction stopped: the package would write more than %1.").arg(sizeText(m_options.maxBytes));
+    m_reason = QCoreApplication::translate("ResourcePackage", "Extraction stopped: the package would write more than %1.").arg(sizeText(m_options.maxBytes));
     return false;
 }
 
@@ -503,10 +501,10 @@ bool Extraction::fitsUnderCap(qint64 size)
 Extraction::Outcome Extraction::copyDeflate64(EntryOutput &out, const QString &name, const ZipRecord &record)
 {
     if (record.flags & encryptedFlag) {
-        note(QStringLiteral("%1 is encrypted and compressed with Deflate64, which cannot be unpacked here.").arg(name));
+        note(QCoreApplication::translate("ResourcePackage", "%1 is encrypted and compressed with Deflate64, which cannot be unpacked here.").arg(name));
         return Outcome::Failed;
     }
-    const QString damaged = QStringLiteral("It is damaged at %1.").arg(name);
+    const QString damaged = QCoreApplication::translate("ResourcePackage", "It is damaged at %1.").arg(name);
     const std::optional<quint64> start = zipDataOffset(m_file, record);
     if (!start || !m_file.seek(qint64(*start))) {
         note(damaged);
@@ -540,7 +538,7 @@ Extraction::Outcome Extraction::copyDeflate64(EntryOutput &out, const QString &n
     if (capped)
         return Outcome::Stopped;
     if (writeFailed) {
-        note(QStringLiteral("Could not write %1: %2").arg(name, out.errorString()));
+        note(QCoreApplication::translate("ResourcePackage", "Could not write %1: %2").arg(name, out.errorString()));
         return Outcome::Failed;
     }
     // Info-ZIP checks both as well.
@@ -587,7 +585,7 @@ UnpackReport extractResourcePackage(const QString &packagePath, Dialogs &dialogs
     }
     if (!reason.isEmpty()) {
         const bool missing = !QFileInfo(resolveThemePath(packagePath)).isFile();
-        const QString text = QStringLiteral("Could not load resource file ") + packagePath + u'\n' + reason;
+        const QString text = QCoreApplication::translate("ResourcePackage", "Could not load resource file %1\n%2").arg(packagePath, reason);
         report.add({Problem::Severity::Error, text, {}, packagePath,
                     missing ? QStringLiteral("package-missing") : QStringLiteral("package-unreadable"), {}});
     }

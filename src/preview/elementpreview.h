@@ -5,6 +5,7 @@
 
 #include "theme/animatedelement.h"
 
+#include <QCoreApplication>
 #include <QSize>
 
 /** The two off-screen frame strips; elements of one strip never play at the same time. */
@@ -20,21 +21,27 @@ struct ElementPreview {
 };
 
 inline constexpr ElementTable<ElementPreview> elementPreviews{{
-    {AnimatedElementId::Background, "Game Background", FrameStripId::Background,
+    {AnimatedElementId::Background, QT_TRANSLATE_NOOP("AnimatedElement", "Game Background"), FrameStripId::Background,
      AnimatedElementId::Background, QSize(192, 352)},
     // Drawn into the top-left corner of the background's surface.
-    {AnimatedElementId::InternetBackground, "Game Internet Background", FrameStripId::Background,
+    {AnimatedElementId::InternetBackground, QT_TRANSLATE_NOOP("AnimatedElement", "Game Internet Background"), FrameStripId::Background,
      AnimatedElementId::Background, QSize(192, 352)},
-    {AnimatedElementId::Blocks, "Game Blocks", FrameStripId::Blocks,
+    {AnimatedElementId::Blocks, QT_TRANSLATE_NOOP("AnimatedElement", "Game Blocks"), FrameStripId::Blocks,
      AnimatedElementId::Blocks, QSize(96, 80)},
-    {AnimatedElementId::NextBlock, "Next Block Window", FrameStripId::Blocks,
+    {AnimatedElementId::NextBlock, QT_TRANSLATE_NOOP("AnimatedElement", "Next Block Window"), FrameStripId::Blocks,
      AnimatedElementId::NextBlock, QSize(77, 77)},
-    {AnimatedElementId::SpecialWindow, "Special Window", FrameStripId::Blocks,
+    {AnimatedElementId::SpecialWindow, QT_TRANSLATE_NOOP("AnimatedElement", "Special Window"), FrameStripId::Blocks,
      AnimatedElementId::SpecialWindow, QSize(160, 16)},
-    {AnimatedElementId::Explosion, "Explosion", FrameStripId::Blocks,
+    {AnimatedElementId::Explosion, QT_TRANSLATE_NOOP("AnimatedElement", "Explosion"), FrameStripId::Blocks,
      AnimatedElementId::Explosion, QSize(192, 64)},
     // The bomb surface shows only the left 64 columns of each frame.
-    {AnimatedElementId::Bomb, "Block Bomb", FrameStripId::Blocks,
+    {AnimatedElementId::Bomb, QT_TRANSLATE_NOOP("AnimatedElement", "Block Bomb"), FrameStripId::Blocks,
      AnimatedElementId::Bomb, QSize(64, 64)},
 }};
 static_assert(rowsMatchKeys(elementPreviews));
+
+/** How messages and the editor name element \a id ("Game Background"), in the user's language. */
+inline QString elementCaption(AnimatedElementId id)
+{
+    return QCoreApplication::translate("AnimatedElement", elementPreviews[id].caption);
+}

@@ -12,6 +12,7 @@
 #include "preview/loadprogress.h"
 #include "preview/striploader.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QScopeGuard>
 #include <QTimer>
@@ -197,9 +198,9 @@ Result<bool> FramePreviews::startLoad(AnimatedElementId element, double frameCou
         return false;
 
     const QString tooLarge =
-        QStringLiteral("The %1 animation is too large to preview: %2 frames need more than "
-                       "1 GiB of memory.")
-            .arg(QString::fromLatin1(elementPreviews[element].caption), m_doc.value(m_fields[element].frameCount).trimmed());
+        QCoreApplication::translate("FramePreviews", "The %1 animation is too large to preview: %2 frames need more than "
+                                                     "1 GiB of memory.")
+            .arg(elementCaption(e.id), m_doc.value(m_fields[element].frameCount).trimmed());
     if (FrameStrip::bytesNeeded(e, frameCount) > FrameStrip::maximumBytes)
         return Result<bool>::fail(tooLarge, QString::fromLatin1(e.frameCountField));
     finishLoading(); // one load at a time: the one running ends first
@@ -274,7 +275,7 @@ void FramePreviews::takeArrivals(bool waitForOne)
         const quint32 elapsed = m_clock() - load.started;
         const double left = double(elapsed) * double(loader.count() - done) / double(std::max<qint64>(done, 1));
         if (!load.showing && elapsed >= progressDelayMs && left >= shortestProgressMs) {
-            m_progress->begin(QString::fromLatin1(elementPreviews[load.element].caption), loader.count());
+            m_progress->begin(elementCaption(load.element), loader.count());
             load.showing = true;
         }
         if (load.showing) {

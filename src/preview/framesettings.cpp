@@ -7,6 +7,8 @@
 #include "theme/themedocument.h"
 #include "preview/framesequence.h"
 
+#include <QCoreApplication>
+
 Result<FrameSettings> readFrameSettings(const ThemeDocument &doc, const AnimatedElement &element)
 {
     FrameSettings settings;
@@ -16,16 +18,19 @@ Result<FrameSettings> readFrameSettings(const ThemeDocument &doc, const Animated
         const auto value = parseAuthorNumber(doc.value(QLatin1StringView(key)));
         if (value && (zeroAllowed ? *value >= 0 : *value > 0))
             return value;
-        report.error(QLatin1StringView(message), QLatin1StringView(key));
+        report.error(QCoreApplication::translate("FrameSettings", message), QLatin1StringView(key));
         return std::optional<double>();
     };
-    if (const auto count = number(element.frameCountField, false, "Number of frames needs to be 1 or greater!"))
+    if (const auto count = number(element.frameCountField, false,
+                                  QT_TRANSLATE_NOOP("FrameSettings", "Number of frames needs to be 1 or greater!")))
         settings.frameCount = *count;
     if (element.startingFrameField) {
-        if (const auto start = number(element.startingFrameField, false, "Starting frame needs to be 1 or greater!"))
+        if (const auto start = number(element.startingFrameField, false,
+                                      QT_TRANSLATE_NOOP("FrameSettings", "Starting frame needs to be 1 or greater!")))
             settings.startingFrame = frameNumber(*start);
     }
-    if (const auto delay = number(element.delayField, true, "Delay between frames needs to be 0 or greater!"))
+    if (const auto delay = number(element.delayField, true,
+                                  QT_TRANSLATE_NOOP("FrameSettings", "Delay between frames needs to be 0 or greater!")))
         settings.delay = *delay;
     return Result<FrameSettings>(settings, std::move(report));
 }

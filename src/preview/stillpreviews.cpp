@@ -9,6 +9,8 @@
 #include "theme/themeloader.h"
 #include "preview/loadingsurface.h"
 
+#include <QCoreApplication>
+
 StillPreviews::StillPreviews(ThemeDocument &doc, LoadingSurface &loading, QObject *parent)
     : QObject(parent)
     , m_doc(doc)
@@ -22,7 +24,7 @@ Report StillPreviews::showInterfaceScreenPreview(int row)
     const QString path = themeFilePath(m_doc.packageFolder(), m_doc.value(QString::fromLatin1(interfaceRowKeys[row])));
     m_loading.clear();
     if (!path.isEmpty() && !m_loading.load(path)) {
-        report.error(QStringLiteral("Unable to load image: ") + path, QString::fromLatin1(interfaceRowKeys[row]), path);
+        report.error(QCoreApplication::translate("StillPreviews", "Unable to load image: %1").arg(path), QString::fromLatin1(interfaceRowKeys[row]), path);
         return report;
     }
     m_interfacePicture = m_loading.picture();

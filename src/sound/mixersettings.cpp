@@ -9,6 +9,7 @@
 #include "common/safefile.h"
 #include "common/settingsfiles.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include <cmath>
@@ -83,7 +84,7 @@ Result<void> writeEditorConfig(const EditorConfig &config, const QString &path)
 
     if (const Result<void> written = writeWholeFile(path, bytes); !written)
         return Result<void>::fail(
-            QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(path), written.errorText()), {}, path);
+            QCoreApplication::translate("MixerSettings", "Cannot write %1: %2").arg(QDir::toNativeSeparators(path), written.errorText()), {}, path);
     return {};
 }
 

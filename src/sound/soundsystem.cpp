@@ -172,8 +172,8 @@ Report SoundSystem::initSound(const EditorConfig &config)
     closeSound();
     m_soundAvailable = openMixer(config);
     if (!m_soundAvailable)
-        report.add({Problem::Severity::Error, QStringLiteral("Could not initialize sound/music subsystem!"), {}, {}, {},
-                    QStringLiteral("ERROR")});
+        report.add({Problem::Severity::Error, QCoreApplication::translate("SoundSystem", "Could not initialize sound/music subsystem!"), {}, {}, {},
+                    QCoreApplication::translate("SoundSystem", "ERROR")});
     return report;
 }
 
@@ -312,7 +312,7 @@ Report SoundSystem::openMusic(const QString &path, const QString &field)
     freeMusic();
     m_musicIsStream = isStreamFile(path);
     if (!wakeDevice()) {
-        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(SoundError::DeviceFailed), field, path);
+        report.error(QCoreApplication::translate("SoundSystem", "Error while opening sound\r\n%1").arg(soundErrorText(SoundError::DeviceFailed)), field, path);
         return report;
     }
 
@@ -325,7 +325,7 @@ Report SoundSystem::openMusic(const QString &path, const QString &field)
             code = loadFailure(QString::fromUtf8(mixer().SDL_GetError()));
     }
     if (!m_musicHandle) {
-        report.error(QStringLiteral("Error while opening sound\r\n") + soundErrorText(code), field, path);
+        report.error(QCoreApplication::translate("SoundSystem", "Error while opening sound\r\n%1").arg(soundErrorText(code)), field, path);
         m_musicPlaying = false;
     }
     return report;
@@ -385,11 +385,11 @@ QString SoundSystem::soundErrorText(SoundError code)
     // The texts authors know from the original sound library's error table.
     switch (code) {
     case SoundError::None: break;
-    case SoundError::NotInitialised: return QStringLiteral("This command failed because FSOUND_Init was not called");
-    case SoundError::DeviceFailed: return QStringLiteral("Error initializing output device.");
-    case SoundError::FileNotFound: return QStringLiteral("File not found");
-    case SoundError::UnknownFormat: return QStringLiteral("Unknown file format");
-    case SoundError::LoadFailed: return QStringLiteral("Error loading file");
+    case SoundError::NotInitialised: return QCoreApplication::translate("SoundSystem", "This command failed because FSOUND_Init was not called");
+    case SoundError::DeviceFailed: return QCoreApplication::translate("SoundSystem", "Error initializing output device.");
+    case SoundError::FileNotFound: return QCoreApplication::translate("SoundSystem", "File not found");
+    case SoundError::UnknownFormat: return QCoreApplication::translate("SoundSystem", "Unknown file format");
+    case SoundError::LoadFailed: return QCoreApplication::translate("SoundSystem", "Error loading file");
     }
     return {};
 }

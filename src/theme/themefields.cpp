@@ -3,6 +3,8 @@
 
 #include "theme/themefields.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 constexpr std::span<const FieldSpec> fields = fieldtable::rows;
@@ -32,9 +34,15 @@ const FieldSpec &fieldSpec(QAnyStringView key)
 }
 
 
+QString fieldCaptionText(QAnyStringView key)
+{
+    const char *caption = fieldSpec(key).caption;
+    return caption ? QCoreApplication::translate("FieldCaption", caption) : QString();
+}
+
 QString fieldLabel(int index)
 {
-    QString caption = QString::fromLatin1(fields[index].caption);
+    QString caption = fields[index].caption ? QCoreApplication::translate("FieldCaption", fields[index].caption) : QString();
     while (caption.endsWith(u':') || caption.endsWith(u' '))
         caption.chop(1);
     return caption.isEmpty() ? QString::fromLatin1(fields[index].key) : caption;

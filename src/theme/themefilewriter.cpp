@@ -10,6 +10,8 @@
 #include "theme/themedocument.h"
 #include "theme/themesections.h"
 
+#include <QCoreApplication>
+
 
 namespace {
 
@@ -30,9 +32,9 @@ public:
         qsizetype bad = 0;
         if (!AnsiText::encode(text, &m_bytes, &bad)) {
             const QChar c = text.at(bad);
-            m_error = QStringLiteral("The theme cannot be saved: the field \"%1\" holds the character "
-                                     "\"%2\" (U+%3), which a theme file cannot store. "
-                                     "Replace it and save again.")
+            m_error = QCoreApplication::translate("ThemeFileWriter", "The theme cannot be saved: the field \"%1\" holds the character "
+                                                                     "\"%2\" (U+%3), which a theme file cannot store. "
+                                                                     "Replace it and save again.")
                           .arg(QLatin1StringView(field), QString(c),
                                QStringLiteral("%1").arg(c.unicode(), 4, 16, QChar(u'0')).toUpper());
             return;
@@ -81,7 +83,7 @@ Result<QByteArray> themeFileBytes(const ThemeDocument &doc)
 {
     const int type = doc.number(FieldKey::themeType);
     if (type != 0 && type != 1)
-        return Result<QByteArray>::fail(QStringLiteral("The theme type %1 cannot be saved.").arg(type));
+        return Result<QByteArray>::fail(QCoreApplication::translate("ThemeFileWriter", "The theme type %1 cannot be saved.").arg(type));
 
     Writer w(doc);
     w.line(header);
@@ -128,7 +130,7 @@ Result<void> writeThemeFile(const ThemeDocument &doc, const QString &path)
         return bytes.takeReport();
 
     if (const Result<void> written = writeWholeFile(path, *bytes); !written)
-        return Result<void>::fail(QStringLiteral("Could not save %1:\n%2").arg(path, written.errorText()), {}, path);
+        return Result<void>::fail(QCoreApplication::translate("ThemeFileWriter", "Could not save %1:\n%2").arg(path, written.errorText()), {}, path);
     return {};
 }
 

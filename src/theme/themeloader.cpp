@@ -14,6 +14,7 @@
 #include "theme/themesections.h"
 #include "package/resourcepackage.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -118,18 +119,18 @@ public:
         // Theme type
         const std::optional<QString> typeText = read(FieldKey::themeType);
         if (!typeText) {
-            unreadable(QStringLiteral("Could not load ") + m_path + QStringLiteral(".\rLocation: Themetype"));
+            unreadable(QCoreApplication::translate("ThemeLoader", "Could not load %1.\rLocation: Themetype").arg(m_path));
             return false;
         }
         const std::optional<qint64> type = storedWholeNumber(*typeText);
         if (!type || (*type != 0 && *type != 1)) {
-            unreadable(QStringLiteral("Could not load %1.\nIts theme type \"%2\" is not known: "
-                                      "only Theme Type 0 and Theme Type 1 can be loaded.")
+            unreadable(QCoreApplication::translate("ThemeLoader", "Could not load %1.\nIts theme type \"%2\" is not known: "
+                                                                  "only Theme Type 0 and Theme Type 1 can be loaded.")
                            .arg(m_path, typeText->trimmed()));
             return false;
         }
         if (*type == 1 && !resource) {
-            unreadable(QStringLiteral("Theme Type 1 REQUIRES a Resource File!"), QLatin1StringView(FieldKey::resourceFile));
+            unreadable(QCoreApplication::translate("ThemeLoader", "Theme Type 1 REQUIRES a Resource File!"), QLatin1StringView(FieldKey::resourceFile));
             return false;
         }
         m_doc.setNumber(FieldKey::themeType, int(*type));

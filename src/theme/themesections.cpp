@@ -6,6 +6,8 @@
 #include "theme/animatedelement.h"
 #include "theme/themedocument.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
@@ -99,6 +101,39 @@ const AnimatedElement *animationOf(const ThemeSection &section)
             return &e;
     }
     return nullptr;
+}
+
+QString sectionName(Section section)
+{
+    switch (section) {
+    case Section::Interface:
+        return QCoreApplication::translate("ThemeSection", "Graphical User Interface");
+    case Section::Background:
+        return QCoreApplication::translate("ThemeSection", "Background");
+    case Section::Blocks:
+        return QCoreApplication::translate("ThemeSection", "Blocks");
+    case Section::InternetBackground:
+        return QCoreApplication::translate("ThemeSection", "Internet Background");
+    case Section::SpecialWindow:
+        return QCoreApplication::translate("ThemeSection", "Special Window");
+    case Section::NextWindow:
+        return QCoreApplication::translate("ThemeSection", "Next Block Window");
+    case Section::Explosion:
+        return QCoreApplication::translate("ThemeSection", "Block Explosion");
+    case Section::Bomb:
+        return QCoreApplication::translate("ThemeSection", "Block Bomb");
+    case Section::MiscImages:
+        return QCoreApplication::translate("ThemeSection", "Miscellaneous Images");
+    case Section::Colors:
+        return QCoreApplication::translate("ThemeSection", "Colors");
+    case Section::Music:
+        return QCoreApplication::translate("ThemeSection", "Music");
+    case Section::Sounds:
+        return QCoreApplication::translate("ThemeSection", "Sounds");
+    case Section::Header:
+        return QCoreApplication::translate("ThemeSection", "Theme Info");
+    }
+    return {};
 }
 
 bool isWritten(const ThemeDocument &doc, const ThemeSection &section)

@@ -9,6 +9,8 @@
 #include <span>
 #include <vector>
 
+#include <QCoreApplication>
+
 class ThemeDocument;
 struct AnimatedElement;
 
@@ -40,6 +42,9 @@ const ThemeSection &themeSection(Section section);
  * frame-1 name, rebuilt when a theme is loaded); nullptr for other sections.
  */
 const AnimatedElement *animationOf(const ThemeSection &section);
+
+/** How messages name \a section ("Background"), in the user's language; the file's comment lines stay English. */
+QString sectionName(Section section);
 
 /** Whether the writer writes \a section for \a doc: included, and held by the theme's type. */
 bool isWritten(const ThemeDocument &doc, const ThemeSection &section);
