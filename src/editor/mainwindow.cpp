@@ -140,6 +140,21 @@ QColor swatchColor(quint32 value)
     return QColor(int(value & 0xFF), int((value >> 8) & 0xFF), int((value >> 16) & 0xFF));
 }
 
+/**
+ * Hidden panels and data sets do not count in a layout: the page area keeps the width of the
+ * widest one shown so far, with the buttons the bindings add and captions as long as the
+ * language makes them. True when it grew.
+ */
+bool widenFor(QWidget *area, QWidget *panel)
+{
+    panel->layout()->invalidate();
+    const int needed = panel->sizeHint().width() + 12;
+    if (needed <= area->minimumWidth())
+        return false;
+    area->setMinimumWidth(needed);
+    return true;
+}
+
 } // namespace
 
 MainWindow::MainWindow(ThemeDocument &document, QWidget *parent)
@@ -439,10 +454,6 @@ void MainWindow::buildPage(int page)
     panel->setVisible(false); // shown filled, so selectors size themselves to their items
     static_cast<QGridLayout *>(m_area->layout())->addWidget(panel, 0, 0);
     m_panels[page] = panel;
-    // Hidden panels do not count in a layout; the window stays as wide as the widest page.
-    const int needed = panel->sizeHint().width() + 12;
-    if (needed > m_area->minimumWidth())
-        m_area->setMinimumWidth(needed);
 
     if (page == int(Page::General)) {
         connect(m_pages.general.themeType, &QComboBox::currentIndexChanged, this, [this](int choice) {
@@ -468,6 +479,7 @@ void MainWindow::buildPage(int page)
     refreshThemeType();
 
     emit pageBuilt(Page(page));
+    widenFor(m_area, panel);
     panel->setVisible(page == int(m_page));
 }
 
@@ -675,6 +687,8 @@ void MainWindow::chooseDataSet(int page, int choice)
         return;
     m_dataSetChoice[page] = choice;
     showDataSet(page);
+    if (m_panels[page] && widenFor(m_area, m_panels[page]) && page == int(m_page))
+        applyWindowHeight();
     for (int i = 0; i < sets.size(); ++i) {
         if (i != choice && sets[i].element)
             m_timers[*sets[i].element]->stop();

@@ -2,23 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "common/runprogram.h"
-#include "common/scripteddialogs.h"
 #include "common/translations.h"
 #include "art/artimport.h"
-#include "editing/filecommands.h"
 #include "editing/recentthemes.h"
 #include "editor/aboutwindow.h"
-#include "editor/artimportdialog.h"
-#include "editor/buttonbinding.h"
-#include "editor/mainwindow.h"
+#include "editor/editorparts.h"
 #include "editor/mnemonics.h"
 #include "editor/previewbinding.h"
 #include "editor/previewwindow.h"
 #include "editor/problemspanel.h"
 #include "editor/recentmenu.h"
-#include "sound/soundsystem.h"
 #include "theme/animatedelement.h"
-#include "theme/themedocument.h"
 #include "theme/themefields.h"
 
 #include <QAbstractButton>
@@ -45,22 +39,13 @@ namespace {
 using Texts = QMap<QString, QString>; // where it is shown -> the text
 
 /** The editor as the program puts it together, every page built. */
-struct Editor {
-    ThemeDocument doc;
-    ScriptedDialogs dialogs;
-    SoundSystem sound;
-    MainWindow window{doc};
-    FileCommands commands{doc, dialogs};
-    ButtonBinding buttons{window, doc, dialogs, sound, commands};
-    ArtImportCommand importer{window, doc, dialogs, commands};
+struct Editor : EditorParts {
     PreviewBinding previews{window, doc, dialogs};
     QSettings settings{QDir::temp().filePath(QStringLiteral("editor.ini")), QSettings::IniFormat};
     RecentThemes recent{settings};
     RecentMenu recentMenu{*window.findChild<QMenu *>(QStringLiteral("mnuRecent")), recent, commands, dialogs};
     Editor()
     {
-        window.startUp();
-        window.buildAllPages();
         for (QMenu *menu : window.findChildren<QMenu *>())
             emit menu->aboutToShow(); // items made when their menu opens
     }
