@@ -789,7 +789,8 @@ Options:
 Exit status: 0 done, 1 a screenshot could not be written, 2 usage error.
 </source>
         <translation>
-Öffnet THEME, eine .skt-Theme-Datei (wie ein Dateimanager sie übergibt), oder ein neues Theme.
+Öffnet THEME, eine .skt-Theme-Datei (wie ein Dateimanager sie übergibt),
+oder ein neues Theme.
 
 Optionen:
   --screenshot ORDNER  jede Seite und jeden Datensatz von THEME mit laufenden Vorschauen
