@@ -140,10 +140,10 @@ void EditorApplication::endBySystem()
     int status = 0;
     const Result<QString> kept = m_recovery->keepForNextStart();
     if (!kept) {
-        std::fprintf(stderr, "Unsaved changes were lost: %s\n", qPrintable(kept.errorText()));
+        std::fprintf(stderr, "%s\n", qPrintable(QCoreApplication::translate("EditorApplication", "Unsaved changes were lost: %1").arg(kept.errorText())));
         status = 1;
     } else if (!kept->isEmpty()) {
-        std::fprintf(stderr, "Unsaved changes were kept in %s\n", qPrintable(QDir::toNativeSeparators(*kept)));
+        std::fprintf(stderr, "%s\n", qPrintable(QCoreApplication::translate("EditorApplication", "Unsaved changes were kept in %1").arg(QDir::toNativeSeparators(*kept))));
     }
     m_doc.setDirty(false); // the copy holds them; Exit must not ask
     endEditor();
@@ -157,21 +157,21 @@ void EditorApplication::offerRecovery()
         return;
     // One document: the newest copy is offered, older ones wait for the next start.
     const AutoRecovery::Orphan &newest = orphans.front();
-    const QString theme = newest.themeFile.isEmpty() ? QStringLiteral("a new theme")
+    const QString theme = newest.themeFile.isEmpty() ? QCoreApplication::translate("EditorApplication", "a new theme")
                                                      : QDir::toNativeSeparators(newest.themeFile);
-    const QString text = QStringLiteral("Stakko Theme Maker did not end properly while %1 had unsaved changes "
+    const QString text = QCoreApplication::translate("EditorApplication", "Stakko Theme Maker did not end properly while %1 had unsaved changes "
                                         "(kept %2).\n\n\"Restore\" brings the theme back as it was; "
                                         "\"Discard\" deletes the kept changes.")
                              .arg(theme, QLocale().toString(newest.written.toLocalTime(), QLocale::ShortFormat));
-    const int choice = m_dialogs.choose(QStringLiteral("Recover Unsaved Changes"), text,
-                                        {QStringLiteral("Restore"), QStringLiteral("Discard")});
+    const int choice = m_dialogs.choose(QCoreApplication::translate("EditorApplication", "Recover Unsaved Changes"), text,
+                                        {QCoreApplication::translate("EditorApplication", "Restore"), QCoreApplication::translate("EditorApplication", "Discard")});
     if (choice == 1) {
         m_recovery->discard(newest);
     } else if (choice == 0) {
         const Result<int> page = m_recovery->restore(newest);
         Report report;
         if (!page)
-            report.error(QStringLiteral("The unsaved changes could not be restored: ") + page.errorText());
+            report.error(QCoreApplication::translate("EditorApplication", "The unsaved changes could not be restored: %1").arg(page.errorText()));
         m_dialogs.show(report);
         m_window.showRestoredTheme(page ? editorPageAt(*page) : std::nullopt);
     }
@@ -204,7 +204,7 @@ int EditorApplication::run(const QString &themePath)
             return;
         m_copyFailureShown = true;
         Report report;
-        report.error(QStringLiteral("Unsaved changes could not be kept for recovery: ") + written.errorText());
+        report.error(QCoreApplication::translate("EditorApplication", "Unsaved changes could not be kept for recovery: %1").arg(written.errorText()));
         m_dialogs.show(report);
     });
     m_themeWatch = std::make_unique<ThemeFileWatch>(m_doc, m_commands, m_dialogs);

@@ -5,6 +5,7 @@
 
 #include "check/backgroundcheck.h"
 #include "common/safefile.h"
+#include "common/translations.h"
 #include "editing/fieldbrowsing.h"
 #include "editor/artimportdialog.h"
 #include "editor/controlnames.h"
@@ -77,10 +78,10 @@ bool savePicture(QWidget &widget, const QString &path)
 {
     QByteArray png;
     QBuffer buffer(&png);
-    QString reason = QStringLiteral("the picture could not be encoded");
+    QString reason = QCoreApplication::translate("ScreenshotTour", "the picture could not be encoded");
     if (!buffer.open(QIODevice::WriteOnly) || !widget.grab().save(&buffer, "PNG")
         || !(reason = writeWholeFile(path, png).errorText()).isEmpty()) {
-        std::fprintf(stderr, "Could not write %s: %s\n", qPrintable(path), qPrintable(reason));
+        std::fprintf(stderr, "%s\n", qPrintable(QCoreApplication::translate("ScreenshotTour", "Could not write %1: %2").arg(path, reason)));
         return false;
     }
     return true;
@@ -119,7 +120,7 @@ bool writeToolShots(MainWindow &window, PreviewBinding &previews, const QString 
 bool writeScreenshots(MainWindow &window, const QString &folder, const QString &suffix)
 {
     if (!QDir().mkpath(folder)) {
-        std::fprintf(stderr, "Could not create %s\n", qPrintable(folder));
+        std::fprintf(stderr, "%s\n", qPrintable(QCoreApplication::translate("ScreenshotTour", "Could not create %1").arg(folder)));
         return false;
     }
     window.show();
@@ -134,7 +135,7 @@ bool writeScreenshots(MainWindow &window, const QString &folder, const QString &
         }
         for (int choice = 0; choice < selector->count(); ++choice) {
             selector->setCurrentIndex(choice);
-            const QString name = base + QLatin1Char('-') + fileSlug(selector->itemText(choice));
+            const QString name = base + QLatin1Char('-') + fileSlug(selector->itemData(choice).toString());
             ok = saveShot(window, name + suffix + QStringLiteral(".png")) && ok;
         }
         selector->setCurrentIndex(0);
@@ -199,6 +200,10 @@ int takeScreenshots(const ScreenshotTour &tour, MainWindow &window, PreviewBindi
     ok = ok && writeImportShot(window, importer, doc, tour.folder, suffix);
     if (!tour.scaledPass) {
         QStringList childArgs{QStringLiteral("--screenshot"), tour.folder, QStringLiteral("--scaled-pass")};
+        // The second pass speaks the language the first one was asked for.
+        QStringList given = QCoreApplication::arguments();
+        if (const std::optional<QString> language = takeLanguageOption(given); language && !language->isEmpty())
+            childArgs = QStringList{QStringLiteral("--lang"), *language} + childArgs;
         if (!tour.themePath.isEmpty())
             childArgs << tour.themePath;
         ok = runScaledPass(childArgs) == 0 && ok;

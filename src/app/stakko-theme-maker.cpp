@@ -17,11 +17,11 @@
 
 namespace {
 
-const char *const usageLines =
+const char *const usageLines = QT_TRANSLATE_NOOP("main",
     "Usage: stakko-theme-maker [THEME.skt]\n"
-    "       stakko-theme-maker --screenshot DIR [THEME.skt]\n";
+    "       stakko-theme-maker --screenshot DIR [THEME.skt]\n");
 
-const char *const usageText =
+const char *const usageText = QT_TRANSLATE_NOOP("main",
     "\n"
     "Opens THEME, a .skt theme file (as a file manager passes it), or a new theme.\n"
     "\n"
@@ -33,30 +33,43 @@ const char *const usageText =
     "  --lang CODE        speak the language CODE (de, en, ...) instead of the system's\n"
     "  --help, --version\n"
     "\n"
-    "Exit status: 0 done, 1 a screenshot could not be written, 2 usage error.\n";
+    "Exit status: 0 done, 1 a screenshot could not be written, 2 usage error.\n");
 
 /** Usage errors end here, before any window: exit status 2. */
 int usageError()
 {
-    std::fprintf(stderr, "%sTry 'stakko-theme-maker --help'.\n", usageLines);
+    std::fprintf(stderr, "%s%s\n", qPrintable(QCoreApplication::translate("main", usageLines)),
+                 qPrintable(QCoreApplication::translate("main", "Try 'stakko-theme-maker --help'.")));
     return 2;
 }
 
-/** --help and --version are answered before the application starts, so they need no display. */
+/**
+ * --help and --version are answered before the window system is reached, so they need no display;
+ * the answer is in the author's language.
+ */
 std::optional<int> answerWithoutWindow(int argc, char *argv[])
 {
-    for (int i = 1; i < argc; ++i) {
+    std::optional<QByteArrayView> asked;
+    for (int i = 1; i < argc && !asked; ++i) {
         const QByteArrayView arg(argv[i]);
-        if (arg == "--help" || arg == "-h") {
-            std::printf("%s%s", usageLines, usageText);
-            return 0;
-        }
-        if (arg == "--version") {
-            std::printf("stakko-theme-maker %s\n", STAKKO_VERSION_STRING);
-            return 0;
-        }
+        if (arg == "--help" || arg == "-h" || arg == "--version")
+            asked = arg;
     }
-    return std::nullopt;
+    if (!asked)
+        return std::nullopt;
+    if (*asked == "--version") {
+        std::printf("stakko-theme-maker %s\n", STAKKO_VERSION_STRING);
+        return 0;
+    }
+    const QCoreApplication app(argc, argv);
+    QStringList arguments = QCoreApplication::arguments();
+    const std::optional<QString> language = takeLanguageOption(arguments);
+    if (!language)
+        return usageError();
+    useLanguage(*language, {Catalog::editor});
+    std::printf("%s%s", qPrintable(QCoreApplication::translate("main", usageLines)),
+                qPrintable(QCoreApplication::translate("main", usageText)));
+    return 0;
 }
 
 struct Arguments {
@@ -107,8 +120,8 @@ int main(int argc, char *argv[])
     if (!language)
         return usageError();
     if (!useLanguage(*language, {Catalog::core, Catalog::editor, Catalog::qt}))
-        std::fprintf(stderr, "stakko-theme-maker: no translation for '%s'; texts stay in English\n",
-                     qUtf8Printable(*language));
+        std::fprintf(stderr, "%s\n",
+                     qPrintable(QCoreApplication::translate("main", "stakko-theme-maker: no translation for '%1'; texts stay in English").arg(*language)));
     const std::optional<Arguments> args = parseArguments(arguments.mid(1));
     if (!args)
         return usageError();

@@ -17,8 +17,8 @@ namespace {
 
 const QString applicationTitle = QStringLiteral("Stakko Theme Maker");
 const char *const credits[] = {
-    "Program code: the Stakko Theme Maker developers",
-    "Splash art: the Stakko artists",
+    QT_TRANSLATE_NOOP("AboutWindow", "Program code: the Stakko Theme Maker developers"),
+    QT_TRANSLATE_NOOP("AboutWindow", "Splash art: the Stakko artists"),
 };
 
 QLabel *namedLabel(const char *name, const QString &text)
@@ -41,7 +41,7 @@ QFrame *rule(int index)
 
 QString AboutWindow::versionLine()
 {
-    return QStringLiteral("Version %1.%2.%3").arg(STAKKO_VERSION_MAJOR).arg(STAKKO_VERSION_MINOR).arg(STAKKO_VERSION_PATCH);
+    return tr("Version %1.%2.%3").arg(STAKKO_VERSION_MAJOR).arg(STAKKO_VERSION_MINOR).arg(STAKKO_VERSION_PATCH);
 }
 
 AboutWindow::AboutWindow(const QIcon &icon, QWidget *parent)
@@ -50,7 +50,7 @@ AboutWindow::AboutWindow(const QIcon &icon, QWidget *parent)
     setObjectName(QStringLiteral("frmAbout"));
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(false);
-    setWindowTitle(QStringLiteral("About ") + applicationTitle);
+    setWindowTitle(tr("About %1").arg(applicationTitle));
     setWindowIcon(icon);
 
     auto *picture = namedLabel("picIcon", QString());
@@ -65,7 +65,7 @@ AboutWindow::AboutWindow(const QIcon &icon, QWidget *parent)
 
     QStringList creditLines;
     for (const char *line : credits)
-        creditLines << QString::fromLatin1(line);
+        creditLines << tr(line);
     QLabel *description = namedLabel("lblDescription", creditLines.join(QLatin1Char('\n')));
 
     const QString address = QStringLiteral(STAKKO_WEB_ADDRESS);
@@ -75,7 +75,7 @@ AboutWindow::AboutWindow(const QIcon &icon, QWidget *parent)
     // A missing browser is not the author's problem: the result is ignored on purpose.
     connect(link, &QLabel::linkActivated, this, [](const QString &url) { QDesktopServices::openUrl(QUrl(url)); });
 
-    auto *ok = new QPushButton(QStringLiteral("OK"));
+    auto *ok = new QPushButton(tr("OK"));
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::close);
@@ -87,7 +87,7 @@ AboutWindow::AboutWindow(const QIcon &icon, QWidget *parent)
     text->addWidget(description);
     text->addWidget(rule(1));
     QLabel *latest = namedLabel("lblLatest",
-                                QStringLiteral("For the latest version of Stakko and Stakko Theme Maker, visit:"));
+                                tr("For the latest version of Stakko and Stakko Theme Maker, visit:"));
     text->addWidget(latest);
     text->addWidget(link);
     // A build that names no web page leads nowhere rather than to an address nobody holds.

@@ -4,6 +4,7 @@
 #include "editor/accessiblenames.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHash>
@@ -64,9 +65,11 @@ void nameRowButtons(QWidget *scope)
         if (row.isEmpty())
             continue;
         // The caption's verb carries the row: "Browse for Shield", "Play Shield", "Import Shield".
+        // A Browse button is told by its name: its caption is in the author's language.
         const QString verb = caption.section(u' ', 0, 0);
-        button->setAccessibleName(verb == QLatin1String("Browse") ? QStringLiteral("Browse for %1").arg(row)
-                                                                  : QStringLiteral("%1 %2").arg(verb, row));
+        const bool browse = button->objectName().startsWith(QLatin1String("cmdBrowse")) && !button->text().isEmpty();
+        button->setAccessibleName(browse ? QCoreApplication::translate("AccessibleNames", "Browse for %1").arg(row)
+                                         : QCoreApplication::translate("AccessibleNames", "%1 %2", "a button's verb, then its row").arg(verb, row));
         if (button->toolTip().isEmpty())
             button->setToolTip(button->accessibleName());
     }

@@ -35,7 +35,7 @@
 
 namespace {
 
-const QString caption = QStringLiteral("Import Art");
+const char *const caption = QT_TRANSLATE_NOOP("ArtImportDialog", "Import Art");
 
 /** Every row with an Import button: its key, its Browse button and the text box that takes drops. */
 // The rows whose art can be imported: every file row but the skin and the resource package.
@@ -109,55 +109,55 @@ bool wantsImport(const QString &key, const QString &path)
 ArtImportDialog::ArtImportDialog(const QStringList &keys, const QString &key, QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("frmImportArt"));
-    setWindowTitle(caption);
+    setWindowTitle(tr(caption));
     auto *form = new QFormLayout;
     m_row = new QComboBox;
     m_row->setObjectName(QStringLiteral("cmbImportRow"));
     for (const QString &k : keys)
         m_row->addItem(artTarget(k)->label(), k);
     m_row->setCurrentIndex(std::max(0, int(keys.indexOf(key))));
-    form->addRow(QStringLiteral("&Row:"), m_row);
+    form->addRow(tr("&Row:"), m_row);
 
     m_source = new QLineEdit;
     m_source->setObjectName(QStringLiteral("txtImportSource"));
     m_source->setReadOnly(true);
-    auto *files = new QPushButton(QStringLiteral("&Files..."));
+    auto *files = new QPushButton(tr("&Files..."));
     files->setObjectName(QStringLiteral("cmdImportFiles"));
-    auto *folder = new QPushButton(QStringLiteral("F&older..."));
+    auto *folder = new QPushButton(tr("F&older..."));
     folder->setObjectName(QStringLiteral("cmdImportFolder"));
     auto *sourceRow = new QHBoxLayout;
     sourceRow->addWidget(m_source, 1);
     sourceRow->addWidget(files);
     sourceRow->addWidget(folder);
-    form->addRow(buddyLabel(QStringLiteral("&Source:"), m_source), sourceRow);
+    form->addRow(buddyLabel(tr("&Source:"), m_source), sourceRow);
 
     m_fit = new QComboBox;
     m_fit->setObjectName(QStringLiteral("cmbImportFit"));
-    m_fit->addItem(QStringLiteral("Fill: cover, centre cut out"), int(FrameFit::Fill));
-    m_fit->addItem(QStringLiteral("Fit: inside, background around"), int(FrameFit::Fit));
-    m_fit->addItem(QStringLiteral("Stretch"), int(FrameFit::Stretch));
-    m_fit->addItem(QStringLiteral("Pixel: whole factor, hard edges"), int(FrameFit::Pixel));
-    form->addRow(QStringLiteral("F&it:"), m_fit);
+    m_fit->addItem(tr("Fill: cover, centre cut out"), int(FrameFit::Fill));
+    m_fit->addItem(tr("Fit: inside, background around"), int(FrameFit::Fit));
+    m_fit->addItem(tr("Stretch"), int(FrameFit::Stretch));
+    m_fit->addItem(tr("Pixel: whole factor, hard edges"), int(FrameFit::Pixel));
+    form->addRow(tr("F&it:"), m_fit);
 
     m_background = new QPushButton;
     m_background->setObjectName(QStringLiteral("cmdImportBackground"));
-    m_background->setAccessibleName(QStringLiteral("Background colour"));
-    form->addRow(QStringLiteral("&Background:"), m_background);
+    m_background->setAccessibleName(tr("Background colour"));
+    form->addRow(tr("&Background:"), m_background);
 
     m_format = new QComboBox;
     m_format->setObjectName(QStringLiteral("cmbImportFormat"));
-    m_format->addItem(QStringLiteral("Bitmap (.bmp, 24-bit)"), int(FrameFormat::Bmp));
-    m_format->addItem(QStringLiteral("JPEG (.jpg)"), int(FrameFormat::Jpg));
+    m_format->addItem(tr("Bitmap (.bmp, 24-bit)"), int(FrameFormat::Bmp));
+    m_format->addItem(tr("JPEG (.jpg)"), int(FrameFormat::Jpg));
     m_quality = new QSpinBox;
     m_quality->setObjectName(QStringLiteral("txtImportQuality"));
     m_quality->setRange(1, 100);
     m_quality->setValue(90);
-    m_quality->setAccessibleName(QStringLiteral("JPEG quality"));
+    m_quality->setAccessibleName(tr("JPEG quality"));
     auto *formatRow = new QHBoxLayout;
     formatRow->addWidget(m_format, 1);
-    formatRow->addWidget(new QLabel(QStringLiteral("Quality:")));
+    formatRow->addWidget(new QLabel(tr("Quality:")));
     formatRow->addWidget(m_quality);
-    form->addRow(buddyLabel(QStringLiteral("Fo&rmat:"), m_format), formatRow);
+    form->addRow(buddyLabel(tr("Fo&rmat:"), m_format), formatRow);
 
     m_columns = new QSpinBox;
     m_columns->setObjectName(QStringLiteral("txtImportColumns"));
@@ -167,24 +167,24 @@ ArtImportDialog::ArtImportDialog(const QStringList &keys, const QString &key, QW
         box->setRange(1, 999);
         box->setValue(1);
     }
-    m_columns->setAccessibleName(QStringLiteral("Sheet columns"));
-    m_rows->setAccessibleName(QStringLiteral("Sheet rows"));
+    m_columns->setAccessibleName(tr("Sheet columns"));
+    m_rows->setAccessibleName(tr("Sheet rows"));
     auto *sheetRow = new QHBoxLayout;
     sheetRow->addWidget(m_columns);
-    sheetRow->addWidget(new QLabel(QStringLiteral("columns x")));
+    sheetRow->addWidget(new QLabel(tr("columns x")));
     sheetRow->addWidget(m_rows);
-    sheetRow->addWidget(new QLabel(QStringLiteral("rows (1 x 1: not a sheet)")));
+    sheetRow->addWidget(new QLabel(tr("rows (1 x 1: not a sheet)")));
     sheetRow->addStretch();
-    form->addRow(buddyLabel(QStringLiteral("S&heet:"), m_columns), sheetRow);
+    form->addRow(buddyLabel(tr("S&heet:"), m_columns), sheetRow);
 
     m_before = new QLabel;
     m_after = new QLabel;
     m_after2x = new QLabel;
     auto *views = new QHBoxLayout;
-    for (auto [label, title] : {std::pair{m_before, "Before"}, std::pair{m_after, "After (1x)"},
-                                std::pair{m_after2x, "After (2x)"}}) {
+    for (auto [label, title] : {std::pair{m_before, QT_TR_NOOP("Before")}, std::pair{m_after, QT_TR_NOOP("After (1x)")},
+                                std::pair{m_after2x, QT_TR_NOOP("After (2x)")}}) {
         auto *column = new QVBoxLayout;
-        column->addWidget(new QLabel(QLatin1StringView(title)));
+        column->addWidget(new QLabel(tr(title)));
         label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         label->setMinimumSize(96, 96);
         column->addWidget(label, 1);
@@ -195,7 +195,7 @@ ArtImportDialog::ArtImportDialog(const QStringList &keys, const QString &key, QW
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     m_ok = buttons->button(QDialogButtonBox::Ok);
-    m_ok->setText(QStringLiteral("Import"));
+    m_ok->setText(tr("Import"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -251,21 +251,21 @@ void ArtImportDialog::setSources(const QStringList &sources)
 
 void ArtImportDialog::chooseFiles()
 {
-    const QStringList chosen = QFileDialog::getOpenFileNames(this, caption, QFileInfo(m_sources.value(0)).absolutePath());
+    const QStringList chosen = QFileDialog::getOpenFileNames(this, tr(caption), QFileInfo(m_sources.value(0)).absolutePath());
     if (!chosen.isEmpty())
         setSources(chosen);
 }
 
 void ArtImportDialog::chooseFolder()
 {
-    const QString chosen = QFileDialog::getExistingDirectory(this, caption, QFileInfo(m_sources.value(0)).absolutePath());
+    const QString chosen = QFileDialog::getExistingDirectory(this, tr(caption), QFileInfo(m_sources.value(0)).absolutePath());
     if (!chosen.isEmpty())
         setSources({chosen});
 }
 
 void ArtImportDialog::chooseBackground()
 {
-    const QColor chosen = QColorDialog::getColor(m_backgroundColor, this, QStringLiteral("Background"));
+    const QColor chosen = QColorDialog::getColor(m_backgroundColor, this, tr("Background"));
     if (chosen.isValid()) {
         m_backgroundColor = chosen;
         refresh();
@@ -285,12 +285,12 @@ void ArtImportDialog::refresh()
     m_after2x->clear();
     m_ok->setEnabled(!m_sources.isEmpty() && !m_art.hasErrors());
     if (m_sources.isEmpty()) {
-        m_found->setText(QStringLiteral("Choose the art: files or a folder."));
+        m_found->setText(tr("Choose the art: files or a folder."));
         return;
     }
     if (sound) {
-        m_found->setText(target->kind == FileKind::Music ? QStringLiteral("Music the game plays is copied; other music becomes OGG Vorbis.")
-                                                         : QStringLiteral("Becomes a 16-bit PCM wave at 11025, 22050 or 44100 Hz."));
+        m_found->setText(target->kind == FileKind::Music ? tr("Music the game plays is copied; other music becomes OGG Vorbis.")
+                                                         : tr("Becomes a 16-bit PCM wave at 11025, 22050 or 44100 Hz."));
         return;
     }
     if (m_art.hasErrors() || m_art.frames.isEmpty()) {
@@ -305,10 +305,10 @@ void ArtImportDialog::refresh()
         m_after2x->setPixmap(shownAt(after, 2));
     const int delay = medianDelay(m_art.delays);
     QString found = target->element
-                        ? QStringLiteral("%1 frames of %2 x %3").arg(m_art.frames.size()).arg(after.width()).arg(after.height())
-                        : QStringLiteral("1 picture of %1 x %2").arg(after.width()).arg(after.height());
+                        ? tr("%1 frames of %2 x %3").arg(m_art.frames.size()).arg(after.width()).arg(after.height())
+                        : tr("1 picture of %1 x %2").arg(after.width()).arg(after.height());
     if (target->element)
-        found += delay >= 0 ? QStringLiteral(", delay %1 ms").arg(delay) : QStringLiteral(", no delay of its own (the row's stays)");
+        found += delay >= 0 ? tr(", delay %1 ms").arg(delay) : tr(", no delay of its own (the row's stays)");
     m_found->setText(found);
 }
 
@@ -326,7 +326,7 @@ ArtImportCommand::ArtImportCommand(MainWindow &window, ThemeDocument &doc, Edito
         }
     });
     QMenu *tools = m_window.findChild<QMenu *>(QStringLiteral("mnuTools"));
-    auto *item = new QAction(QStringLiteral("&Import Art..."), tools);
+    auto *item = new QAction(tr("&Import Art..."), tools);
     item->setObjectName(QStringLiteral("mnuImportArt"));
     QAction *before = m_window.findChild<QAction *>(QStringLiteral("mnuBuildPackage"));
     tools->insertAction(before, item);
@@ -341,10 +341,10 @@ void ArtImportCommand::addImportButton(QWidget *browse, const QString &key)
     QLayout *layout = layoutHolding(browse->parentWidget() ? browse->parentWidget()->layout() : nullptr, browse);
     if (!layout)
         return;
-    auto *button = new QPushButton(QStringLiteral("Import..."));
+    auto *button = new QPushButton(tr("Import..."));
     button->setObjectName(browse->objectName().replace(QStringLiteral("cmdBrowse"), QStringLiteral("cmdImport")));
-    button->setAccessibleName(QStringLiteral("Import for ") + artTarget(key)->label());
-    button->setToolTip(QStringLiteral("Import art into %1: pictures, animations, sprite sheets, sounds").arg(artTarget(key)->label()));
+    button->setAccessibleName(tr("Import for %1").arg(artTarget(key)->label()));
+    button->setToolTip(tr("Import art into %1: pictures, animations, sprite sheets, sounds").arg(artTarget(key)->label()));
     if (auto *box = qobject_cast<QBoxLayout *>(layout)) {
         box->insertWidget(box->indexOf(browse) + 1, button);
     } else {
@@ -390,8 +390,8 @@ bool ArtImportCommand::importInto(const QString &key, const QStringList &sources
         if (!saved || !*saved)
             return false;
     }
-    QProgressDialog progress(QStringLiteral("Importing the art..."), QStringLiteral("Cancel"), 0, 1, &m_window);
-    progress.setWindowTitle(caption);
+    QProgressDialog progress(tr("Importing the art..."), tr("Cancel"), 0, 1, &m_window);
+    progress.setWindowTitle(ArtImportDialog::tr(caption));
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(500);
     const ArtImportReport imported = importArt(m_doc, dialog->key(), dialog->sources(), dialog->options(),
@@ -405,7 +405,7 @@ bool ArtImportCommand::importInto(const QString &key, const QStringList &sources
     m_dialogs.show(imported);
     if (!imported.imported)
         return false;
-    m_window.statusBar()->showMessage(QStringLiteral("Imported %1 files into %2")
+    m_window.statusBar()->showMessage(tr("Imported %1 files into %2")
                                           .arg(imported.files.size())
                                           .arg(QDir::toNativeSeparators(imported.folder)), 10000);
     m_window.checkTheme();
@@ -418,10 +418,10 @@ bool ArtImportCommand::offerImport(const QString &key, const QString &path)
         return false;
     const QString name = QFileInfo(path).fileName();
     const QString question =
-        QStringLiteral("The game reads %1 as numbered bitmap or JPEG frames (%2 is not the first of them: "
+        tr("The game reads %1 as numbered bitmap or JPEG frames (%2 is not the first of them: "
                        "its root would be cut from its name).\n\nImport it instead, as frames of the game's "
                        "size?").arg(artTarget(key)->label(), name);
-    if (m_dialogs.askYesNo(caption, question) != Dialogs::Answer::Yes)
+    if (m_dialogs.askYesNo(ArtImportDialog::tr(caption), question) != Dialogs::Answer::Yes)
         return false;
     importInto(key, {path});
     return true;

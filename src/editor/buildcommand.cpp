@@ -21,7 +21,7 @@
 
 namespace {
 
-const QString caption = QStringLiteral("Build Resource Package");
+const char *const caption = QT_TRANSLATE_NOOP("BuildCommand", "Build Resource Package");
 // Listing more than this in one box helps nobody; the Problems panel holds them all.
 constexpr int listedProblems = 12;
 
@@ -47,7 +47,7 @@ bool BuildCommand::build()
         away << QStringLiteral("%1: %2").arg(r.key, isAbsoluteThemePath(r.name) ? QDir::toNativeSeparators(r.name) : r.name);
     const bool relink =
         !away.isEmpty()
-        && m_dialogs.askYesNo(caption, QStringLiteral("These files are named by absolute paths or lie outside the package "
+        && m_dialogs.askYesNo(tr(caption), tr("These files are named by absolute paths or lie outside the package "
                                                       "folder, which the player's machine will not have:\n\n%1\n\nStore "
                                                       "them in the package under their own names and change the fields to "
                                                       "those names?")
@@ -58,9 +58,9 @@ bool BuildCommand::build()
     QAction *command = m_window.findChild<QAction *>(QStringLiteral("mnuBuildPackage"));
     command->setEnabled(false);
     const auto enableAgain = qScopeGuard([command] { command->setEnabled(true); });
-    QProgressDialog progress(QStringLiteral("Writing the resource package..."), QStringLiteral("Cancel"), 0, 1,
+    QProgressDialog progress(tr("Writing the resource package..."), tr("Cancel"), 0, 1,
                              &m_window);
-    progress.setWindowTitle(caption);
+    progress.setWindowTitle(tr(caption));
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(500); // small packages are done before it would show
     const auto showProgress = [&](qsizetype done, qsizetype total) {
@@ -80,8 +80,8 @@ bool BuildCommand::build()
         for (const Problem &p : built.problems.mid(0, listedProblems))
             lines << p.text;
         if (built.problems.size() > listedProblems)
-            lines << QStringLiteral("... and %1 more in the Problems panel.").arg(built.problems.size() - listedProblems);
-        shown.error(QStringLiteral("The resource package was not written:\n\n") + lines.join(u'\n'), {}, built.package);
+            lines << tr("... and %1 more in the Problems panel.").arg(built.problems.size() - listedProblems);
+        shown.error(tr("The resource package was not written:\n\n%1").arg(lines.join(u'\n')), {}, built.package);
         m_dialogs.show(shown);
         if (built.problems.size() > 1) {
             m_window.problemsPanel().showReport(built);
@@ -91,7 +91,7 @@ bool BuildCommand::build()
     }
     m_dialogs.show(result.told);
     m_window.statusBar()->showMessage(
-        QStringLiteral("Wrote %1 (%2 files)").arg(QDir::toNativeSeparators(built.package)).arg(built.entries), 10000);
+        tr("Wrote %1 (%2 files)").arg(QDir::toNativeSeparators(built.package)).arg(built.entries), 10000);
     m_window.checkTheme();
     return true;
 }

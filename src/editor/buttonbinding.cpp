@@ -16,6 +16,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QCoreApplication>
 #include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
@@ -27,8 +28,8 @@
 
 namespace {
 
-const QString playMusicCaption = QStringLiteral("Play Music");
-const QString stopMusicCaption = QStringLiteral("Stop Music");
+// Whether the music button has started the music; its caption says so in the author's language.
+constexpr char musicStarted[] = "musicStarted";
 
 // The one local file dragged, or "".
 QString droppedFile(const QMimeData *mime)
@@ -177,15 +178,17 @@ void ButtonBinding::bindPage(EditorPage page)
 void ButtonBinding::toggleMusic()
 {
     QAbstractButton *button = m_window.pages().sounds.music.show;
-    // The caption is the state: it changes before opening, so a failed open still reads
-    // "Stop Music" and the next click merely resets it.
-    if (button->text() == playMusicCaption) {
-        button->setText(stopMusicCaption);
+    // The state changes before opening, so a failed open still reads "Stop Music" and the
+    // next click merely resets it.
+    const bool starting = !button->property(musicStarted).toBool();
+    button->setProperty(musicStarted, starting);
+    if (starting) {
+        button->setText(QCoreApplication::translate("PageWidgets", "Stop Music"));
         m_dialogs.show(m_sound.openMusic(themeFilePath(m_doc.musicFolder(), m_doc.value(FieldKey::midi)),
                                          QLatin1StringView(FieldKey::midi)));
         m_sound.playMusic();
     } else {
-        button->setText(playMusicCaption);
+        button->setText(QCoreApplication::translate("PageWidgets", "Play Music"));
         m_sound.stopMusic();
         m_sound.freeMusic();
     }

@@ -73,19 +73,19 @@ struct PageRow {
 };
 
 constexpr EnumArray<EditorPage, PageRow, editorPageCount> pageRows{{
-    {"General", "General Theme Information", "tab-general", "mnuGeneral", "&General",
+    {QT_TRANSLATE_NOOP("MainWindow", "General"), QT_TRANSLATE_NOOP("MainWindow", "General Theme Information"), "tab-general", "mnuGeneral", QT_TRANSLATE_NOOP("MainWindow", "&General"),
      6475, "general", nullptr},
-    {"IFace", "Graphical Interface Configuration", "tab-iface", "mnuIface", "&Interface",
+    {QT_TRANSLATE_NOOP("MainWindow", "IFace"), QT_TRANSLATE_NOOP("MainWindow", "Graphical Interface Configuration"), "tab-iface", "mnuIface", QT_TRANSLATE_NOOP("MainWindow", "&Interface"),
      6475, "interface", nullptr},
-    {"Background", "Game Background Configuration", "tab-background", "mnuBG",
-     "&Background", 7315, "background", "cmbFields"},
-    {"Blocks", "Game Block Configuration", "tab-blocks", "mnuBLK", "Bl&ocks",
+    {QT_TRANSLATE_NOOP("MainWindow", "Background"), QT_TRANSLATE_NOOP("MainWindow", "Game Background Configuration"), "tab-background", "mnuBG",
+     QT_TRANSLATE_NOOP("MainWindow", "&Background"), 7315, "background", "cmbFields"},
+    {QT_TRANSLATE_NOOP("MainWindow", "Blocks"), QT_TRANSLATE_NOOP("MainWindow", "Game Block Configuration"), "tab-blocks", "mnuBLK", QT_TRANSLATE_NOOP("MainWindow", "Bl&ocks"),
      6475, "blocks", "cmbBlocks"},
     // "Misceallenous" is the menu caption authors know: kept as the original spells it.
-    {"Misc. GFX", "Miscellaneous graphics", "tab-misc", "mnuMisc", "&Misceallenous Graphics",
+    {QT_TRANSLATE_NOOP("MainWindow", "Misc. GFX"), QT_TRANSLATE_NOOP("MainWindow", "Miscellaneous graphics"), "tab-misc", "mnuMisc", QT_TRANSLATE_NOOP("MainWindow", "&Misceallenous Graphics"),
      6475, "misc", "cmbMisc"},
-    {"Sounds/Music", "Sounds and Music configuration", "tab-sounds", "mnuSounds",
-     "&Sounds and Music", 6475, "sounds", nullptr},
+    {QT_TRANSLATE_NOOP("MainWindow", "Sounds/Music"), QT_TRANSLATE_NOOP("MainWindow", "Sounds and Music configuration"), "tab-sounds", "mnuSounds",
+     QT_TRANSLATE_NOOP("MainWindow", "&Sounds and Music"), 6475, "sounds", nullptr},
 }};
 
 // A section's frame (from its page's struct), switched by its include box. One with a data set is
@@ -97,8 +97,8 @@ struct SectionFrame {
 };
 constexpr SectionFrame sectionFrames[] = {
     {Section::Interface, EditorPage::Interface, nullptr},
-    {Section::Colors, EditorPage::Misc, "Theme Colors"},
-    {Section::MiscImages, EditorPage::Misc, "Misc. Images"},
+    {Section::Colors, EditorPage::Misc, QT_TRANSLATE_NOOP("MainWindow", "Theme Colors")},
+    {Section::MiscImages, EditorPage::Misc, QT_TRANSLATE_NOOP("MainWindow", "Misc. Images")},
     {Section::Sounds, EditorPage::Sounds, nullptr},
     {Section::Music, EditorPage::Sounds, nullptr},
 };
@@ -143,6 +143,21 @@ QString withLineFeeds(QString text)
 QColor swatchColor(quint32 value)
 {
     return QColor(int(value & 0xFF), int((value >> 8) & 0xFF), int((value >> 16) & 0xFF));
+}
+
+/**
+ * Hidden panels and data sets do not count in a layout: the page area keeps the width of the
+ * widest one shown so far, with the buttons the bindings add and captions as long as the
+ * language makes them. True when it grew.
+ */
+bool widenFor(QWidget *area, QWidget *panel)
+{
+    panel->layout()->invalidate();
+    const int needed = panel->sizeHint().width() + 12;
+    if (needed <= area->minimumWidth())
+        return false;
+    area->setMinimumWidth(needed);
+    return true;
 }
 
 } // namespace
@@ -197,7 +212,7 @@ void MainWindow::buildMenus()
         return action;
     };
 
-    QMenu *file = menuBar()->addMenu(QStringLiteral("&File"));
+    QMenu *file = menuBar()->addMenu(tr("&File"));
     file->setObjectName(QStringLiteral("mnuFile"));
     // The first shortcut is the one the menu shows; the desktop's usual ones follow it.
     const auto keys = [](std::initializer_list<const char *> sequences) {
@@ -206,30 +221,30 @@ void MainWindow::buildMenus()
             list.append(QKeySequence(QLatin1StringView(sequence)));
         return list;
     };
-    addItem(file, "mnuNewTheme", QStringLiteral("Theme &New"))->setShortcuts(keys({"Ctrl+N"}));
-    addItem(file, "mnuLoadTheme", QStringLiteral("Theme &Load"))->setShortcuts(keys({"Ctrl+L", "Ctrl+O"}));
-    addItem(file, "mnuSaveTheme", QStringLiteral("Theme &Save"))->setShortcuts(keys({"Ctrl+S"}));
-    addItem(file, "mnuSaveAs", QStringLiteral("Theme Save &As"))->setShortcuts(keys({"Ctrl+A", "Ctrl+Shift+S"}));
-    file->addMenu(QStringLiteral("&Recent Themes"))->setObjectName(QStringLiteral("mnuRecent"));
+    addItem(file, "mnuNewTheme", tr("Theme &New"))->setShortcuts(keys({"Ctrl+N"}));
+    addItem(file, "mnuLoadTheme", tr("Theme &Load"))->setShortcuts(keys({"Ctrl+L", "Ctrl+O"}));
+    addItem(file, "mnuSaveTheme", tr("Theme &Save"))->setShortcuts(keys({"Ctrl+S"}));
+    addItem(file, "mnuSaveAs", tr("Theme Save &As"))->setShortcuts(keys({"Ctrl+A", "Ctrl+Shift+S"}));
+    file->addMenu(tr("&Recent Themes"))->setObjectName(QStringLiteral("mnuRecent"));
     file->addSeparator()->setObjectName(QStringLiteral("mnuSpacer"));
-    QAction *exit = addItem(file, "mnuExit", QStringLiteral("E&xit"));
+    QAction *exit = addItem(file, "mnuExit", tr("E&xit"));
     exit->setShortcuts(keys({"Ctrl+Q"}));
     connect(exit, &QAction::triggered, this, &QWidget::close);
 
-    QMenu *edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
     edit->setObjectName(QStringLiteral("mnuEdit"));
-    QAction *undo = m_history->stack().createUndoAction(edit, QStringLiteral("&Undo"));
+    QAction *undo = m_history->stack().createUndoAction(edit, tr("&Undo"));
     undo->setObjectName(QStringLiteral("mnuUndo"));
     undo->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
-    QAction *redo = m_history->stack().createRedoAction(edit, QStringLiteral("&Redo"));
+    QAction *redo = m_history->stack().createRedoAction(edit, tr("&Redo"));
     redo->setObjectName(QStringLiteral("mnuRedo"));
     redo->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
     edit->addActions({undo, redo});
 
-    QMenu *data = menuBar()->addMenu(QStringLiteral("&Theme Data"));
+    QMenu *data = menuBar()->addMenu(tr("&Theme Data"));
     data->setObjectName(QStringLiteral("mnuData"));
     for (Page page : editorPages) {
-        QAction *item = addItem(data, pageRows[page].menuItem, QString::fromLatin1(pageRows[page].menuCaption));
+        QAction *item = addItem(data, pageRows[page].menuItem, tr(pageRows[page].menuCaption));
         item->setCheckable(true);
         connect(item, &QAction::triggered, this, [this, page] { showPage(page); });
         m_pageActions[page] = item;
@@ -249,9 +264,9 @@ void MainWindow::buildMenus()
     }
 
     // "Theme Data" has the menu bar's T.
-    QMenu *tools = menuBar()->addMenu(QStringLiteral("T&ools"));
+    QMenu *tools = menuBar()->addMenu(tr("T&ools"));
     tools->setObjectName(QStringLiteral("mnuTools"));
-    QAction *check = addItem(tools, "mnuCheckTheme", QStringLiteral("&Check Theme"));
+    QAction *check = addItem(tools, "mnuCheckTheme", tr("&Check Theme"));
     check->setShortcut(QKeySequence(Qt::Key_F7));
     connect(check, &QAction::triggered, this, [this] {
         checkTheme();
@@ -259,15 +274,15 @@ void MainWindow::buildMenus()
         m_problems->raise();
     });
     tools->addSeparator();
-    addItem(tools, "mnuArtFolder", QStringLiteral("Use Art &Folder..."));
-    addItem(tools, "mnuBuildPackage", QStringLiteral("&Build Resource Package"));
+    addItem(tools, "mnuArtFolder", tr("Use Art &Folder..."));
+    addItem(tools, "mnuBuildPackage", tr("&Build Resource Package"));
 
-    QMenu *help = menuBar()->addMenu(QStringLiteral("&Help"));
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));
-    QAction *manual = addItem(help, "mnuManual", QStringLiteral("Stakko Theme Maker &Manual"));
+    QAction *manual = addItem(help, "mnuManual", tr("Stakko Theme Maker &Manual"));
     manual->setShortcut(QKeySequence(Qt::Key_F1));
     connect(manual, &QAction::triggered, this, [this] { showManual(); });
-    connect(addItem(help, "mnuAbout", QStringLiteral("&About")), &QAction::triggered, this, &MainWindow::showAbout);
+    connect(addItem(help, "mnuAbout", tr("&About")), &QAction::triggered, this, &MainWindow::showAbout);
 }
 
 void MainWindow::buildTimers()
@@ -394,9 +409,8 @@ QWidget *MainWindow::buildPageArea()
     m_tabs->setDrawBase(false);
     m_tabs->setExpanding(false);
     for (Page page : editorPages) {
-        const int tab = m_tabs->addTab(PageWidgets::editorIcon(pageRows[page].icon),
-                                       QString::fromLatin1(pageRows[page].tabCaption));
-        m_tabs->setTabToolTip(tab, QString::fromLatin1(pageRows[page].tabToolTip));
+        const int tab = m_tabs->addTab(PageWidgets::editorIcon(pageRows[page].icon), tr(pageRows[page].tabCaption));
+        m_tabs->setTabToolTip(tab, tr(pageRows[page].tabToolTip));
     }
     QStringList tabCaptions;
     for (int i = 0; i < m_tabs->count(); ++i)
@@ -439,10 +453,6 @@ void MainWindow::buildPage(Page page)
     panel->setVisible(false); // shown filled, so selectors size themselves to their items
     static_cast<QGridLayout *>(m_area->layout())->addWidget(panel, 0, 0);
     m_panels[page] = panel;
-    // Hidden panels do not count in a layout; the window stays as wide as the widest page.
-    const int needed = panel->sizeHint().width() + 12;
-    if (needed > m_area->minimumWidth())
-        m_area->setMinimumWidth(needed);
 
     if (page == Page::General) {
         connect(m_pages.general.themeType, &QComboBox::currentIndexChanged, this, [this](int choice) {
@@ -474,6 +484,7 @@ void MainWindow::buildPage(Page page)
     refreshThemeType();
 
     emit pageBuilt(page);
+    widenFor(m_area, panel);
     panel->setVisible(page == m_page);
 }
 
@@ -622,7 +633,7 @@ void MainWindow::showSwatch(int index)
     const auto color = colorOfText(text);
     swatch->setFillColor(color ? swatchColor(*color) : QColor());
     swatch->setAccessibleDescription(
-        QStringLiteral("%1: %2").arg(fieldLabel(field), color ? text : QStringLiteral("no colour")));
+        tr("%1: %2", "a colour's field and its value").arg(fieldLabel(field), color ? text : tr("no colour")));
 }
 
 void MainWindow::bindSelector(Page page)
@@ -641,7 +652,8 @@ void MainWindow::bindSelector(Page page)
 void MainWindow::fillSelector(QComboBox *combo, Page page)
 {
     for (const DataSet &set : dataSetsOf(page))
-        combo->addItem(QString::fromLatin1(set.caption));
+        // The data: the set's name in the source's words, for file names that stay put in every language.
+        combo->addItem(tr(set.caption), QString::fromLatin1(set.caption));
     combo->setCurrentIndex(m_dataSetChoice[page]);
 }
 
@@ -680,6 +692,8 @@ void MainWindow::chooseDataSet(Page page, int choice)
         return;
     m_dataSetChoice[page] = choice;
     showDataSet(page);
+    if (m_panels[page] && widenFor(m_area, m_panels[page]) && page == m_page)
+        applyWindowHeight();
     for (int i = 0; i < sets.size(); ++i) {
         if (const auto *element = std::get_if<AnimatedElementId>(&sets[i].shows); element && i != choice)
             m_timers[*element]->stop();
@@ -766,7 +780,7 @@ void MainWindow::showTitle()
     const QString file = m_doc.currentThemeFile();
     // The mark shows the unsaved changes of a file; a new theme is named by the program alone.
     setWindowTitle(file.isEmpty() ? QString::fromLatin1(programName)
-                                  : QStringLiteral("%1[*] - %2").arg(QFileInfo(file).fileName(), QLatin1StringView(programName)));
+                                  : tr("%1[*] - %2", "the theme file's name, the program's").arg(QFileInfo(file).fileName(), QLatin1StringView(programName)));
     setWindowModified(!file.isEmpty() && m_doc.isDirty());
 }
 
@@ -777,7 +791,7 @@ void MainWindow::afterLoadOrSave(FileCommands::Done done)
         focusThemeName();
         emit themeOpened();
     } else {
-        statusBar()->showMessage(QStringLiteral("Saved %1").arg(QFileInfo(m_doc.currentThemeFile()).fileName()));
+        statusBar()->showMessage(tr("Saved %1").arg(QFileInfo(m_doc.currentThemeFile()).fileName()));
     }
     checkTheme();
 }
@@ -800,7 +814,7 @@ void MainWindow::startUp()
         connect(menu, &QMenu::aboutToShow, menu, [menu] { Mnemonics::assignMenu(menu); });
     }
 
-    m_pages.general.themeType->addItems({QStringLiteral("Theme Type 0"), QStringLiteral("Theme Type 1")});
+    m_pages.general.themeType->addItems({tr("Theme Type 0"), tr("Theme Type 1")});
     m_pages.general.themeType->setCurrentIndex(1);
 
     m_started = true;

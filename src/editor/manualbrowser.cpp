@@ -15,10 +15,10 @@ void openUserManual(const QUrl &address, QWidget *parent)
     Report report;
     if (address.isEmpty()) {
         const QString folder = installedManualFolder(QCoreApplication::applicationDirPath());
-        report.error(QStringLiteral("The Stakko Theme Maker Manual is not installed: %1 holds no manual.")
+        report.error(QCoreApplication::translate("ManualBrowser", "The Stakko Theme Maker Manual is not installed: %1 holds no manual.")
                          .arg(QDir::toNativeSeparators(folder)));
     } else if (!QDesktopServices::openUrl(address)) {
-        report.error(QStringLiteral("No browser could open the Stakko Theme Maker Manual at %1.")
+        report.error(QCoreApplication::translate("ManualBrowser", "No browser could open the Stakko Theme Maker Manual at %1.")
                          .arg(address.toDisplayString()));
     }
     QtDialogs(parent).show(report);

@@ -8,6 +8,7 @@
 #include "editor/previewsurface.h"
 #include "preview/elementpreview.h"
 
+#include <QCoreApplication>
 #include <QGroupBox>
 #include <QVBoxLayout>
 
@@ -18,12 +19,12 @@ namespace {
 // Both backgrounds play in the one preview beside their frames.
 QGroupBox *sharedPreview(PreviewSurface *&surface)
 {
-    QGroupBox *box = frame("fraBGPreview", QStringLiteral("Preview"));
+    QGroupBox *box = frame("fraBGPreview", QCoreApplication::translate("PageWidgets", "Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 2, 6, 6);
     surface = new PreviewSurface(QLatin1StringView(elementControls[AnimatedElementId::Background].surface),
                                        elementPreviews[AnimatedElementId::Background].surfaceSize, PreviewSurface::Mode::Natural);
-    surface->setAccessibleName(QStringLiteral("Background preview"));
+    surface->setAccessibleName(QCoreApplication::translate("PageWidgets", "Background preview"));
     layout->addWidget(surface);
     return box;
 }

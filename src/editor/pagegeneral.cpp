@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -23,13 +24,13 @@ namespace {
 
 QGroupBox *themeType0Group(FileRow &skinRow)
 {
-    QGroupBox *group = frame("fraTheme0", QStringLiteral("Theme Type 0"));
+    QGroupBox *group = frame("fraTheme0", QCoreApplication::translate("PageWidgets", "Theme Type 0"));
     auto *grid = new QGridLayout(group);
     compact(grid);
     QLineEdit *skin = lineEdit(FieldKey::skinFile);
     grid->addWidget(label(fieldCaption(FieldKey::skinFile), skin), 0, 0);
     grid->addWidget(skin, 0, 1);
-    skinRow = {FieldKey::skinFile, skin, button(QStringLiteral("cmdBrowseSkin"), QStringLiteral("Browse"))};
+    skinRow = {FieldKey::skinFile, skin, button(QStringLiteral("cmdBrowseSkin"), QCoreApplication::translate("PageWidgets", "Browse"))};
     grid->addWidget(skinRow.browse, 0, 2);
     grid->addWidget(fieldCheckBox(FieldKey::skinTransparency), 0, 3);
     grid->setColumnStretch(1, 1);
@@ -44,7 +45,7 @@ GeneralPage createGeneralPage()
     auto *page = new QWidget;
     bound.panel = page;
     page->setObjectName(QStringLiteral("picGeneral"));
-    QGroupBox *general = frame("fraGeneral", QStringLiteral("General Theme Information"));
+    QGroupBox *general = frame("fraGeneral", QCoreApplication::translate("PageWidgets", "General Theme Information"));
 
     auto *grid = new QGridLayout(general);
     compact(grid);
@@ -67,7 +68,7 @@ GeneralPage createGeneralPage()
     row = grid->rowCount();
     grid->addWidget(label(fieldCaption(FieldKey::resourceFile), resource), row, 0);
     grid->addWidget(resource, row, 1);
-    bound.browseResource = button(QStringLiteral("cmdBrowseResource"), QStringLiteral("Browse"));
+    bound.browseResource = button(QStringLiteral("cmdBrowseResource"), QCoreApplication::translate("PageWidgets", "Browse"));
     grid->addWidget(bound.browseResource, row, 2);
 
     bound.themeType0 = themeType0Group(bound.skin);
@@ -79,7 +80,7 @@ GeneralPage createGeneralPage()
     description->setMinimumHeight(description->fontMetrics().lineSpacing() * 3 + 8);
     row = grid->rowCount();
     grid->addWidget(label(fieldCaption(FieldKey::description), description), row, 0, Qt::AlignLeft | Qt::AlignBottom);
-    bound.generateDescription = button(QStringLiteral("cmdGenerateDescription"), QStringLiteral("Generate Description"));
+    bound.generateDescription = button(QStringLiteral("cmdGenerateDescription"), QCoreApplication::translate("PageWidgets", "Generate Description"));
     grid->addWidget(bound.generateDescription, row, 1, 1, 2, Qt::AlignRight);
     grid->addWidget(description, grid->rowCount(), 0, 1, 3);
     grid->setRowStretch(grid->rowCount() - 1, 1);

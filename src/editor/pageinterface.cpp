@@ -7,6 +7,7 @@
 #include "editor/pagewidgets.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -24,8 +25,8 @@ QWidget *previewColumn(PreviewSurface *&display)
     auto *column = new QWidget;
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
-    QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124), QStringLiteral("Interface screen preview"), display);
-    layout->addWidget(label(QStringLiteral("Preview:")));
+    QWidget *area = stillImageBox("picPreview", "imgIPreview", QSize(191, 124), QCoreApplication::translate("PageWidgets", "Interface screen preview"), display);
+    layout->addWidget(label(QCoreApplication::translate("PageWidgets", "Preview:")));
     layout->addWidget(area, 0, Qt::AlignLeft);
     layout->addWidget(fieldCheckBox(FieldKey::menuTransparent));
     layout->addStretch(1);
@@ -41,7 +42,7 @@ InterfacePage createInterfacePage()
     bound.panel = page;
     page->setObjectName(QStringLiteral("picIface"));
 
-    QGroupBox *screens = frame("fraIface", QStringLiteral("Interface"));
+    QGroupBox *screens = frame("fraIface", QCoreApplication::translate("PageWidgets", "Interface"));
     bound.screensFrame = screens;
     auto *grid = new QGridLayout(screens);
     compact(grid);
@@ -52,8 +53,8 @@ InterfacePage createInterfacePage()
         caption->setObjectName(rowControl(interfaceRows.label, i));
         grid->addWidget(caption, i, 0);
         grid->addWidget(edit, i, 1);
-        const FileRow row{interfaceRows.keys[i], edit, button(rowControl(interfaceRows.browse, i), QStringLiteral("Browse")),
-                          iconButton(rowControl(interfaceRows.show, i), "preview", QStringLiteral("Preview"))};
+        const FileRow row{interfaceRows.keys[i], edit, button(rowControl(interfaceRows.browse, i), QCoreApplication::translate("PageWidgets", "Browse")),
+                          iconButton(rowControl(interfaceRows.show, i), "preview", QCoreApplication::translate("PageWidgets", "Preview"))};
         bound.screens.append(row);
         grid->addWidget(row.browse, i, 2);
         grid->addWidget(row.show, i, 3);

@@ -8,6 +8,7 @@
 #include "editor/previewsurface.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -22,7 +23,7 @@ namespace {
 
 QGroupBox *colorFrame(MiscPage &bound)
 {
-    QGroupBox *box = frame("fraColor", QStringLiteral("Theme Colors"));
+    QGroupBox *box = frame("fraColor", QCoreApplication::translate("PageWidgets", "Theme Colors"));
     auto *grid = new QGridLayout(box);
     compact(grid);
     constexpr int rowsPerColumn = 6;
@@ -38,9 +39,9 @@ QGroupBox *colorFrame(MiscPage &bound)
                                           PreviewSurface::Mode::Natural);
         swatch->setOutlined(true);
         bound.swatches.append(swatch);
-        swatch->setAccessibleName(fieldLabel(fieldIndex(colorRows.keys[i])) + QStringLiteral(" swatch"));
+        swatch->setAccessibleName(QCoreApplication::translate("PageWidgets", "%1 swatch", "a colour's field").arg(fieldLabel(fieldIndex(colorRows.keys[i]))));
         grid->addWidget(swatch, row, column + 2);
-        bound.colorButtons.append(iconButton(rowControl(colorRows.browse, i), "color", QStringLiteral("Choose Color")));
+        bound.colorButtons.append(iconButton(rowControl(colorRows.browse, i), "color", QCoreApplication::translate("PageWidgets", "Choose Color")));
         grid->addWidget(bound.colorButtons.constLast(), row, column + 3);
     }
     grid->setColumnMinimumWidth(4, 12);
@@ -50,16 +51,16 @@ QGroupBox *colorFrame(MiscPage &bound)
 
 QGroupBox *miscPreview(PreviewSurface *&display)
 {
-    QGroupBox *box = frame("fraPreviewMisc", QStringLiteral("Preview"));
+    QGroupBox *box = frame("fraPreviewMisc", QCoreApplication::translate("PageWidgets", "Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 2, 6, 6);
-    layout->addWidget(stillImageBox("Picture1", "imgPreviewMisc", QSize(209, 169), QStringLiteral("Miscellaneous image preview"), display));
+    layout->addWidget(stillImageBox("Picture1", "imgPreviewMisc", QSize(209, 169), QCoreApplication::translate("PageWidgets", "Miscellaneous image preview"), display));
     return box;
 }
 
 QGroupBox *miscImagesFrame(MiscPage &bound)
 {
-    QGroupBox *box = frame("fraMImg", QStringLiteral("Miscellaneous Images"));
+    QGroupBox *box = frame("fraMImg", QCoreApplication::translate("PageWidgets", "Miscellaneous Images"));
     auto *grid = new QGridLayout(box);
     compact(grid);
     const int rows = int(miscImageRows.keys.size());
@@ -68,8 +69,8 @@ QGroupBox *miscImagesFrame(MiscPage &bound)
         edit->setObjectName(fieldControl(miscImageRows.keys[i]));
         grid->addWidget(label(fieldCaption(miscImageRows.keys[i]), edit), i, 0);
         grid->addWidget(edit, i, 1);
-        const FileRow row{miscImageRows.keys[i], edit, button(rowControl(miscImageRows.browse, i), QStringLiteral("Browse")),
-                          button(rowControl(miscImageRows.show, i), QStringLiteral("Preview"))};
+        const FileRow row{miscImageRows.keys[i], edit, button(rowControl(miscImageRows.browse, i), QCoreApplication::translate("PageWidgets", "Browse")),
+                          button(rowControl(miscImageRows.show, i), QCoreApplication::translate("PageWidgets", "Preview"))};
         bound.images.append(row);
         grid->addWidget(row.browse, i, 2);
         grid->addWidget(row.show, i, 3);

@@ -42,14 +42,14 @@ struct ElementPage {
 };
 
 inline constexpr ElementTable<ElementPage> elementPages{{
-    {AnimatedElementId::Background, EditorPage::Background, "Background", EditorPage::Background},
+    {AnimatedElementId::Background, EditorPage::Background, QT_TRANSLATE_NOOP("MainWindow", "Background"), EditorPage::Background},
     // The Blocks page leaves it playing.
-    {AnimatedElementId::InternetBackground, EditorPage::Background, "Internet Background", EditorPage::Blocks},
-    {AnimatedElementId::Blocks, EditorPage::Blocks, "Game Blocks", EditorPage::Blocks},
-    {AnimatedElementId::NextBlock, EditorPage::Blocks, "Next Block Window", EditorPage::Blocks},
-    {AnimatedElementId::SpecialWindow, EditorPage::Blocks, "Special Window", EditorPage::Blocks},
-    {AnimatedElementId::Explosion, EditorPage::Misc, "Explosion", EditorPage::Misc},
-    {AnimatedElementId::Bomb, EditorPage::Misc, "Block Bomb", EditorPage::Misc},
+    {AnimatedElementId::InternetBackground, EditorPage::Background, QT_TRANSLATE_NOOP("MainWindow", "Internet Background"), EditorPage::Blocks},
+    {AnimatedElementId::Blocks, EditorPage::Blocks, QT_TRANSLATE_NOOP("MainWindow", "Game Blocks"), EditorPage::Blocks},
+    {AnimatedElementId::NextBlock, EditorPage::Blocks, QT_TRANSLATE_NOOP("MainWindow", "Next Block Window"), EditorPage::Blocks},
+    {AnimatedElementId::SpecialWindow, EditorPage::Blocks, QT_TRANSLATE_NOOP("MainWindow", "Special Window"), EditorPage::Blocks},
+    {AnimatedElementId::Explosion, EditorPage::Misc, QT_TRANSLATE_NOOP("MainWindow", "Explosion"), EditorPage::Misc},
+    {AnimatedElementId::Bomb, EditorPage::Misc, QT_TRANSLATE_NOOP("MainWindow", "Block Bomb"), EditorPage::Misc},
 }};
 static_assert(rowsMatchKeys(elementPages));
 

@@ -7,6 +7,7 @@
 #include "editor/pagewidgets.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -22,7 +23,7 @@ namespace {
 
 QGroupBox *soundFrame(SoundPage &bound)
 {
-    QGroupBox *box = frame("fraSound", QStringLiteral("Sounds"));
+    QGroupBox *box = frame("fraSound", QCoreApplication::translate("PageWidgets", "Sounds"));
     auto *grid = new QGridLayout(box);
     compact(grid);
     constexpr int rowsPerColumn = 6;
@@ -32,8 +33,8 @@ QGroupBox *soundFrame(SoundPage &bound)
         QLineEdit *edit = lineEdit(soundRows.keys[i]);
         grid->addWidget(label(fieldCaption(soundRows.keys[i]), edit), row, column);
         grid->addWidget(edit, row, column + 1);
-        const FileRow sound{soundRows.keys[i], edit, button(rowControl(soundRows.browse, i), QStringLiteral("Browse")),
-                            iconButton(rowControl(soundRows.show, i), "play", QStringLiteral("Play Sound"))};
+        const FileRow sound{soundRows.keys[i], edit, button(rowControl(soundRows.browse, i), QCoreApplication::translate("PageWidgets", "Browse")),
+                            iconButton(rowControl(soundRows.show, i), "play", QCoreApplication::translate("PageWidgets", "Play Sound"))};
         bound.sounds.append(sound);
         grid->addWidget(sound.browse, row, column + 2);
         grid->addWidget(sound.show, row, column + 3);
@@ -46,11 +47,11 @@ QGroupBox *soundFrame(SoundPage &bound)
 
 QGroupBox *musicFrame(SoundPage &bound)
 {
-    QGroupBox *box = frame("fraMusic", QStringLiteral("Music"));
+    QGroupBox *box = frame("fraMusic", QCoreApplication::translate("PageWidgets", "Music"));
     auto *row = new QHBoxLayout(box);
-    auto *play = button(QStringLiteral("cmdPlayMusic"), QStringLiteral("Play Music"));
+    auto *play = button(QStringLiteral("cmdPlayMusic"), QCoreApplication::translate("PageWidgets", "Play Music"));
     play->setIcon(editorIcon("play"));
-    bound.music = {FieldKey::midi, lineEdit(FieldKey::midi), button(QStringLiteral("cmdBrowseMusic"), QStringLiteral("Browse")), play};
+    bound.music = {FieldKey::midi, lineEdit(FieldKey::midi), button(QStringLiteral("cmdBrowseMusic"), QCoreApplication::translate("PageWidgets", "Browse")), play};
     row->addWidget(bound.music.edit, 1);
     row->addWidget(bound.music.browse);
     row->addWidget(play);

@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -63,7 +64,7 @@ QIcon editorIcon(const char *name)
 
 QString fieldCaption(const char *key)
 {
-    return QString::fromLatin1(fieldSpec(key).caption);
+    return fieldCaptionText(key);
 }
 
 QLineEdit *lineEdit(const char *key)
@@ -158,7 +159,7 @@ QWidget *dataSetRow(const char *selectorName, QComboBox *&selector)
     layout->setContentsMargins(0, 0, 0, 0);
     selector = new QComboBox;
     selector->setObjectName(QLatin1StringView(selectorName));
-    layout->addWidget(label(QStringLiteral("Data Set to Edit:"), selector));
+    layout->addWidget(label(QCoreApplication::translate("PageWidgets", "Data Set to Edit:"), selector));
     layout->addWidget(selector);
     layout->addStretch(1);
     return row;
@@ -214,7 +215,7 @@ void addFormRow(QGridLayout *grid, QWidget *field, const char *key)
 
 QGroupBox *animationSettings(const AnimatedElement &e, const char *name)
 {
-    QGroupBox *settings = frame(name, QStringLiteral("Animation Configuration"));
+    QGroupBox *settings = frame(name, QCoreApplication::translate("PageWidgets", "Animation Configuration"));
     auto *grid = new QGridLayout(settings);
     compact(grid);
     for (const char *key : {e.frameCountField, e.startingFrameField, e.stillFrameField, e.delayField}) {
@@ -229,11 +230,11 @@ QGroupBox *animationSettings(const AnimatedElement &e, const char *name)
 
 QGroupBox *previewFrame(const ElementControls &names, QSize area, const QString &caption, PreviewSurface *&surface)
 {
-    QGroupBox *box = frame(names.previewFrame, QStringLiteral("Preview"));
+    QGroupBox *box = frame(names.previewFrame, QCoreApplication::translate("PageWidgets", "Preview"));
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 4, 6, 6);
     surface = new PreviewSurface(QLatin1StringView(names.surface), area, PreviewSurface::Mode::Natural);
-    surface->setAccessibleName(caption + QStringLiteral(" preview"));
+    surface->setAccessibleName(QCoreApplication::translate("PageWidgets", "%1 preview", "an animated element's caption").arg(caption));
     layout->addWidget(surface, 0, Qt::AlignCenter);
     return box;
 }
@@ -245,7 +246,7 @@ ElementFrame animatedFrame(AnimatedElementId element)
     const AnimatedElement &e = animatedElements[element];
     const ElementPreview &shown = elementPreviews[element];
     const ElementControls &names = elementControls[element];
-    QGroupBox *box = frame(names.frame, QString::fromLatin1(shown.caption));
+    QGroupBox *box = frame(names.frame, elementCaption(element));
     ElementFrame built{element, box, nullptr, {e.imageField}};
 
     auto *fields = new QGridLayout;
@@ -256,14 +257,14 @@ ElementFrame animatedFrame(AnimatedElementId element)
     fields->addWidget(image, 1, 0, 1, 2);
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(6);
-    built.image.browse = button(QLatin1StringView(names.browse), QStringLiteral("Browse"));
-    built.image.show = button(QLatin1StringView(names.preview), QStringLiteral("Preview"));
+    built.image.browse = button(QLatin1StringView(names.browse), QCoreApplication::translate("PageWidgets", "Browse"));
+    built.image.show = button(QLatin1StringView(names.preview), QCoreApplication::translate("PageWidgets", "Preview"));
     buttons->addWidget(built.image.browse);
     buttons->addWidget(built.image.show);
     buttons->addStretch(1);
     fields->addLayout(buttons, 2, 0, 1, 2);
     // What the game cuts each frame to, so the author paints the right size.
-    auto *frameSize = new QLabel(QStringLiteral("%1 x %2 per frame").arg(e.frame.width()).arg(e.frame.height()));
+    auto *frameSize = new QLabel(QCoreApplication::translate("PageWidgets", "%1 x %2 per frame").arg(e.frame.width()).arg(e.frame.height()));
     frameSize->setObjectName(rowControl("lblFrameSize", int(enumIndex(element))));
     fields->addWidget(frameSize, 3, 0, 1, 2);
     addFormRow(fields, derivedBox(e.rootField), e.rootField);
@@ -283,7 +284,7 @@ ElementFrame animatedFrame(AnimatedElementId element)
     built.settings = animationSettings(e, names.aniFrame);
     columns->addWidget(built.settings, 0, Qt::AlignTop);
     if (names.previewFrame)
-        columns->addWidget(previewFrame(names, shown.surfaceSize, QString::fromLatin1(shown.caption), built.surface), 0, Qt::AlignTop);
+        columns->addWidget(previewFrame(names, shown.surfaceSize, elementCaption(element), built.surface), 0, Qt::AlignTop);
     return built;
 }
 

@@ -36,10 +36,10 @@ public:
     {
         // The dialog counts in int; scale very long loads down to fit.
         m_scale = std::max<qint64>(1, total / std::numeric_limits<int>::max() + 1);
-        m_dialog = new QProgressDialog(QStringLiteral("Loading %1 frames...").arg(caption),
-                                       QStringLiteral("Cancel"), 0, int(total / m_scale),
+        m_dialog = new QProgressDialog(PreviewBinding::tr("Loading %1 frames...").arg(caption),
+                                       PreviewBinding::tr("Cancel"), 0, int(total / m_scale),
                                        m_window);
-        m_dialog->setWindowTitle(QStringLiteral("Preview"));
+        m_dialog->setWindowTitle(PreviewBinding::tr("Preview"));
         m_dialog->setMinimumDuration(0); // a second has already passed
         m_dialog->setAutoClose(false);
         m_dialog->setAutoReset(false);
@@ -99,7 +99,7 @@ PreviewWindow *PreviewBinding::openPreviewWindow(PreviewTarget target)
             window = new PreviewWindow(m_frames, *element, &m_window);
         } else {
             const bool interface = *still == StillWindow::InterfaceScreen;
-            window = new PreviewWindow(interface ? QStringLiteral("Interface Screen") : QStringLiteral("Misc. Image"),
+            window = new PreviewWindow(interface ? tr("Interface Screen") : tr("Misc. Image"),
                                        interface ? m_stills.interfacePicture() : m_stills.miscPicture(), &m_window);
             connect(&m_stills, interface ? &StillPreviews::interfacePictureChanged : &StillPreviews::miscPictureChanged,
                     window, &PreviewWindow::setImage);
@@ -138,12 +138,11 @@ QString PreviewBinding::describeSurface(const PreviewSurface *surface) const
             shown = element;
     }
     if (!shown || surface->image().isNull())
-        return surface->accessibleName() + QStringLiteral(", empty");
-    return QStringLiteral("%1 preview, frame %2 of %3, %4")
-        .arg(QLatin1StringView(elementPreviews[*shown].caption))
+        return tr("%1, empty", "a preview's accessible name").arg(surface->accessibleName());
+    return (m_frames.timer(*shown)->isActive() ? tr("%1 preview, frame %2 of %3, playing") : tr("%1 preview, frame %2 of %3, paused"))
+        .arg(elementCaption(*shown))
         .arg(m_frames.shownFrame(*shown))
-        .arg(m_frames.frameCount(*shown))
-        .arg(m_frames.timer(*shown)->isActive() ? QStringLiteral("playing") : QStringLiteral("paused"));
+        .arg(m_frames.frameCount(*shown));
 }
 
 void PreviewBinding::showTrouble(const QString &text)
@@ -157,24 +156,24 @@ void PreviewBinding::showTrouble(const QString &text)
 QString PreviewBinding::missingFrame(AnimatedElementId element) const
 {
     const QString imageText = m_doc.value(QLatin1StringView(animatedElements[element].imageField));
-    const char *caption = elementPreviews[element].caption;
+    const QString caption = elementCaption(element);
     const auto sequence = FrameSequence::fromImageText(imageText);
     if (!sequence) {
-        return imageText.isEmpty() ? QStringLiteral("%1: no image is chosen").arg(QLatin1StringView(caption))
-                                   : QStringLiteral("%1: \"%2\" names no frame file (it has no extension)")
-                                         .arg(QLatin1StringView(caption), imageText);
+        return imageText.isEmpty() ? tr("%1: no image is chosen").arg(caption)
+                                   : tr("%1: \"%2\" names no frame file (it has no extension)")
+                                         .arg(caption, imageText);
     }
     if (!m_frames.timer(element)->isActive())
         return {};
     for (qint64 n = 1; n <= m_frames.frameCount(element); ++n) {
         const QString file = resolveThemePath(sequence->frameName(m_doc.packageFolder(), n));
-        const char *trouble = !QFileInfo(file).isFile()               ? "is missing"
-                              : !LoadingSurface::headerSize(file) ? "cannot be read as an image"
+        const char *trouble = !QFileInfo(file).isFile()               ? QT_TR_NOOP("Frame %1 of %2 is missing: %3")
+                              : !LoadingSurface::headerSize(file) ? QT_TR_NOOP("Frame %1 of %2 cannot be read as an image: %3")
                                                                   : nullptr;
         if (trouble) {
-            return QStringLiteral("Frame %1 of %2 %3: %4")
+            return tr(trouble)
                 .arg(n)
-                .arg(QLatin1StringView(caption), QLatin1StringView(trouble), QDir::toNativeSeparators(file));
+                .arg(caption, QDir::toNativeSeparators(file));
         }
     }
     return {};
@@ -276,7 +275,7 @@ void PreviewBinding::bindPage(EditorPage page)
                 const QString file = stillFile(miscImageKeys[row]);
                 // The display then keeps the last picture loaded: say that this one is not it.
                 const bool shown = m_doc.value(QLatin1StringView(miscImageKeys[row])).isEmpty() || LoadingSurface::headerSize(file);
-                showTrouble(shown ? QString() : QStringLiteral("Unable to load image: ") + QDir::toNativeSeparators(file));
+                showTrouble(shown ? QString() : tr("Unable to load image: %1").arg(QDir::toNativeSeparators(file)));
                 m_stills.showMiscImagePreview(row);
                 m_miscRow = row;
                 watchShownFiles();

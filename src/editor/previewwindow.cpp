@@ -74,7 +74,7 @@ PreviewWindow::PreviewWindow(FramePreviews &frames, AnimatedElementId element, Q
     : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(windowPixels(frames.surfaceImage(element)))
 {
     // The picture comes first: the canvas takes its size from it when it is built.
-    build(QString::fromLatin1(elementPreviews[element].caption));
+    build(elementCaption(element));
     connect(&frames, &FramePreviews::surfaceChanged, this, [this](AnimatedElementId changed, const QImage &image) {
         if (changed == m_element)
             setImage(image);
@@ -97,7 +97,7 @@ PreviewWindow::PreviewWindow(const QString &caption, const QImage &image, QWidge
 void PreviewWindow::build(const QString &caption)
 {
     setObjectName(QStringLiteral("frmPreviewWindow"));
-    setWindowTitle(QStringLiteral("Preview - %1").arg(caption));
+    setWindowTitle(tr("Preview - %1").arg(caption));
     setAttribute(Qt::WA_DeleteOnClose);
     // A window of its own, closed as a dialog or a document tab is.
     auto *closing = new QAction(this);
@@ -116,19 +116,19 @@ void PreviewWindow::build(const QString &caption)
     m_zoom->setObjectName(QStringLiteral("cmbZoom"));
     for (int factor = 1; factor <= largestZoom; ++factor)
         m_zoom->addItem(QStringLiteral("%1x").arg(factor), factor);
-    m_zoom->addItem(QStringLiteral("Fit"), 0);
+    m_zoom->addItem(tr("Fit"), 0);
     m_zoom->setCurrentIndex(1);
-    m_pause = new QPushButton(QStringLiteral("Pause"));
+    m_pause = new QPushButton(tr("Pause"));
     m_pause->setObjectName(QStringLiteral("cmdPause"));
-    m_back = new QPushButton(QStringLiteral("< Step"));
+    m_back = new QPushButton(tr("< Step"));
     m_back->setObjectName(QStringLiteral("cmdStepBack"));
-    m_forward = new QPushButton(QStringLiteral("Step >"));
+    m_forward = new QPushButton(tr("Step >"));
     m_forward->setObjectName(QStringLiteral("cmdStepForward"));
     m_state = new QLabel;
     m_state->setObjectName(QStringLiteral("lblFrameState"));
 
     auto *bar = new QHBoxLayout;
-    bar->addWidget(new QLabel(QStringLiteral("Zoom:")));
+    bar->addWidget(new QLabel(tr("Zoom:")));
     bar->addWidget(m_zoom);
     bar->addSpacing(12);
     bar->addWidget(m_pause);
@@ -201,10 +201,10 @@ QImage PreviewWindow::rendered() const
 void PreviewWindow::showFrameState()
 {
     const bool playing = m_frames->timer(m_element)->isActive();
-    m_pause->setText(playing ? QStringLiteral("Pause") : QStringLiteral("Play"));
+    m_pause->setText(playing ? tr("Pause") : tr("Play"));
     m_back->setEnabled(!playing);
     m_forward->setEnabled(!playing);
-    m_state->setText(QStringLiteral("Frame %1 of %2, delay %3 ms")
+    m_state->setText(tr("Frame %1 of %2, delay %3 ms")
                          .arg(m_frames->shownFrame(m_element))
                          .arg(m_frames->frameCount(m_element))
                          .arg(m_frames->delay(m_element)));

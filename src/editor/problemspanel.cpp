@@ -34,22 +34,22 @@ QString shownField(const QString &key)
     if (index < 0)
         return key;
     const AnimatedElement *element = elementOfField(key);
-    return element ? QStringLiteral("%1 (%2)").arg(fieldLabel(index), QLatin1StringView(elementPreviews[element->id].caption))
+    return element ? ProblemsPanel::tr("%1 (%2)", "a field and the element it belongs to").arg(fieldLabel(index), elementCaption(element->id))
                    : fieldLabel(index);
 }
 
 } // namespace
 
 ProblemsPanel::ProblemsPanel(QWidget *parent)
-    : QDockWidget(QStringLiteral("Problems"), parent)
+    : QDockWidget(tr("Problems"), parent)
     , m_list(new QTreeWidget)
     , m_count(new QToolButton)
-    , m_explain(new QAction(QStringLiteral("&Explain in the Manual"), this))
+    , m_explain(new QAction(tr("&Explain in the Manual"), this))
 {
     setObjectName(QStringLiteral("dockProblems"));
     m_list->setObjectName(QLatin1StringView(listName));
     m_list->setColumnCount(2);
-    m_list->setHeaderLabels({QStringLiteral("Problem"), QStringLiteral("Field")});
+    m_list->setHeaderLabels({tr("Problem"), tr("Field")});
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setWordWrap(false);
@@ -78,7 +78,7 @@ ProblemsPanel::ProblemsPanel(QWidget *parent)
     m_count->setObjectName(QLatin1StringView(countName));
     m_count->setAutoRaise(true);
     m_count->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    m_count->setToolTip(QStringLiteral("Show the problems the check found"));
+    m_count->setToolTip(tr("Show the problems the check found"));
     connect(m_count, &QToolButton::clicked, this, [this] {
         show();
         raise();

@@ -6,6 +6,7 @@
 #include "editing/fieldbrowsing.h"
 
 #include <QColorDialog>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -28,7 +29,7 @@ Dialogs::Answer QtDialogs::askToSave(const QString &title, const QString &text, 
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
                     m_parent);
     if (!file.isEmpty())
-        box.setInformativeText(QStringLiteral("Unsaved changes to %1").arg(file));
+        box.setInformativeText(QCoreApplication::translate("QtDialogs", "Unsaved changes to %1").arg(file));
     box.setDefaultButton(QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::Cancel);
     switch (box.exec()) {

@@ -34,7 +34,7 @@ void RecentMenu::fill()
         connect(item, &QAction::triggered, this, [this, path] { open(path); });
     }
     m_menu.addSeparator();
-    QAction *clear = m_menu.addAction(QStringLiteral("&Clear Recent Themes"));
+    QAction *clear = m_menu.addAction(tr("&Clear Recent Themes"));
     clear->setObjectName(QStringLiteral("mnuClearRecent"));
     clear->setEnabled(!paths.isEmpty());
     connect(clear, &QAction::triggered, this, [this] { m_recent.clear(); });
@@ -45,7 +45,7 @@ void RecentMenu::open(const QString &path)
     if (!QFileInfo(path).isFile()) {
         m_recent.remove(path);
         Report report;
-        report.information(QStringLiteral("The theme file %1 no longer exists. It has been removed from the "
+        report.information(tr("The theme file %1 no longer exists. It has been removed from the "
                                           "recent themes.")
                                .arg(QDir::toNativeSeparators(path)),
                            {}, path);
@@ -57,7 +57,7 @@ void RecentMenu::open(const QString &path)
     if (!loaded) {
         m_recent.remove(path);
         Report report;
-        report.information(QStringLiteral("%1 did not load as a theme. It has been removed from the recent themes.")
+        report.information(tr("%1 did not load as a theme. It has been removed from the recent themes.")
                                .arg(QDir::toNativeSeparators(path)),
                            {}, path);
         m_dialogs.show(report);

@@ -31,8 +31,8 @@ void ThemeFileWatch::changedOnDisk()
     if (!QFileInfo(file).isFile())
         return; // deleted or moved away: the document is all there is now
     if (m_edited
-        && m_dialogs.askYesNo(QStringLiteral("Theme Changed"),
-                              QStringLiteral("%1 has been changed by another program.\n\nDiscard your changes and "
+        && m_dialogs.askYesNo(tr("Theme Changed"),
+                              tr("%1 has been changed by another program.\n\nDiscard your changes and "
                                              "load it again?")
                                   .arg(QDir::toNativeSeparators(file)))
                != Dialogs::Answer::Yes) {

@@ -1,16 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Stakko Theme Maker developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "common/scripteddialogs.h"
 #include "common/testfiles.h"
 #include "editing/filecommands.h"
 #include "theme/themedocument.h"
 #include "theme/themesections.h"
 #include "editor/artimportdialog.h"
-#include "editor/buttonbinding.h"
 #include "editor/controlnames.h"
-#include "editor/mainwindow.h"
-#include "sound/soundsystem.h"
+#include "editor/editorparts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -26,20 +23,7 @@ class ArtImportDialogTest : public QObject
 {
     Q_OBJECT
 
-    struct Editor {
-        ThemeDocument doc;
-        ScriptedDialogs dialogs;
-        SoundSystem sound;
-        MainWindow window{doc};
-        FileCommands commands{doc, dialogs};
-        ButtonBinding buttons{window, doc, dialogs, sound, commands};
-        ArtImportCommand importer{window, doc, dialogs, commands};
-        Editor()
-        {
-            window.startUp();
-            window.buildAllPages();
-        }
-    };
+    using Editor = EditorParts;
 
     QTemporaryDir m_dir;
 
