@@ -55,7 +55,7 @@ struct Editor : EditorParts {
 bool sameInBoth(const QString &text)
 {
     static const QRegularExpression same(QStringLiteral(
-        "^(Stakko Theme Maker|OK|Pause|Problem|JPEG \\(\\.jpg\\)|Version [0-9.]+|[0-9]+x|[0-9,]+|<a href=.*)$"));
+        "^(Stakko Theme Maker|OK|Pause|Problem|Explosion|Tetris|JPEG \\(\\.jpg\\)|Version [0-9.]+|[0-9]+x|[0-9,]+|<a href=.*)$"));
     return same.match(text).hasMatch();
 }
 

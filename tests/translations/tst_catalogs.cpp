@@ -20,6 +20,26 @@ struct Message {
     QStringList translations; // one, or one per plural form
 };
 
+/** The character of a <byte value="xd"/> element. */
+QChar byteOf(const QXmlStreamReader &xml)
+{
+    return QChar(xml.attributes().value(QStringLiteral("value")).mid(1).toUInt(nullptr, 16));
+}
+
+/** The text of the element \a xml stands at the start of, with the characters Linguist writes as <byte value="xd"/>. */
+QString textOf(QXmlStreamReader &xml)
+{
+    QString text;
+    const QString name = xml.name().toString();
+    while (!xml.hasError() && (xml.readNext() != QXmlStreamReader::EndElement || xml.name() != name)) {
+        if (xml.isCharacters())
+            text += xml.text();
+        else if (xml.isStartElement() && xml.name() == u"byte")
+            text += byteOf(xml);
+    }
+    return text;
+}
+
 /** The messages of the Qt Linguist file \a bytes; \a error says why it did not parse. */
 QList<Message> messagesOf(const QByteArray &bytes, QString *error)
 {
@@ -31,18 +51,18 @@ QList<Message> messagesOf(const QByteArray &bytes, QString *error)
         if (xml.name() == u"message") {
             messages.append(Message());
         } else if (xml.name() == u"source" && !messages.isEmpty()) {
-            messages.last().source = xml.readElementText();
+            messages.last().source = textOf(xml);
         } else if (xml.name() == u"translation" && !messages.isEmpty()) {
             Message &message = messages.last();
             message.type = xml.attributes().value(QStringLiteral("type")).toString();
             QString text;
-            while (xml.readNext() != QXmlStreamReader::EndElement || xml.name() != u"translation") {
-                if (xml.hasError())
-                    break;
+            while (!xml.hasError() && (xml.readNext() != QXmlStreamReader::EndElement || xml.name() != u"translation")) {
                 if (xml.isCharacters())
                     text += xml.text();
+                else if (xml.isStartElement() && xml.name() == u"byte")
+                    text += byteOf(xml);
                 else if (xml.isStartElement() && xml.name() == u"numerusform")
-                    message.translations.append(xml.readElementText());
+                    message.translations.append(textOf(xml));
             }
             if (message.translations.isEmpty())
                 message.translations.append(text);
