@@ -543,6 +543,61 @@ Laden Sie %2, um sie wiederherzustellen.</translation>
     </message>
 </context>
 <context>
+    <name>FileFilter</name>
+    <message>
+        <source>Bitmap Graphic (*.bmp)</source>
+        <translation>Bitmap-Grafik (*.bmp)</translation>
+    </message>
+    <message>
+        <source>JPEG Graphic (*.jpg)</source>
+        <translation>JPEG-Grafik (*.jpg)</translation>
+    </message>
+    <message>
+        <source>All Files(*.*)</source>
+        <translation>Alle Dateien(*.*)</translation>
+    </message>
+    <message>
+        <source>Wave Sound (*.wav)</source>
+        <translation>Wave-Klang (*.wav)</translation>
+    </message>
+    <message>
+        <source>All Supported Sound Files</source>
+        <translation>Alle unterstützten Klangdateien</translation>
+    </message>
+    <message>
+        <source>MPEG Audio File (*.MP3, *.MP2)</source>
+        <translation>MPEG-Audiodatei (*.MP3, *.MP2)</translation>
+    </message>
+    <message>
+        <source>Midi File(*.MID, *.MIDI)</source>
+        <translation>MIDI-Datei(*.MID, *.MIDI)</translation>
+    </message>
+    <message>
+        <source>Mod Files (*.XM, *.MOD, *.S3M, *.IT)</source>
+        <translation>Mod-Dateien (*.XM, *.MOD, *.S3M, *.IT)</translation>
+    </message>
+    <message>
+        <source>Windows Media Audio(*.WMA, *.ASF)</source>
+        <translation>Windows Media Audio(*.WMA, *.ASF)</translation>
+    </message>
+    <message>
+        <source>Ogg Vorbis(*.OGG)</source>
+        <translation>Ogg Vorbis(*.OGG)</translation>
+    </message>
+    <message>
+        <source>Wave File(*.WAV)</source>
+        <translation>Wave-Datei(*.WAV)</translation>
+    </message>
+    <message>
+        <source>Zip File (*.zip)</source>
+        <translation>Zip-Datei (*.zip)</translation>
+    </message>
+    <message>
+        <source>Stakko Theme File (*.skt)</source>
+        <translation>Stakko-Theme-Datei (*.skt)</translation>
+    </message>
+</context>
+<context>
     <name>FramePreviews</name>
     <message>
         <source>The %1 animation is too large to preview: %2 frames need more than 1 GiB of memory.</source>

@@ -15,17 +15,23 @@ class Dialogs;
 enum class AnimatedElementId;
 class ThemeDocument;
 
-// Open-dialog filters in the "Description|pattern|...|" form the Dialogs interface takes.
+// Open-dialog filters in the "Description|pattern|...|" form the Dialogs interface takes; a
+// dialog shows each description in the author's language (context "FileFilter").
 inline constexpr QLatin1StringView imageFilter{
-    "Bitmap Graphic (*.bmp)|*.bmp|JPEG Graphic (*.jpg)|*.jpg|All Files(*.*)|*.*|"};
-inline constexpr QLatin1StringView soundFilter{"Wave Sound (*.wav)|*.WAV|"};
+    QT_TRANSLATE_NOOP("FileFilter", "Bitmap Graphic (*.bmp)") "|*.bmp|"
+    QT_TRANSLATE_NOOP("FileFilter", "JPEG Graphic (*.jpg)") "|*.jpg|"
+    QT_TRANSLATE_NOOP("FileFilter", "All Files(*.*)") "|*.*|"};
+inline constexpr QLatin1StringView soundFilter{QT_TRANSLATE_NOOP("FileFilter", "Wave Sound (*.wav)") "|*.WAV|"};
 inline constexpr QLatin1StringView musicFilter{
-    "All Supported Sound Files|*.MP3;*.MP2;*.XM;*.IT;*.WAV;*.S3M;*.MOD;*.OGG;*.WMA;*.ASF;*.MID;*.MIDI|"
-    "MPEG Audio File (*.MP3, *.MP2)|*.MP3;*.MP2|Midi File(*.MID, *.MIDI)|*.MID;*.MIDI|"
-    "Mod Files (*.XM, *.MOD, *.S3M, *.IT)|*.XM; *.MOD; *.S3M; *.IT|"
-    "Windows Media Audio(*.WMA, *.ASF)|*.WMA;*.ASF|Ogg Vorbis(*.OGG)|*.OGG|Wave File(*.WAV)|*.WAV|"
-    "All Files(*.*)|*.*|"};
-inline constexpr QLatin1StringView zipFilter{"Zip File (*.zip)|*.ZIP|"};
+    QT_TRANSLATE_NOOP("FileFilter", "All Supported Sound Files") "|*.MP3;*.MP2;*.XM;*.IT;*.WAV;*.S3M;*.MOD;*.OGG;*.WMA;*.ASF;*.MID;*.MIDI|"
+    QT_TRANSLATE_NOOP("FileFilter", "MPEG Audio File (*.MP3, *.MP2)") "|*.MP3;*.MP2|"
+    QT_TRANSLATE_NOOP("FileFilter", "Midi File(*.MID, *.MIDI)") "|*.MID;*.MIDI|"
+    QT_TRANSLATE_NOOP("FileFilter", "Mod Files (*.XM, *.MOD, *.S3M, *.IT)") "|*.XM; *.MOD; *.S3M; *.IT|"
+    QT_TRANSLATE_NOOP("FileFilter", "Windows Media Audio(*.WMA, *.ASF)") "|*.WMA;*.ASF|"
+    QT_TRANSLATE_NOOP("FileFilter", "Ogg Vorbis(*.OGG)") "|*.OGG|"
+    QT_TRANSLATE_NOOP("FileFilter", "Wave File(*.WAV)") "|*.WAV|"
+    QT_TRANSLATE_NOOP("FileFilter", "All Files(*.*)") "|*.*|"};
+inline constexpr QLatin1StringView zipFilter{QT_TRANSLATE_NOOP("FileFilter", "Zip File (*.zip)") "|*.ZIP|"};
 
 /** The file name extensions a filter's patterns name, "All Files" left out: {"bmp", "jpg"}. */
 QStringList filterExtensions(QLatin1StringView filter);

@@ -15,7 +15,7 @@ class Dialogs;
 class ThemeDocument;
 
 /** The one filter of the theme file dialogs. */
-inline constexpr QLatin1StringView themeFileFilter{"Stakko Theme File (*.skt)|*.skt|"};
+inline constexpr QLatin1StringView themeFileFilter{QT_TRANSLATE_NOOP("FileFilter", "Stakko Theme File (*.skt)") "|*.skt|"};
 
 /** The state the editor starts in: a new theme, unchanged, with no package and no music folder. */
 void setStartUpState(ThemeDocument &doc);

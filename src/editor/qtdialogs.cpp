@@ -121,7 +121,7 @@ QStringList QtDialogs::qtNameFilters(const QString &filter)
         QStringList patterns = parts.at(i + 1).split(QLatin1Char(';'), Qt::SkipEmptyParts);
         for (QString &pattern : patterns)
             pattern = pattern.trimmed();
-        result.append(parts.at(i) + QStringLiteral(" (") + patterns.join(QLatin1Char(' '))
+        result.append(QCoreApplication::translate("FileFilter", parts.at(i).toUtf8().constData()) + QStringLiteral(" (") + patterns.join(QLatin1Char(' '))
                       + QLatin1Char(')'));
     }
     return result;
