@@ -11,6 +11,7 @@
 #include "preview/loadprogress.h"
 #include "preview/striploader.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QScopeGuard>
 #include <QTimer>
@@ -23,6 +24,7 @@
 // unless it is about to end: a window that came and went at once would only flash.
 static constexpr quint32 progressDelayMs = 1000;
 static constexpr quint32 shortestProgressMs = 500;
+static const QEvent::Type hurryEvent = QEvent::Type(QEvent::registerEventType());
 
 struct FramePreviews::PendingLoad {
     AnimatedElementId element{}; // set when the load is made
@@ -30,6 +32,7 @@ struct FramePreviews::PendingLoad {
     quint32 started = 0;
     qint64 ready = 0; // slots from the first that hold their frames
     bool showing = false;
+    bool hurryPosted = false;
     // What a cancelled load puts back.
     QImage previousImage;
     quint64 previousGeneration = 0;
@@ -247,6 +250,8 @@ void FramePreviews::arrivalsPosted()
 
 void FramePreviews::finishLoading()
 {
+    if (m_pending) // nothing else to show meanwhile
+        m_pending->loader->hurry();
     while (m_pending && !m_handling)
         takeArrivals(true);
 }
@@ -537,7 +542,19 @@ bool FramePreviews::draw(AnimatedElementId element, qint64 slot)
     surface.drawn = {element, strip.generation, slot};
     wakeOthersOnSurface(element);
     emit surfaceChanged(element, surface.image);
+    if (m_pending && !m_pending->hurryPosted && &stripOf(m_pending->element) == &strip) {
+        // Posted after the repaint the picture asked for, at its low priority: the frames left
+        // decode at the window's priority once the first is on screen.
+        m_pending->hurryPosted = true;
+        QCoreApplication::postEvent(this, new QEvent(hurryEvent), Qt::LowEventPriority);
+    }
     return true;
+}
+
+void FramePreviews::customEvent(QEvent *event)
+{
+    if (event->type() == hurryEvent && m_pending)
+        m_pending->loader->hurry();
 }
 
 const QImage *FramePreviews::viewOf(Strip &strip, const AnimatedElement &e, qint64 slot)

@@ -113,6 +113,9 @@ signals:
      */
     void surfaceChanged(AnimatedElementId element, const QImage &image);
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     struct FieldIndexes {
         int animated = -1, image = -1, frameCount = -1, startingFrame = -1, delay = -1,
