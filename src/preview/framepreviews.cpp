@@ -439,9 +439,10 @@ qint64 FramePreviews::sleepingTick(AnimatedElementId element)
 {
     AnimationState &state = m_states[element];
     const quint32 now = m_clock();
-    // Woken on the tick after the skipped one, that tick's advance is made up as it would
-    // have been; woken earlier or later, the tick below decides as any tick does.
-    if (state.skippedAdvance && quint32(now - *state.skippedAdvance) == 1)
+    // Woken after the skipped tick, its advance is made up as it would have been: a wake-up
+    // that a busy machine made late still draws the new frame at once, keeping the animation's
+    // time, instead of costing a second wake-up. Woken earlier, the tick below decides.
+    if (state.skippedAdvance && qint32(now - *state.skippedAdvance) >= 1)
         advance(element, *state.skippedAdvance);
     state.skippedAdvance.reset();
     animationTick(element);
