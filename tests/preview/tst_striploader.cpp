@@ -63,6 +63,7 @@ private slots:
     {
         QTest::addColumn<QString>("frames"); // one letter a frame, as writeFrameFile() reads it
         QTest::addColumn<int>("workers");
+        QTest::addColumn<bool>("hurried"); // after the first frame, as once it is on screen
 
         const QList<std::pair<const char *, const char *>> cases{
             {"every frame loads", "bpbbpbbbpbbb"},
@@ -76,8 +77,11 @@ private slots:
             {"more workers than frames", "bm"},
         };
         for (const auto &[name, frames] : cases) {
-            for (int workers : {1, 2, 3})
-                QTest::addRow("%s, %d workers", name, workers) << QString::fromLatin1(frames) << workers;
+            for (int workers : {1, 2, 3}) {
+                for (bool hurried : {false, true})
+                    QTest::addRow("%s, %d workers%s", name, workers, hurried ? ", hurried" : "")
+                        << QString::fromLatin1(frames) << workers << hurried;
+            }
         }
     }
 
@@ -85,6 +89,7 @@ private slots:
     {
         QFETCH(QString, frames);
         QFETCH(int, workers);
+        QFETCH(bool, hurried);
         QTemporaryDir dir;
         QVERIFY(dir.isValid());
         const qint64 count = frames.size();
@@ -112,8 +117,11 @@ private slots:
         QVERIFY(loading.load(before));
         QImage strip = FrameStrip::allocate(element, double(count));
         StripLoader loader(strip, element.frame, *sequence, folder, count, {}, workers);
-        for (qint64 n = 1; n <= count; ++n)
+        for (qint64 n = 1; n <= count; ++n) {
             loader.waitForFrame();
+            if (hurried && n == 1)
+                loader.hurry();
+        }
         QCOMPARE(loader.finish(loading), expectedFiles);
 
         QCOMPARE(strip.size(), expected.size());
