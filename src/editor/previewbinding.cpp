@@ -78,7 +78,10 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     bindAnimations();
     m_window.bindPages(this, [this](EditorPage page) { bindPage(page); });
     connect(&m_watch, &FileWatch::changed, this, &PreviewBinding::reloadChanged);
-    connect(&m_frames, &FramePreviews::stripLoaded, this, &PreviewBinding::watchShownFiles);
+    connect(&m_frames, &FramePreviews::stripLoaded, this, [this](AnimatedElementId element) {
+        showTrouble(missingFrame(element));
+        watchShownFiles();
+    });
     connect(&window, &MainWindow::themeOpened, this, [this] {
         m_frames.clearSurfaces();
         m_stills.clear();
@@ -247,7 +250,13 @@ void PreviewBinding::bindPage(EditorPage page)
             // A setting that stops the preview is a message of its own; files it cannot show are told quietly.
             const Report report = m_frames.startFramePreview(element);
             m_dialogs.show(report);
-            showTrouble(report.isEmpty() ? missingFrame(element) : QString());
+            // Files it cannot show are looked for once the strip has loaded: reading every
+            // frame's header here would hold up the first frame.
+            if (!report.isEmpty())
+                showTrouble({});
+            else if (!m_frames.timer(element)->isActive() || !FrameSequence::fromImageText(m_doc.value(
+                         QLatin1StringView(animatedElements[element].imageField))))
+                showTrouble(missingFrame(element));
             watchShownFiles();
         });
         PreviewSurface *surface = frame.surface;
