@@ -490,8 +490,9 @@ struct Bench {
     void waitThreadsBack(pid_t pid, int threads) const
     {
         const qint64 started = nowNs();
+        // Every millisecond: looking more often would take the processor the loader is using.
         while (threadCount(pid) > threads && nowNs() - started < 60000000000LL)
-            usleep(200);
+            usleep(1000);
     }
 
     // The serial decode's wall time in milliseconds; \a cpuMs gets its processor time.
