@@ -165,20 +165,15 @@ QString PreviewBinding::missingFrame(AnimatedElementId element) const
                                    : QStringLiteral("%1: \"%2\" names no frame file (it has no extension)")
                                          .arg(QLatin1StringView(e.caption), imageText);
     }
-    if (!m_frames.timer(element)->isActive())
+    // The loader has tried every frame file: the first it could not load is the one to name.
+    const qint64 n = m_frames.firstFailedFrame(element);
+    if (!m_frames.timer(element)->isActive() || n < 1 || n > m_frames.stripFiles(element).size())
         return {};
-    for (qint64 n = 1; n <= m_frames.frameCount(element); ++n) {
-        const QString file = resolveThemePath(sequence->frameName(m_doc.packageFolder(), n));
-        const char *trouble = !QFileInfo(file).isFile()               ? "is missing"
-                              : !LoadingSurface::headerSize(file) ? "cannot be read as an image"
-                                                                  : nullptr;
-        if (trouble) {
-            return QStringLiteral("Frame %1 of %2 %3: %4")
-                .arg(n)
-                .arg(QLatin1StringView(e.caption), QLatin1StringView(trouble), QDir::toNativeSeparators(file));
-        }
-    }
-    return {};
+    const QString file = m_frames.stripFiles(element).at(n - 1);
+    const char *trouble = QFileInfo(file).isFile() ? "cannot be read as an image" : "is missing";
+    return QStringLiteral("Frame %1 of %2 %3: %4")
+        .arg(n)
+        .arg(QLatin1StringView(e.caption), QLatin1StringView(trouble), QDir::toNativeSeparators(file));
 }
 
 QString PreviewBinding::stillFile(const char *key) const

@@ -301,6 +301,7 @@ void FramePreviews::endLoad(bool cancelled)
     const AnimatedElementId element = load->element;
     if (!cancelled) {
         m_stripFiles[element] = load->loader->finish(m_loading);
+        m_firstFailed[element] = load->loader->firstFailed();
         emit stripLoaded(element);
         return;
     }

@@ -144,3 +144,12 @@ QStringList StripLoader::finish(LoadingSurface &loading)
         loading = std::move(last->surface);
     return QStringList(m_files.begin(), m_files.end());
 }
+
+qint64 StripLoader::firstFailed() const
+{
+    for (qint64 slot = 0; slot < m_count; ++slot) {
+        if (m_state[size_t(slot)].load(std::memory_order_acquire) == Failed)
+            return slot + 1;
+    }
+    return 0;
+}

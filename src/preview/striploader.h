@@ -73,6 +73,8 @@ public:
      * found on this system, in frame order.
      */
     QStringList finish(LoadingSurface &loading);
+    /** The first frame (from 1) that did not load, 0 when every one did; after finish(). */
+    qint64 firstFailed() const;
 
 private:
     struct Worker {
