@@ -269,7 +269,8 @@ void FramePreviews::takeArrivals(bool waitForOne)
     if (ready > load.ready) {
         load.ready = ready;
         for (AnimatedElementId other : animatedElementIds) {
-            if (&stripOf(other) == &stripOf(load.element) && (m_states[other].heldSince || isPaused(other)))
+            // Also a timer that advanced onto a frame still loading, asleep without holding.
+            if (&stripOf(other) == &stripOf(load.element))
                 wake(other);
         }
     }
