@@ -79,7 +79,10 @@ PreviewBinding::PreviewBinding(MainWindow &window, ThemeDocument &doc, EditorDia
     bindAnimations();
     m_window.bindPages(this, [this](EditorPage page) { bindPage(page); });
     connect(&m_watch, &FileWatch::changed, this, &PreviewBinding::reloadChanged);
-    connect(&m_frames, &FramePreviews::stripLoaded, this, &PreviewBinding::watchShownFiles);
+    connect(&m_frames, &FramePreviews::stripLoaded, this, [this](AnimatedElementId element) {
+        showTrouble(missingFrame(element));
+        watchShownFiles();
+    });
     connect(&window, &MainWindow::themeOpened, this, [this] {
         m_frames.clearSurfaces();
         m_stills.clear();
@@ -163,20 +166,14 @@ QString PreviewBinding::missingFrame(AnimatedElementId element) const
                                    : tr("%1: \"%2\" names no frame file (it has no extension)")
                                          .arg(caption, imageText);
     }
-    if (!m_frames.timer(element)->isActive())
+    // The loader has tried every frame file: the first it could not load is the one to name.
+    const qint64 n = m_frames.firstFailedFrame(element);
+    if (!m_frames.timer(element)->isActive() || n < 1 || n > m_frames.stripFiles(element).size())
         return {};
-    for (qint64 n = 1; n <= m_frames.frameCount(element); ++n) {
-        const QString file = resolveThemePath(sequence->frameName(m_doc.packageFolder(), n));
-        const char *trouble = !QFileInfo(file).isFile()               ? QT_TR_NOOP("Frame %1 of %2 is missing: %3")
-                              : !LoadingSurface::headerSize(file) ? QT_TR_NOOP("Frame %1 of %2 cannot be read as an image: %3")
-                                                                  : nullptr;
-        if (trouble) {
-            return tr(trouble)
-                .arg(n)
-                .arg(caption, QDir::toNativeSeparators(file));
-        }
-    }
-    return {};
+    const QString file = m_frames.stripFiles(element).at(n - 1);
+    const char *trouble = QFileInfo(file).isFile() ? QT_TR_NOOP("Frame %1 of %2 cannot be read as an image: %3")
+                                                   : QT_TR_NOOP("Frame %1 of %2 is missing: %3");
+    return tr(trouble).arg(n).arg(caption, QDir::toNativeSeparators(file));
 }
 
 QString PreviewBinding::stillFile(const char *key) const
@@ -248,7 +245,13 @@ void PreviewBinding::bindPage(EditorPage page)
             // A setting that stops the preview is a message of its own; files it cannot show are told quietly.
             const Report report = m_frames.startFramePreview(element);
             m_dialogs.show(report);
-            showTrouble(report.isEmpty() ? missingFrame(element) : QString());
+            // Files it cannot show are looked for once the strip has loaded: reading every
+            // frame's header here would hold up the first frame.
+            if (!report.isEmpty())
+                showTrouble({});
+            else if (!m_frames.timer(element)->isActive() || !FrameSequence::fromImageText(m_doc.value(
+                         QLatin1StringView(animatedElements[element].imageField))))
+                showTrouble(missingFrame(element));
             watchShownFiles();
         });
         PreviewSurface *surface = frame.surface;

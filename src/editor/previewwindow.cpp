@@ -204,10 +204,15 @@ void PreviewWindow::showFrameState()
     m_pause->setText(playing ? tr("Pause") : tr("Play"));
     m_back->setEnabled(!playing);
     m_forward->setEnabled(!playing);
-    m_state->setText(tr("Frame %1 of %2, delay %3 ms")
-                         .arg(m_frames->shownFrame(m_element))
-                         .arg(m_frames->frameCount(m_element))
-                         .arg(m_frames->delay(m_element)));
+    // A number changing on every frame could not be read, and would set the window's layout
+    // and text again every frame: a playing animation says what plays.
+    m_state->setText(playing ? tr("Playing %1 frames, delay %2 ms")
+                                   .arg(m_frames->frameCount(m_element))
+                                   .arg(m_frames->delay(m_element))
+                             : tr("Frame %1 of %2, delay %3 ms")
+                                   .arg(m_frames->shownFrame(m_element))
+                                   .arg(m_frames->frameCount(m_element))
+                                   .arg(m_frames->delay(m_element)));
 }
 
 void PreviewWindow::togglePause()

@@ -25,6 +25,7 @@
 // unless it is about to end: a window that came and went at once would only flash.
 static constexpr quint32 progressDelayMs = 1000;
 static constexpr quint32 shortestProgressMs = 500;
+static const QEvent::Type hurryEvent = QEvent::Type(QEvent::registerEventType());
 
 struct FramePreviews::PendingLoad {
     AnimatedElementId element{}; // set when the load is made
@@ -32,6 +33,7 @@ struct FramePreviews::PendingLoad {
     quint32 started = 0;
     qint64 ready = 0; // slots from the first that hold their frames
     bool showing = false;
+    bool hurryPosted = false;
     // What a cancelled load puts back.
     QImage previousImage;
     quint64 previousGeneration = 0;
@@ -249,6 +251,8 @@ void FramePreviews::arrivalsPosted()
 
 void FramePreviews::finishLoading()
 {
+    if (m_pending) // nothing else to show meanwhile
+        m_pending->loader->hurry();
     while (m_pending && !m_handling)
         takeArrivals(true);
 }
@@ -266,7 +270,8 @@ void FramePreviews::takeArrivals(bool waitForOne)
     if (ready > load.ready) {
         load.ready = ready;
         for (AnimatedElementId other : animatedElementIds) {
-            if (&stripOf(other) == &stripOf(load.element) && (m_states[other].heldSince || isPaused(other)))
+            // Also a timer that advanced onto a frame still loading, asleep without holding.
+            if (&stripOf(other) == &stripOf(load.element))
                 wake(other);
         }
     }
@@ -298,6 +303,7 @@ void FramePreviews::endLoad(bool cancelled)
     const AnimatedElementId element = load->element;
     if (!cancelled) {
         m_stripFiles[element] = load->loader->finish(m_loading);
+        m_firstFailed[element] = load->loader->firstFailed();
         emit stripLoaded(element);
         return;
     }
@@ -436,9 +442,10 @@ qint64 FramePreviews::sleepingTick(AnimatedElementId element)
 {
     AnimationState &state = m_states[element];
     const quint32 now = m_clock();
-    // Woken on the tick after the skipped one, that tick's advance is made up as it would
-    // have been; woken earlier or later, the tick below decides as any tick does.
-    if (state.skippedAdvance && quint32(now - *state.skippedAdvance) == 1)
+    // Woken after the skipped tick, its advance is made up as it would have been: a wake-up
+    // that a busy machine made late still draws the new frame at once, keeping the animation's
+    // time, instead of costing a second wake-up. Woken earlier, the tick below decides.
+    if (state.skippedAdvance && qint32(now - *state.skippedAdvance) >= 1)
         advance(element, *state.skippedAdvance);
     state.skippedAdvance.reset();
     animationTick(element);
@@ -539,7 +546,19 @@ bool FramePreviews::draw(AnimatedElementId element, qint64 slot)
     surface.drawn = {element, strip.generation, slot};
     wakeOthersOnSurface(element);
     emit surfaceChanged(element, surface.image);
+    if (m_pending && !m_pending->hurryPosted && &stripOf(m_pending->element) == &strip) {
+        // Posted after the repaint the picture asked for, at its low priority: the frames left
+        // decode at the window's priority once the first is on screen.
+        m_pending->hurryPosted = true;
+        QCoreApplication::postEvent(this, new QEvent(hurryEvent), Qt::LowEventPriority);
+    }
     return true;
+}
+
+void FramePreviews::customEvent(QEvent *event)
+{
+    if (event->type() == hurryEvent && m_pending)
+        m_pending->loader->hurry();
 }
 
 const QImage *FramePreviews::viewOf(Strip &strip, const AnimatedElement &e, qint64 slot)

@@ -65,6 +65,8 @@ public:
 
     /** The frame files the element's strip was last built from, as the loader found them. */
     QStringList stripFiles(AnimatedElementId element) const { return m_stripFiles[element]; }
+    /** The first of those files (from 1) that did not load, 0 when every one did. */
+    qint64 firstFailedFrame(AnimatedElementId element) const { return m_firstFailed[element]; }
     /**
      * Builds a playing element's strip again from its files as they are now (the art changed
      * on disk); the animation goes on where it was. A stopped element is left alone.
@@ -112,6 +114,9 @@ signals:
      * same pixels when a new strip replaces the one the picture was shown from.
      */
     void surfaceChanged(AnimatedElementId element, const QImage &image);
+
+protected:
+    void customEvent(QEvent *event) override;
 
 private:
     struct FieldIndexes {
@@ -207,6 +212,7 @@ private:
     std::array<Strip, 2> m_strips;
     quint64 m_nextGeneration = 1;
     ElementTable<QStringList> m_stripFiles;
+    ElementTable<qint64> m_firstFailed{};
     std::unique_ptr<PendingLoad> m_pending; // the strip loading now, one at a time
     std::atomic<bool> m_arrivalPosted{false};
     bool m_handling = false; // progress is being shown, which may let events through

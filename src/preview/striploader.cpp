@@ -29,29 +29,23 @@ StripLoader::StripLoader(QImage &strip, QSize frame, const FrameSequence &sequen
     : m_frame(frame)
     , m_count(std::max<qint64>(count, 0))
     , m_arrived(std::move(arrived))
+    , m_sequence(sequence)
+    , m_folder(folder)
+    , m_workerCount(int(std::min<qint64>(std::max(workers, 1), m_count)))
     , m_files(size_t(m_count))
     , m_state(std::make_unique<std::atomic<char>[]>(size_t(m_count)))
-    , m_workers(size_t(std::min<qint64>(std::max(workers, 1), m_count)))
 {
     // QImage counts every write access in its header, so no two threads may write through one;
     // taking the pixels here, on the owner's thread, also settles that they are not shared.
     uchar *const pixels = strip.bits();
     m_strip = QImage(pixels, strip.width(), strip.height(), strip.bytesPerLine(), strip.format());
     FrameStrip::clearFrom(m_strip, m_count * frame.height());
-    for (Worker &worker : m_workers)
-        worker.strip = QImage(pixels, strip.width(), strip.height(), strip.bytesPerLine(), strip.format());
-    m_threads.reserve(m_workers.size());
-    try {
-        for (Worker &worker : m_workers)
-            m_threads.emplace_back([this, &worker, sequence, folder] {
-                yieldToTheWindow();
-                run(worker, sequence, folder);
-            });
-    } catch (const std::system_error &) {
-        // Out of threads: those running take every frame; with none, this thread does.
-        if (m_threads.empty() && !m_workers.empty())
-            run(m_workers.front(), sequence, folder);
-    }
+    m_workers.reserve(size_t(m_workerCount) * 2);
+    m_threads.reserve(size_t(m_workerCount) * 2);
+    startWorkers(m_workerCount, true);
+    // Out of threads: this thread takes every frame.
+    if (m_threads.empty() && !m_workers.empty())
+        run(m_workers.front());
 }
 
 StripLoader::~StripLoader()
@@ -59,12 +53,40 @@ StripLoader::~StripLoader()
     m_cancelled = true;
 }
 
-void StripLoader::run(Worker &worker, const FrameSequence &sequence, const QString &folder)
+void StripLoader::startWorkers(int count, bool yielding)
+{
+    uchar *const pixels = m_strip.bits(); // on the owner's thread, like every use of m_strip
+    for (int i = 0; i < count && m_workers.size() < m_workers.capacity(); ++i) {
+        Worker &worker = m_workers.emplace_back();
+        // A header of its own, so that writing through it never copies the shared pixels.
+        worker.strip = QImage(pixels, m_strip.width(), m_strip.height(),
+                              m_strip.bytesPerLine(), m_strip.format());
+        worker.yielding = yielding;
+        try {
+            m_threads.emplace_back([this, &worker] {
+                if (worker.yielding)
+                    yieldToTheWindow();
+                run(worker);
+            });
+        } catch (const std::system_error &) {
+            return; // out of threads: those running take every frame
+        }
+    }
+}
+
+void StripLoader::hurry()
+{
+    if (m_hurried.exchange(true) || m_next.load() > m_count || m_threads.empty())
+        return;
+    startWorkers(m_workerCount, false);
+}
+
+void StripLoader::run(Worker &worker)
 {
     // Taking the next frame keeps every worker busy to the end, whatever each frame costs.
     for (qint64 n = m_next++; n <= m_count && !m_cancelled; n = m_next++) {
         // Found once: the loader would otherwise search a folder of wrong-case names again.
-        const QString file = resolveThemePath(sequence.frameName(folder, n));
+        const QString file = resolveThemePath(m_sequence.frameName(m_folder, n));
         m_files[size_t(n - 1)] = file;
         SlotState state = Failed;
         if (worker.surface.load(file)) {
@@ -76,6 +98,8 @@ void StripLoader::run(Worker &worker, const FrameSequence &sequence, const QStri
         m_done.release();
         if (m_arrived)
             m_arrived();
+        if (worker.yielding && m_hurried)
+            return;
     }
 }
 
@@ -119,4 +143,13 @@ QStringList StripLoader::finish(LoadingSurface &loading)
     if (last)
         loading = std::move(last->surface);
     return QStringList(m_files.begin(), m_files.end());
+}
+
+qint64 StripLoader::firstFailed() const
+{
+    for (qint64 slot = 0; slot < m_count; ++slot) {
+        if (m_state[size_t(slot)].load(std::memory_order_acquire) == Failed)
+            return slot + 1;
+    }
+    return 0;
 }

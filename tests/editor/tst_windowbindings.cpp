@@ -525,7 +525,7 @@ private slots:
         e.doc.setText(u"bgframecount", QStringLiteral("2"));
         e.click("cmdPreviewBG");
         QVERIFY(e.dialogs.messages.isEmpty());
-        QCOMPARE(e.window.statusBar()->currentMessage(),
+        QTRY_COMPARE(e.window.statusBar()->currentMessage(),
                  QString(said).replace(QStringLiteral("FILE"), dir.filePath(QStringLiteral("bg2.bmp")))
                      .replace(QStringLiteral("PATH"), dir.path() + u'/'));
 
@@ -533,7 +533,7 @@ private slots:
         writeFrame(dir.filePath(QStringLiteral("bg2.bmp")), frameColor(2), {192, 352});
         e.doc.setText(u"bgimage", dir.filePath(QStringLiteral("bg1.bmp")));
         e.click("cmdPreviewBG");
-        QCOMPARE(e.window.statusBar()->currentMessage(), QString());
+        QTRY_COMPARE(e.window.statusBar()->currentMessage(), QString());
     }
 
     void playButtonSaysWhatItCannotPlay()

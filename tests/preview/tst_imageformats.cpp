@@ -362,6 +362,7 @@ private slots:
     {
         QTest::addColumn<QString>("frames"); // one letter a frame, as writeFrameFile() reads it
         QTest::addColumn<int>("workers");
+        QTest::addColumn<bool>("hurried"); // after the first frame, as once it is on screen
 
         const QList<std::pair<const char *, const char *>> cases{
             {"every frame loads", "bpbbpbbbpbbb"},
@@ -375,8 +376,11 @@ private slots:
             {"more workers than frames", "bm"},
         };
         for (const auto &[name, frames] : cases) {
-            for (int workers : {1, 2, 3})
-                QTest::addRow("%s, %d workers", name, workers) << QString::fromLatin1(frames) << workers;
+            for (int workers : {1, 2, 3}) {
+                for (bool hurried : {false, true})
+                    QTest::addRow("%s, %d workers%s", name, workers, hurried ? ", hurried" : "")
+                        << QString::fromLatin1(frames) << workers << hurried;
+            }
         }
     }
 
@@ -384,6 +388,7 @@ private slots:
     {
         QFETCH(QString, frames);
         QFETCH(int, workers);
+        QFETCH(bool, hurried);
         QTemporaryDir dir;
         QVERIFY(dir.isValid());
         const qint64 count = frames.size();
@@ -411,8 +416,11 @@ private slots:
         QVERIFY(loading.load(before));
         QImage strip = FrameStrip::allocate(nextBlock, double(count));
         StripLoader loader(strip, nextBlock.frame, *sequence, folder, count, {}, workers);
-        for (qint64 n = 1; n <= count; ++n)
+        for (qint64 n = 1; n <= count; ++n) {
             loader.waitForFrame();
+            if (hurried && n == 1)
+                loader.hurry();
+        }
         QCOMPARE(loader.finish(loading), expectedFiles);
 
         QCOMPARE(strip.size(), expected.size());
