@@ -707,6 +707,10 @@ Sie unter ihren eigenen Namen im Paket ablegen und die Felder auf diese Namen ä
         <source>Frame %1 of %2, delay %3 ms</source>
         <translation>Einzelbild %1 von %2, Verzögerung %3 ms</translation>
     </message>
+    <message>
+        <source>Playing %1 frames, delay %2 ms</source>
+        <translation>Spielt %1 Einzelbilder ab, Verzögerung %2 ms</translation>
+    </message>
 </context>
 <context>
     <name>ProblemsPanel</name>
