@@ -175,8 +175,6 @@ private slots:
                                        << QByteArray("Error: Could not load bad.skt.\nLocation: Themetype");
         QTest::newRow("unknown theme type") << QByteArray("[Theme Info]\r\nthemetype=2\r\n")
                                             << QByteArray("Error: Could not load bad.skt.\nIts theme type \"2\"");
-        QTest::newRow("no theme at all") << QByteArray("shopping list\neggs\n")
-                                         << QByteArray("Error: Could not load bad.skt.\nLocation: Themetype");
     }
 
     void failedLoadIsNeverWrittenOver()

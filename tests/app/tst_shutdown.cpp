@@ -47,6 +47,24 @@ class ShutdownTest : public QObject
         return env;
     }
 
+    /** Starts the editor's copy and waits until it handles \a signalNumber, its start-up done. */
+    void start(QProcess &editor, const QProcessEnvironment &env, const QStringList &args = {}, int signalNumber = SIGTERM)
+    {
+        editor.setProcessEnvironment(env);
+        editor.start(path(QStringLiteral("bin/stakko-theme-maker")), args);
+        QVERIFY(editor.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(catches(editor.processId(), signalNumber), 60000);
+    }
+
+    /** Sends \a signalNumber and waits for the editor's own, successful exit. */
+    static void end(QProcess &editor, int signalNumber = SIGTERM)
+    {
+        QCOMPARE(::kill(pid_t(editor.processId()), signalNumber), 0);
+        QVERIFY(editor.waitForFinished(10000));
+        QCOMPARE(editor.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(editor.exitCode(), 0);
+    }
+
     /** The autosave copies left for the next start. */
     QStringList copies() const
     {
@@ -90,17 +108,10 @@ private slots:
         QVERIFY(writeThemeFile(doc, theme));
 
         QProcess editor;
-        editor.setProcessEnvironment(environment());
         // A shell without job control starts background commands with SIGINT ignored.
         editor.setChildProcessModifier([] { std::signal(SIGINT, SIG_DFL); });
-        editor.start(path(QStringLiteral("bin/stakko-theme-maker")), loaded ? QStringList{theme} : QStringList{});
-        QVERIFY(editor.waitForStarted());
-        QTRY_VERIFY_WITH_TIMEOUT(catches(editor.processId(), signalNumber), 60000);
-        QCOMPARE(::kill(pid_t(editor.processId()), signalNumber), 0);
-
-        QVERIFY(editor.waitForFinished(10000));
-        QCOMPARE(editor.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(editor.exitCode(), 0);
+        start(editor, environment(), loaded ? QStringList{theme} : QStringList{}, signalNumber);
+        end(editor, signalNumber);
         QVERIFY(QFile::exists(path(QStringLiteral("bin/skm.ini"))));
 
         // Nothing was unsaved: no copy is left for the next start.
@@ -114,9 +125,7 @@ private slots:
             QSKIP("typing into the editor needs Xvfb and xdotool");
         // An X server of its own, on a display number it picks itself.
         QProcess server;
-        server.start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                                              QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-                                              QStringLiteral("tcp")});
+        server.start(QStringLiteral("Xvfb"), {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
         QVERIFY(server.waitForReadyRead(20000));
         const QString display = u':' + QString::fromLatin1(server.readLine().trimmed());
         const auto stopServer = qScopeGuard([&server] {
@@ -136,35 +145,22 @@ private slots:
 
         // The author types a name into the new theme; the cursor stands in "Theme Name:" at the start.
         QProcess editor;
-        editor.setProcessEnvironment(env);
-        editor.start(path(QStringLiteral("bin/stakko-theme-maker")), {});
-        QVERIFY(editor.waitForStarted());
-        QTRY_VERIFY_WITH_TIMEOUT(catches(editor.processId(), SIGTERM), 60000);
+        start(editor, env);
         QStringList windows;
-        QTRY_VERIFY_WITH_TIMEOUT(!(windows = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                                      QStringLiteral("--pid"), QString::number(editor.processId())}))
-                                      .isEmpty(),
-                                 20000);
-        xdotool({QStringLiteral("windowfocus"), QStringLiteral("--sync"), windows.first()});
-        xdotool({QStringLiteral("type"), QStringLiteral("Dusk")});
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !(windows = xdotool({"search", "--onlyvisible", "--pid", QString::number(editor.processId())})).isEmpty(), 20000);
+        xdotool({"windowfocus", "--sync", windows.first()});
+        xdotool({"type", "Dusk"});
         // Typing has reached the editor once its autosave copy holds it.
         QTRY_VERIFY_WITH_TIMEOUT(!copies().isEmpty(), 20000);
-        QCOMPARE(::kill(pid_t(editor.processId()), SIGTERM), 0);
-        QVERIFY(editor.waitForFinished(10000));
-        QCOMPARE(editor.exitCode(), 0);
+        end(editor);
         QCOMPARE(copies().size(), 1);
 
         // The next start offers it.
         QProcess next;
-        next.setProcessEnvironment(env);
-        next.start(path(QStringLiteral("bin/stakko-theme-maker")), {});
-        QVERIFY(next.waitForStarted());
-        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                                           QStringLiteral("Recover Unsaved Changes")})
-                                      .isEmpty(),
-                                 30000);
-        QCOMPARE(::kill(pid_t(next.processId()), SIGTERM), 0);
-        QVERIFY(next.waitForFinished(10000));
+        start(next, env);
+        QTRY_VERIFY_WITH_TIMEOUT(!xdotool({"search", "--onlyvisible", "--name", "Recover Unsaved Changes"}).isEmpty(), 30000);
+        end(next);
         // Not answered: still there for the start after.
         QCOMPARE(copies().size(), 1);
     }

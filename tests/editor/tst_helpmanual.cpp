@@ -12,7 +12,6 @@
 #include <QAction>
 #include <QDesktopServices>
 #include <QMenu>
-#include <QRegularExpression>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -45,14 +44,6 @@ private slots:
         QCOMPARE(manual->shortcut(), QKeySequence(Qt::Key_F1));
         auto *help = window.findChild<QMenu *>(QStringLiteral("mnuHelp"));
         QVERIFY(help->actions().contains(manual));
-        // No two items of the menu share an accelerator letter.
-        static const QRegularExpression accelerator(QStringLiteral("&([^&])"));
-        QStringList letters;
-        for (const QAction *item : help->actions()) {
-            if (const auto m = accelerator.match(item->text()); m.hasMatch())
-                letters << m.captured(1).toLower();
-        }
-        QCOMPARE(QSet<QString>(letters.cbegin(), letters.cend()).size(), letters.size());
 
         manual->trigger();
         QCOMPARE(m_opened, QList<QUrl>{userManualUrl()});

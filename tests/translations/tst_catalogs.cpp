@@ -20,14 +20,11 @@ struct Message {
     QStringList translations; // one, or one per plural form
 };
 
-/** The character of a <byte value="xd"/> element. */
-QChar byteOf(const QXmlStreamReader &xml)
-{
-    return QChar(xml.attributes().value(QStringLiteral("value")).mid(1).toUInt(nullptr, 16));
-}
-
-/** The text of the element \a xml stands at the start of, with the characters Linguist writes as <byte value="xd"/>. */
-QString textOf(QXmlStreamReader &xml)
+/**
+ * The text of the element \a xml stands at the start of, with the characters Linguist writes as
+ * <byte value="xd"/>; the texts of its <numerusform> elements go to \a forms.
+ */
+QString textOf(QXmlStreamReader &xml, QStringList *forms = nullptr)
 {
     QString text;
     const QString name = xml.name().toString();
@@ -35,7 +32,9 @@ QString textOf(QXmlStreamReader &xml)
         if (xml.isCharacters())
             text += xml.text();
         else if (xml.isStartElement() && xml.name() == u"byte")
-            text += byteOf(xml);
+            text += QChar(xml.attributes().value(QStringLiteral("value")).mid(1).toUInt(nullptr, 16));
+        else if (forms && xml.isStartElement() && xml.name() == u"numerusform")
+            forms->append(textOf(xml));
     }
     return text;
 }
@@ -55,15 +54,7 @@ QList<Message> messagesOf(const QByteArray &bytes, QString *error)
         } else if (xml.name() == u"translation" && !messages.isEmpty()) {
             Message &message = messages.last();
             message.type = xml.attributes().value(QStringLiteral("type")).toString();
-            QString text;
-            while (!xml.hasError() && (xml.readNext() != QXmlStreamReader::EndElement || xml.name() != u"translation")) {
-                if (xml.isCharacters())
-                    text += xml.text();
-                else if (xml.isStartElement() && xml.name() == u"byte")
-                    text += byteOf(xml);
-                else if (xml.isStartElement() && xml.name() == u"numerusform")
-                    message.translations.append(textOf(xml));
-            }
+            const QString text = textOf(xml, &message.translations);
             if (message.translations.isEmpty())
                 message.translations.append(text);
         }
