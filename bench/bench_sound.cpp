@@ -129,7 +129,7 @@ struct Editor {
         doc.setMusicFolder(folder + u'/');
         doc.setNumber(u"includesounds", 1);
         doc.setNumber(u"includemusic", 1);
-        doc.setText(QLatin1StringView(soundRowKeys[0]), QStringLiteral("click.wav"));
+        doc.setText(QLatin1StringView(soundRowKeys[SoundRow::Rotate]), QStringLiteral("click.wav"));
         window = std::make_unique<MainWindow>(doc);
         commands = std::make_unique<FileCommands>(doc, dialogs);
         new ButtonBinding(*window, doc, dialogs, sound, *commands);

@@ -764,11 +764,11 @@ private:
         return true;
     }
 
-    template <size_t N>
-    bool stills(const SampleStill (&table)[N], const std::array<const char *, N> &keys)
+    template <typename Row>
+    bool stills(const SampleStill (&table)[rowCount<Row>], const RowTable<Row, const char *> &keys)
     {
-        for (size_t row = 0; row < N; ++row) {
-            const SampleStill &still = table[row];
+        for (Row row : rowValues<Row>) {
+            const SampleStill &still = table[enumIndex(row)];
             const QImage image = drawImage(still.size, [&](QPainter &p) {
                 still.paint(p, still.size, still.variant);
             });
@@ -782,10 +782,11 @@ private:
     bool soundsAndMusic()
     {
         static_assert(std::size(sounds) == std::size(soundRowKeys));
-        for (size_t row = 0; row < std::size(sounds); ++row) {
-            if (!saveBytes(waveFile(sounds[row].partials), QLatin1StringView(sounds[row].file)))
+        for (SoundRow row : rowValues<SoundRow>) {
+            const SampleSound &sound = sounds[enumIndex(row)];
+            if (!saveBytes(waveFile(sound.partials), QLatin1StringView(sound.file)))
                 return false;
-            m_doc.setText(soundRowKeys[row], QLatin1StringView(sounds[row].file));
+            m_doc.setText(soundRowKeys[row], QLatin1StringView(sound.file));
         }
         if (!saveBytes(midiFile(), QStringLiteral("theme.mid")))
             return false;
@@ -796,8 +797,8 @@ private:
     void colorsAndSwitches()
     {
         static_assert(std::size(colors) == std::size(colorKeys));
-        for (size_t row = 0; row < std::size(colors); ++row)
-            m_doc.setText(colorKeys[row], QLatin1StringView(colors[row]));
+        for (ColorRow row : rowValues<ColorRow>)
+            m_doc.setText(colorKeys[row], QLatin1StringView(colors[enumIndex(row)]));
         for (const ThemeSection &section : themeSections())
             m_doc.setNumber(section.include, 1);
         const AnimatedElement &blocks = ::animatedElements[AnimatedElementId::Blocks];

@@ -64,7 +64,7 @@ void playVisiblePreviews(MainWindow &window)
         for (const ElementFrame &frame : pages.elementFrames(page))
             buttons << frame.image.show;
     }
-    buttons << pages.iface.screens.value(0).show << pages.misc.images.value(0).show;
+    buttons << pages.iface.screens[InterfaceRow::Main].show << pages.misc.images[MiscImageRow::DoorLeft].show;
     for (QAbstractButton *button : std::as_const(buttons)) {
         if (button && button->isVisibleTo(&window) && button->isEnabled())
             button->click();

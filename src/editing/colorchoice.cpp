@@ -7,11 +7,11 @@
 #include "theme/themecolors.h"
 #include "theme/themedocument.h"
 
-void chooseThemeColor(ThemeDocument &doc, Dialogs &dialogs, int row)
+void chooseThemeColor(ThemeDocument &doc, Dialogs &dialogs, ColorRow row)
 {
     const auto color = dialogs.chooseColor();
     if (!color)
         return;
-    doc.setSwatch(row, *color);
+    doc.setSwatch(rowOf(row), *color);
     doc.setText(QString::fromLatin1(colorKeys[row]), colorToText(*color));
 }

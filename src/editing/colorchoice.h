@@ -4,10 +4,11 @@
 #pragma once
 
 class Dialogs;
+enum class ColorRow;
 class ThemeDocument;
 
 /**
- * Lets the author pick theme colour \a row (0-11 of colorKeys): the swatch and the colour's
+ * Lets the author pick theme colour \a row: the swatch and the colour's
  * text change together. Cancelling changes nothing.
  */
-void chooseThemeColor(ThemeDocument &doc, Dialogs &dialogs, int row);
+void chooseThemeColor(ThemeDocument &doc, Dialogs &dialogs, ColorRow row);

@@ -40,14 +40,6 @@ bool browseIntoField(ThemeDocument &doc, Dialogs &dialogs, QLatin1StringView fil
     return true;
 }
 
-template<typename Table>
-const char *rowKey(const Table &keys, int row)
-{
-    if (row < 0 || row >= int(std::size(keys)))
-        return nullptr;
-    return keys[row];
-}
-
 } // namespace
 
 QStringList filterExtensions(QLatin1StringView filter)
@@ -112,16 +104,14 @@ bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, AnimatedElementId
     return !result.isEmpty() && setFrameImage(doc, QLatin1StringView(animatedElements[element].imageField), result);
 }
 
-bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, int row)
+bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, InterfaceRow row)
 {
-    const char *key = rowKey(interfaceRowKeys, row);
-    return key && browseIntoField(doc, dialogs, imageFilter, key);
+    return browseIntoField(doc, dialogs, imageFilter, interfaceRowKeys[row]);
 }
 
-bool browseMiscImage(ThemeDocument &doc, Dialogs &dialogs, int row)
+bool browseMiscImage(ThemeDocument &doc, Dialogs &dialogs, MiscImageRow row)
 {
-    const char *key = rowKey(miscImageKeys, row);
-    return key && browseIntoField(doc, dialogs, imageFilter, key);
+    return browseIntoField(doc, dialogs, imageFilter, miscImageKeys[row]);
 }
 
 bool browseSkinFile(ThemeDocument &doc, Dialogs &dialogs)
@@ -129,10 +119,9 @@ bool browseSkinFile(ThemeDocument &doc, Dialogs &dialogs)
     return browseIntoField(doc, dialogs, imageFilter, FieldKey::skinFile);
 }
 
-bool browseSound(ThemeDocument &doc, Dialogs &dialogs, int row)
+bool browseSound(ThemeDocument &doc, Dialogs &dialogs, SoundRow row)
 {
-    const char *key = rowKey(soundRowKeys, row);
-    return key && browseIntoField(doc, dialogs, soundFilter, key);
+    return browseIntoField(doc, dialogs, soundFilter, soundRowKeys[row]);
 }
 
 bool browseMusic(ThemeDocument &doc, Dialogs &dialogs)

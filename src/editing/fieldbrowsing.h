@@ -13,6 +13,9 @@
 
 class Dialogs;
 enum class AnimatedElementId;
+enum class InterfaceRow;
+enum class MiscImageRow;
+enum class SoundRow;
 class ThemeDocument;
 
 // Open-dialog filters in the "Description|pattern|...|" form the Dialogs interface takes; a
@@ -66,19 +69,16 @@ bool setFrameImage(ThemeDocument &doc, QAnyStringView imageField, const QString 
 QString browseForFile(Dialogs &dialogs, const QString &filter, const QString &initialFolder);
 
 // The Browse buttons. Each returns true when a file was chosen and stored; a cancelled dialog
-// or an index outside its row table changes nothing (the dirty flag included). Every image,
+// changes nothing (the dirty flag included). Every image,
 // sound and music dialog opens in the package folder, and a file chosen inside the package is
 // stored relative to it.
 
 /** Animated element \a element: image text, then root and extension. */
 bool browseAnimatedImage(ThemeDocument &doc, Dialogs &dialogs, AnimatedElementId element);
-/** Interface screen \a row of interfaceRowKeys. */
-bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, int row);
-/** Miscellaneous image \a row of miscImageKeys. */
-bool browseMiscImage(ThemeDocument &doc, Dialogs &dialogs, int row);
+bool browseInterfaceImage(ThemeDocument &doc, Dialogs &dialogs, InterfaceRow row);
+bool browseMiscImage(ThemeDocument &doc, Dialogs &dialogs, MiscImageRow row);
 bool browseSkinFile(ThemeDocument &doc, Dialogs &dialogs);
-/** Sound \a row of soundRowKeys. */
-bool browseSound(ThemeDocument &doc, Dialogs &dialogs, int row);
+bool browseSound(ThemeDocument &doc, Dialogs &dialogs, SoundRow row);
 /**
  * Music: a file inside the package plays from the package folder, any other from its own
  * full path, so the music folder follows where the file was chosen.

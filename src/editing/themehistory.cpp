@@ -138,7 +138,8 @@ void ThemeHistory::closeStep()
         return;
     m_typed = -1;
     ThemeStep *step = std::exchange(m_open, nullptr);
-    if (step->text().isEmpty())
-        step->setText(fieldLabel(fieldIndex(colorKeys[step->changes.first().swatch])));
+    const std::optional<ColorRow> color = rowFromIndex<ColorRow>(step->changes.first().swatch);
+    if (step->text().isEmpty() && color)
+        step->setText(fieldLabel(fieldIndex(colorKeys[*color])));
     m_stack.push(step);
 }

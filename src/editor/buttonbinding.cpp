@@ -112,15 +112,15 @@ ButtonBinding::ButtonBinding(MainWindow &window, ThemeDocument &doc, EditorDialo
                          browseAnimatedImage(m_doc, offering, element);
                      });
     }
-    for (int row = 0; row < int(std::size(interfaceRowKeys)); ++row) {
+    for (InterfaceRow row : rowValues<InterfaceRow>) {
         addBrowseRow(interfaceRowKeys[row], imageFilter,
                      [this, row](Dialogs &d) { browseInterfaceImage(m_doc, d, row); });
     }
-    for (int row = 0; row < int(std::size(miscImageKeys)); ++row) {
+    for (MiscImageRow row : rowValues<MiscImageRow>) {
         addBrowseRow(miscImageKeys[row], imageFilter,
                      [this, row](Dialogs &d) { browseMiscImage(m_doc, d, row); });
     }
-    for (int row = 0; row < int(std::size(soundRowKeys)); ++row) {
+    for (SoundRow row : rowValues<SoundRow>) {
         addBrowseRow(soundRowKeys[row], soundFilter,
                      [this, row](Dialogs &d) { browseSound(m_doc, d, row); });
     }
@@ -160,9 +160,9 @@ void ButtonBinding::bindPage(EditorPage page)
     if (page != EditorPage::Sounds)
         return;
     const SoundPage &sounds = m_window.pages().sounds;
-    for (int row = 0; row < int(sounds.sounds.size()); ++row) {
+    for (SoundRow row : rowValues<SoundRow>) {
         connect(sounds.sounds[row].show, &QAbstractButton::clicked, this, [this, row] {
-            const QString key = QLatin1StringView(soundRows.keys[row]);
+            const QString key = QLatin1StringView(soundRowKeys[row]);
             // The sound itself is silent about a file it cannot play: the status bar says it.
             const QString trouble = playProblem(m_doc, key);
             if (trouble.isEmpty())

@@ -32,10 +32,10 @@ struct RowControls {
     const char *show;                  // the preview or play button, or the colour swatch
 };
 
-inline constexpr RowControls interfaceRows{interfaceRowKeys, nullptr, "lblIFace", "cmdBrowseIface", "cmdPreviewIface"};
-inline constexpr RowControls miscImageRows{miscImageKeys, "txtMiscImage", nullptr, "cmdBrowseMisc", "cmdPreviewMisc"};
-inline constexpr RowControls colorRows{colorKeys, "txtColor", nullptr, "cmdBrowseColor", "picPreviewColor"};
-inline constexpr RowControls soundRows{soundRowKeys, nullptr, nullptr, "cmdBrowseSound", "cmdPlaySound"};
+inline constexpr RowControls interfaceRows{interfaceRowKeys.rows, nullptr, "lblIFace", "cmdBrowseIface", "cmdPreviewIface"};
+inline constexpr RowControls miscImageRows{miscImageKeys.rows, "txtMiscImage", nullptr, "cmdBrowseMisc", "cmdPreviewMisc"};
+inline constexpr RowControls colorRows{colorKeys.rows, "txtColor", nullptr, "cmdBrowseColor", "picPreviewColor"};
+inline constexpr RowControls soundRows{soundRowKeys.rows, nullptr, nullptr, "cmdBrowseSound", "cmdPlaySound"};
 
 /** One animated element's own controls; its fields' controls follow from fieldControl(). */
 struct ElementControls {

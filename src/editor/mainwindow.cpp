@@ -474,7 +474,7 @@ void MainWindow::buildPage(Page page)
         if (e.animatedFields[0])
             m_switchedFrames.append({std::to_array(e.animatedFields), frame.settings});
     }
-    bindFields(panel);
+    bindFields(page);
     nameControls(panel);
     for (int i = 0; i < int(colorRows.keys.size()); ++i)
         showSwatch(i);
@@ -556,13 +556,12 @@ void MainWindow::bindPages(QObject *context, const std::function<void(Page)> &bi
     connect(this, &MainWindow::pageBuilt, context, bind);
 }
 
-void MainWindow::bindFields(QWidget *panel)
+void MainWindow::bindFields(Page page)
 {
-    for (int i = 0; i < int(m_controls.size()); ++i) {
+    for (const auto &made : m_pages.fieldWidgets(page)) {
+        const int i = made.first;
+        QWidget *control = made.second;
         if (m_controls.at(i))
-            continue;
-        QWidget *control = panel->findChild<QWidget *>(fieldControls().at(i));
-        if (!control)
             continue;
         m_controls[i] = control;
         if (auto *edit = qobject_cast<QLineEdit *>(control)) {

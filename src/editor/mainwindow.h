@@ -131,7 +131,7 @@ private:
     void buildProblems();
     QWidget *buildPageArea();
     void buildPage(Page page);
-    void bindFields(QWidget *panel);
+    void bindFields(Page page);
     void bindSelector(Page page);
     void fillSelector(QComboBox *combo, Page page);
     void showSwatch(int index);

@@ -42,6 +42,7 @@ QGroupBox *themeType0Group(FileRow &skinRow)
 GeneralPage createGeneralPage()
 {
     GeneralPage bound;
+    FieldRecording recording(bound.fields);
     auto *page = new QWidget;
     bound.panel = page;
     page->setObjectName(QStringLiteral("picGeneral"));
@@ -58,7 +59,7 @@ GeneralPage createGeneralPage()
 
     auto *type = new QComboBox;
     bound.themeType = type;
-    type->setObjectName(fieldControl(FieldKey::themeType));
+    nameField(type, FieldKey::themeType);
     int row = grid->rowCount();
     grid->addWidget(label(fieldCaption(FieldKey::themeType), type), row, 0);
     grid->addWidget(type, row, 1, Qt::AlignLeft);
@@ -75,7 +76,7 @@ GeneralPage createGeneralPage()
     grid->addWidget(bound.themeType0, grid->rowCount(), 0, 1, 3);
 
     auto *description = new QPlainTextEdit;
-    description->setObjectName(fieldControl(FieldKey::description));
+    nameField(description, FieldKey::description);
     description->setTabChangesFocus(true);
     description->setMinimumHeight(description->fontMetrics().lineSpacing() * 3 + 8);
     row = grid->rowCount();

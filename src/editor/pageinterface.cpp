@@ -38,6 +38,7 @@ QWidget *previewColumn(PreviewSurface *&display)
 InterfacePage createInterfacePage()
 {
     InterfacePage bound;
+    FieldRecording recording(bound.fields);
     auto *page = new QWidget;
     bound.panel = page;
     page->setObjectName(QStringLiteral("picIface"));
@@ -46,8 +47,9 @@ InterfacePage createInterfacePage()
     bound.screensFrame = screens;
     auto *grid = new QGridLayout(screens);
     compact(grid);
-    const int rows = int(interfaceRows.keys.size());
-    for (int i = 0; i < rows; ++i) {
+    const int rows = int(interfaceRowKeys.size());
+    for (InterfaceRow r : rowValues<InterfaceRow>) {
+        const int i = rowOf(r);
         QLineEdit *edit = lineEdit(interfaceRows.keys[i]);
         QLabel *caption = label(fieldCaption(interfaceRows.keys[i]), edit);
         caption->setObjectName(rowControl(interfaceRows.label, i));
@@ -55,7 +57,7 @@ InterfacePage createInterfacePage()
         grid->addWidget(edit, i, 1);
         const FileRow row{interfaceRows.keys[i], edit, button(rowControl(interfaceRows.browse, i), QCoreApplication::translate("PageWidgets", "Browse")),
                           iconButton(rowControl(interfaceRows.show, i), "preview", QCoreApplication::translate("PageWidgets", "Preview"))};
-        bound.screens.append(row);
+        bound.screens[r] = row;
         grid->addWidget(row.browse, i, 2);
         grid->addWidget(row.show, i, 3);
     }

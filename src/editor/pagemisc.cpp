@@ -27,11 +27,12 @@ QGroupBox *colorFrame(MiscPage &bound)
     auto *grid = new QGridLayout(box);
     compact(grid);
     constexpr int rowsPerColumn = 6;
-    for (int i = 0; i < int(colorRows.keys.size()); ++i) {
+    for (ColorRow r : rowValues<ColorRow>) {
+        const int i = rowOf(r);
         const int row = i % rowsPerColumn;
         const int column = (i / rowsPerColumn) * 5;
         auto *edit = new QLineEdit;
-        edit->setObjectName(fieldControl(colorRows.keys[i]));
+        nameField(edit, colorKeys[r]);
         edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("255,255,255")) + 14);
         grid->addWidget(label(fieldCaption(colorRows.keys[i]), edit), row, column);
         grid->addWidget(edit, row, column + 1);
@@ -41,8 +42,8 @@ QGroupBox *colorFrame(MiscPage &bound)
         bound.swatches.append(swatch);
         swatch->setAccessibleName(QCoreApplication::translate("PageWidgets", "%1 swatch", "a colour's field").arg(fieldLabel(fieldIndex(colorRows.keys[i]))));
         grid->addWidget(swatch, row, column + 2);
-        bound.colorButtons.append(iconButton(rowControl(colorRows.browse, i), "color", QCoreApplication::translate("PageWidgets", "Choose Color")));
-        grid->addWidget(bound.colorButtons.constLast(), row, column + 3);
+        bound.colorButtons[r] = iconButton(rowControl(colorRows.browse, i), "color", QCoreApplication::translate("PageWidgets", "Choose Color"));
+        grid->addWidget(bound.colorButtons[r], row, column + 3);
     }
     grid->setColumnMinimumWidth(4, 12);
     grid->setRowStretch(rowsPerColumn, 1);
@@ -63,15 +64,16 @@ QGroupBox *miscImagesFrame(MiscPage &bound)
     QGroupBox *box = frame("fraMImg", QCoreApplication::translate("PageWidgets", "Miscellaneous Images"));
     auto *grid = new QGridLayout(box);
     compact(grid);
-    const int rows = int(miscImageRows.keys.size());
-    for (int i = 0; i < rows; ++i) {
+    const int rows = int(miscImageKeys.size());
+    for (MiscImageRow r : rowValues<MiscImageRow>) {
+        const int i = rowOf(r);
         auto *edit = new QLineEdit;
-        edit->setObjectName(fieldControl(miscImageRows.keys[i]));
+        nameField(edit, miscImageKeys[r]);
         grid->addWidget(label(fieldCaption(miscImageRows.keys[i]), edit), i, 0);
         grid->addWidget(edit, i, 1);
         const FileRow row{miscImageRows.keys[i], edit, button(rowControl(miscImageRows.browse, i), QCoreApplication::translate("PageWidgets", "Browse")),
                           button(rowControl(miscImageRows.show, i), QCoreApplication::translate("PageWidgets", "Preview"))};
-        bound.images.append(row);
+        bound.images[r] = row;
         grid->addWidget(row.browse, i, 2);
         grid->addWidget(row.show, i, 3);
     }
@@ -88,10 +90,13 @@ QGroupBox *miscImagesFrame(MiscPage &bound)
 MiscPage createMiscPage()
 {
     MiscPage bound;
+    FieldWidgets made;
+    FieldRecording recording(made);
     bound.colorsFrame = colorFrame(bound);
     bound.imagesFrame = miscImagesFrame(bound);
     static_cast<DataSetPage &>(bound) = dataSetPage(EditorPage::Misc, "picMisc", "cmbMisc",
                                                     {includeKey(Section::Colors), includeKey(Section::MiscImages)},
                                                     {bound.colorsFrame, bound.imagesFrame});
+    bound.fields += made;
     return bound;
 }

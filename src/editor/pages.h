@@ -8,6 +8,7 @@
 #include <QList>
 
 #include <optional>
+#include <utility>
 
 class PreviewSurface;
 class QAbstractButton;
@@ -61,6 +62,9 @@ struct FileRow {
     QAbstractButton *show = nullptr;
 };
 
+/** The field controls a page made, each with its field's index in themeFields(): what the window binds. */
+using FieldWidgets = QList<std::pair<int, QWidget *>>;
+
 /** Animated element \a element's frame: its image row (show: Preview) and the surface it plays on. */
 struct ElementFrame {
     AnimatedElementId element = AnimatedElementId::Background;
@@ -73,6 +77,7 @@ struct ElementFrame {
 /** The General page and the controls the window binds beyond its field boxes. */
 struct GeneralPage {
     QWidget *panel = nullptr;
+    FieldWidgets fields;
     QComboBox *themeType = nullptr;
     QLineEdit *resourceFile = nullptr;
     QPushButton *browseResource = nullptr;
@@ -84,14 +89,16 @@ struct GeneralPage {
 /** The interface screens, each with Browse and Preview, and the display they show in. */
 struct InterfacePage {
     QWidget *panel = nullptr;
+    FieldWidgets fields;
     QGroupBox *screensFrame = nullptr;
-    QList<FileRow> screens; // by row of interfaceRows
+    RowTable<InterfaceRow, FileRow> screens{};
     PreviewSurface *display = nullptr;
 };
 
 /** A page choosing what it shows with its data-set selector: animated elements first. */
 struct DataSetPage {
     QWidget *panel = nullptr;
+    FieldWidgets fields;
     QComboBox *selector = nullptr;
     QList<ElementFrame> elements;
 };
@@ -100,18 +107,19 @@ struct DataSetPage {
 struct MiscPage : DataSetPage {
     QGroupBox *colorsFrame = nullptr;
     QGroupBox *imagesFrame = nullptr;
-    QList<QAbstractButton *> colorButtons; // by row of colorRows
+    RowTable<ColorRow, QAbstractButton *> colorButtons{};
     QList<PreviewSurface *> swatches;
-    QList<FileRow> images; // by row of miscImageRows
+    RowTable<MiscImageRow, FileRow> images{};
     PreviewSurface *display = nullptr;
 };
 
 /** The sounds with Browse and play buttons, and the music row (show: Play Music). */
 struct SoundPage {
     QWidget *panel = nullptr;
+    FieldWidgets fields;
     QGroupBox *soundsFrame = nullptr;
     QGroupBox *musicFrame = nullptr;
-    QList<FileRow> sounds; // by row of soundRows
+    RowTable<SoundRow, FileRow> sounds{};
     FileRow music;
 };
 
@@ -127,6 +135,8 @@ struct EditorPages {
     QWidget *panel(EditorPage page) const;
     /** The page's data-set selector, or nullptr (none, or not built). */
     QComboBox *selector(EditorPage page) const;
+    /** The field controls of \a page; empty while it is not built. */
+    FieldWidgets fieldWidgets(EditorPage page) const;
     /** Every row naming a file on \a page; empty while it is not built. */
     QList<FileRow> fileRows(EditorPage page) const;
     /** The animated elements' frames on \a page; empty while it is not built. */

@@ -27,7 +27,8 @@ QGroupBox *soundFrame(SoundPage &bound)
     auto *grid = new QGridLayout(box);
     compact(grid);
     constexpr int rowsPerColumn = 6;
-    for (int i = 0; i < int(soundRows.keys.size()); ++i) {
+    for (SoundRow r : rowValues<SoundRow>) {
+        const int i = rowOf(r);
         const int row = i % rowsPerColumn;
         const int column = (i / rowsPerColumn) * 5;
         QLineEdit *edit = lineEdit(soundRows.keys[i]);
@@ -35,7 +36,7 @@ QGroupBox *soundFrame(SoundPage &bound)
         grid->addWidget(edit, row, column + 1);
         const FileRow sound{soundRows.keys[i], edit, button(rowControl(soundRows.browse, i), QCoreApplication::translate("PageWidgets", "Browse")),
                             iconButton(rowControl(soundRows.show, i), "play", QCoreApplication::translate("PageWidgets", "Play Sound"))};
-        bound.sounds.append(sound);
+        bound.sounds[r] = sound;
         grid->addWidget(sound.browse, row, column + 2);
         grid->addWidget(sound.show, row, column + 3);
     }
@@ -63,6 +64,7 @@ QGroupBox *musicFrame(SoundPage &bound)
 SoundPage createSoundPage()
 {
     SoundPage bound;
+    FieldRecording recording(bound.fields);
     auto *page = new QWidget;
     bound.panel = page;
     page->setObjectName(QStringLiteral("picSound"));

@@ -27,6 +27,7 @@
 #include <QVBoxLayout>
 
 #include <cmath>
+#include <utility>
 
 namespace PageWidgets {
 
@@ -62,6 +63,29 @@ QIcon editorIcon(const char *name)
     return icon;
 }
 
+namespace {
+FieldWidgets *recording = nullptr; // the page being built; pages are built one at a time
+} // namespace
+
+FieldRecording::FieldRecording(FieldWidgets &into)
+    : m_outer(std::exchange(recording, &into))
+{
+}
+
+FieldRecording::~FieldRecording()
+{
+    recording = m_outer;
+}
+
+void nameField(QWidget *control, const char *key)
+{
+    const int field = fieldIndex(key);
+    Q_ASSERT_X(field >= 0, "nameField", key);
+    control->setObjectName(fieldControls().at(field));
+    if (recording)
+        recording->append({field, control});
+}
+
 QString fieldCaption(const char *key)
 {
     return fieldCaptionText(key);
@@ -70,7 +94,7 @@ QString fieldCaption(const char *key)
 QLineEdit *lineEdit(const char *key)
 {
     auto *edit = new QLineEdit;
-    edit->setObjectName(fieldControl(key));
+    nameField(edit, key);
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 16);
     return edit;
 }
@@ -89,7 +113,7 @@ QLineEdit *derivedBox(const char *key)
 QLineEdit *numberBox(const char *key)
 {
     auto *edit = new QLineEdit;
-    edit->setObjectName(fieldControl(key));
+    nameField(edit, key);
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 6 + 12);
     return edit;
 }
@@ -97,7 +121,7 @@ QLineEdit *numberBox(const char *key)
 QCheckBox *fieldCheckBox(const char *key)
 {
     auto *box = new QCheckBox(fieldCaption(key));
-    box->setObjectName(fieldControl(key));
+    nameField(box, key);
     return box;
 }
 
@@ -170,6 +194,7 @@ DataSetPage dataSetPage(EditorPage page, const char *panelName, const char *sele
                         QWidget *side)
 {
     DataSetPage built;
+    FieldRecording recording(built.fields);
     auto *panel = new QWidget;
     built.panel = panel;
     panel->setObjectName(QLatin1StringView(panelName));
@@ -335,6 +360,19 @@ QGroupBox *EditorPages::sectionFrame(Section section) const
     }
 }
 
+FieldWidgets EditorPages::fieldWidgets(EditorPage page) const
+{
+    switch (page) {
+    case EditorPage::General: return general.fields;
+    case EditorPage::Interface: return iface.fields;
+    case EditorPage::Background: return background.fields;
+    case EditorPage::Blocks: return blocks.fields;
+    case EditorPage::Misc: return misc.fields;
+    case EditorPage::Sounds: return sounds.fields;
+    }
+    return {};
+}
+
 QList<FileRow> EditorPages::fileRows(EditorPage page) const
 {
     QList<FileRow> rows;
@@ -345,12 +383,17 @@ QList<FileRow> EditorPages::fileRows(EditorPage page) const
         if (general.panel)
             rows << general.skin << FileRow{FieldKey::resourceFile, general.resourceFile, general.browseResource};
         break;
-    case EditorPage::Interface: rows += iface.screens; break;
-    case EditorPage::Misc: rows += misc.images; break;
+    case EditorPage::Interface:
+        if (iface.panel)
+            rows.append(QList<FileRow>(iface.screens.begin(), iface.screens.end()));
+        break;
+    case EditorPage::Misc:
+        if (misc.panel)
+            rows.append(QList<FileRow>(misc.images.begin(), misc.images.end()));
+        break;
     case EditorPage::Sounds:
-        rows += sounds.sounds;
         if (sounds.panel)
-            rows << sounds.music;
+            rows << QList<FileRow>(sounds.sounds.begin(), sounds.sounds.end()) << sounds.music;
         break;
     default: break;
     }

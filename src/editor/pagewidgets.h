@@ -29,6 +29,22 @@ class QWidget;
  */
 namespace PageWidgets {
 
+/** While it lives, the field controls made by nameField (and the makers below) are kept in \a into. */
+class FieldRecording
+{
+public:
+    explicit FieldRecording(FieldWidgets &into);
+    ~FieldRecording();
+    FieldRecording(const FieldRecording &) = delete;
+    FieldRecording &operator=(const FieldRecording &) = delete;
+
+private:
+    FieldWidgets *m_outer;
+};
+
+/** Gives \a control field \a key's control name and keeps it in the page being recorded. */
+void nameField(QWidget *control, const char *key);
+
 /** The caption of document field \a key ("bgframecount" -> "Number of frames:"). */
 QString fieldCaption(const char *key);
 

@@ -261,7 +261,7 @@ void PreviewBinding::bindPage(EditorPage page)
     }
     // The displays sit beside the buttons that fill them, so they exist by the time a picture comes.
     if (page == EditorPage::Interface) {
-        for (int row = 0; row < int(pages.iface.screens.size()); ++row) {
+        for (InterfaceRow row : rowValues<InterfaceRow>) {
             connect(pages.iface.screens[row].show, &QAbstractButton::clicked, this, [this, row] {
                 m_dialogs.show(m_stills.showInterfaceScreenPreview(row));
                 showTrouble({});
@@ -273,7 +273,7 @@ void PreviewBinding::bindPage(EditorPage page)
         makeZoomable(pages.iface.display, StillWindow::InterfaceScreen);
     }
     if (page == EditorPage::Misc) {
-        for (int row = 0; row < int(pages.misc.images.size()); ++row) {
+        for (MiscImageRow row : rowValues<MiscImageRow>) {
             connect(pages.misc.images[row].show, &QAbstractButton::clicked, this, [this, row] {
                 const QString file = stillFile(miscImageKeys[row]);
                 // The display then keeps the last picture loaded: say that this one is not it.
@@ -284,7 +284,7 @@ void PreviewBinding::bindPage(EditorPage page)
                 watchShownFiles();
             });
         }
-        for (int row = 0; row < int(pages.misc.colorButtons.size()); ++row) {
+        for (ColorRow row : rowValues<ColorRow>) {
             connect(pages.misc.colorButtons[row], &QAbstractButton::clicked, this,
                     [this, row] { chooseThemeColor(m_doc, m_dialogs, row); });
         }

@@ -82,8 +82,8 @@ private:
     StillPreviews m_stills;
     std::unique_ptr<LoadProgress> m_progress;
     FileWatch m_watch;
-    std::optional<int> m_interfaceRow; // the still previews' rows shown last, if any since the theme opened
-    std::optional<int> m_miscRow;
+    std::optional<InterfaceRow> m_interfaceRow; // the still previews' rows shown last, if any since the theme opened
+    std::optional<MiscImageRow> m_miscRow;
     ElementTable<QPointer<PreviewWindow>> m_elementWindows;
     EnumArray<StillWindow, QPointer<PreviewWindow>, 2> m_stillWindows;
     QHash<QObject *, PreviewTarget> m_zoomable; // preview displays, with what they open

@@ -18,7 +18,7 @@ StillPreviews::StillPreviews(ThemeDocument &doc, LoadingSurface &loading, QObjec
 {
 }
 
-Report StillPreviews::showInterfaceScreenPreview(int row)
+Report StillPreviews::showInterfaceScreenPreview(InterfaceRow row)
 {
     Report report;
     const QString path = themeFilePath(m_doc.packageFolder(), m_doc.value(QString::fromLatin1(interfaceRowKeys[row])));
@@ -32,7 +32,7 @@ Report StillPreviews::showInterfaceScreenPreview(int row)
     return report;
 }
 
-void StillPreviews::showMiscImagePreview(int row)
+void StillPreviews::showMiscImagePreview(MiscImageRow row)
 {
     m_loading.load(themeFilePath(m_doc.packageFolder(), m_doc.value(QString::fromLatin1(miscImageKeys[row]))));
     m_miscPicture = m_loading.picture();

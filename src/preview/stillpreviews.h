@@ -9,7 +9,9 @@
 #include <QObject>
 #include <QSize>
 
+enum class InterfaceRow;
 class LoadingSurface;
+enum class MiscImageRow;
 class ThemeDocument;
 
 /**
@@ -28,16 +30,16 @@ public:
     StillPreviews(ThemeDocument &doc, LoadingSurface &loading, QObject *parent = nullptr);
 
     /**
-     * Shows interface screen \a row (0-9). An empty path empties the display; a file that
+     * Shows interface screen \a row. An empty path empties the display; a file that
      * cannot be loaded is reported and the display keeps its picture.
      */
-    Report showInterfaceScreenPreview(int row);
+    Report showInterfaceScreenPreview(InterfaceRow row);
 
     /**
-     * Shows miscellaneous image \a row (0-7). A file that cannot be loaded shows, without a
+     * Shows miscellaneous image \a row. A file that cannot be loaded shows, without a
      * message, the last image any preview loaded.
      */
-    void showMiscImagePreview(int row);
+    void showMiscImagePreview(MiscImageRow row);
 
     /** Empties both displays: another theme is open. */
     void clear();

@@ -3,11 +3,15 @@
 
 #pragma once
 
+#include "common/enumarray.h"
+
 #include <QString>
 #include <QAnyStringView>
 
 #include <array>
+#include <optional>
 #include <span>
+#include <string_view>
 
 /** How a field's value is held and written. */
 enum class FieldKind {
@@ -58,6 +62,49 @@ struct FieldSpec {
     const char *describe = nullptr; // its description line while its section is included
 };
 
+/** The rows of the pages' row lists, in page order: each names the field its row edits (FieldSpec::pageRow). */
+enum class InterfaceRow { Main, Options, Themes, Server, Chat, Connect, HighScore, Misc, Menu, Internet };
+enum class MiscImageRow { DoorLeft, DoorRight, InternetDoor, WinGame, InternetWinGame, HeightLed, Warning, TeamFont };
+enum class SoundRow { Rotate, Drop, StartGame, Lose, Win, LineClear, Tetris, Explosion, Chat, Click, Shield };
+enum class ColorRow { Title, Fields, Options, Theme, Server, Connect, Internet, HighScoreTitle, HighScoreNormal,
+                      HighScoreFirst, HighScoreSecond, HighScoreThird };
+
+/** The number of rows of row kind \a Row. */
+template <typename Row>
+inline constexpr std::size_t rowCount = 0;
+template <>
+inline constexpr std::size_t rowCount<InterfaceRow> = enumIndex(InterfaceRow::Internet) + 1;
+template <>
+inline constexpr std::size_t rowCount<MiscImageRow> = enumIndex(MiscImageRow::TeamFont) + 1;
+template <>
+inline constexpr std::size_t rowCount<SoundRow> = enumIndex(SoundRow::Shield) + 1;
+template <>
+inline constexpr std::size_t rowCount<ColorRow> = enumIndex(ColorRow::HighScoreThird) + 1;
+
+/** A table with one entry per row of kind \a Row, read by the row. */
+template <typename Row, typename T>
+using RowTable = EnumArray<Row, T, rowCount<Row>>;
+
+/** Every row of kind \a Row, in page order. */
+template <typename Row>
+inline constexpr auto rowValues = enumValues<Row, rowCount<Row>>();
+
+/** The row at page position \a index (a combo index, a restored number), or nullopt outside the list. */
+template <typename Row>
+constexpr std::optional<Row> rowFromIndex(qsizetype index)
+{
+    if (index < 0 || std::size_t(index) >= rowCount<Row>)
+        return std::nullopt;
+    return static_cast<Row>(index);
+}
+
+/** A row's page position as FieldSpec::pageRow holds it. */
+template <typename Row>
+constexpr int rowOf(Row row)
+{
+    return int(enumIndex(row));
+}
+
 /** The keys the program names by hand (the header's, and a few with rules of their own), spelled once. */
 namespace FieldKey {
 inline constexpr char name[] = "name";
@@ -102,25 +149,25 @@ inline constexpr FieldSpec rows[] = {
     {.key = "includeinterface", .section = Interface, .kind = Switch, .defaultValue = "0",
      .caption = QT_TRANSLATE_NOOP("FieldCaption", "Include Interface in Theme"), .control = "chkIface", .role = Include},
     {.key = "ifacemain", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Main/Fields Screen:"), .control = "txtIMain",
-     .rule = IfNotEmpty, .role = Row, .pageRow = 0},
+     .rule = IfNotEmpty, .role = Row, .pageRow = rowOf(InterfaceRow::Main)},
     {.key = "ifaceoptions", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Options Screen:"), .control = "txtIOptions",
-     .rule = IfNotEmpty, .role = Row, .pageRow = 1},
+     .rule = IfNotEmpty, .role = Row, .pageRow = rowOf(InterfaceRow::Options)},
     {.key = "ifacechat", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Chat Screen:"), .control = "txtIChat", .rule = IfNotEmpty,
-     .role = Row, .pageRow = 4},
+     .role = Row, .pageRow = rowOf(InterfaceRow::Chat)},
     {.key = "ifaceconnect", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Client Connect Screen:"), .control = "txtIClient",
-     .rule = IfNotEmpty, .role = Row, .pageRow = 5},
+     .rule = IfNotEmpty, .role = Row, .pageRow = rowOf(InterfaceRow::Connect)},
     {.key = "ifaceserver", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Server Screen:"), .control = "txtIServer",
-     .rule = IfNotEmpty, .role = Row, .pageRow = 3},
+     .rule = IfNotEmpty, .role = Row, .pageRow = rowOf(InterfaceRow::Server)},
     {.key = "ifacethemes", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Theme Previewer Screen:"), .control = "txtITheme",
-     .rule = IfNotEmpty, .role = Row, .pageRow = 2},
+     .rule = IfNotEmpty, .role = Row, .pageRow = rowOf(InterfaceRow::Themes)},
     {.key = "ifacemisc", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Miscellaneous Screen:"), .control = "txtIMisc",
-     .rule = IfNotEmpty, .role = Row, .pageRow = 7},
+     .rule = IfNotEmpty, .role = Row, .pageRow = rowOf(InterfaceRow::Misc)},
     {.key = "ifacehighscore", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "High Score Screen:"), .control = "txtIHighScore",
-     .rule = IfNotEmpty, .role = Row, .pageRow = 6},
+     .rule = IfNotEmpty, .role = Row, .pageRow = rowOf(InterfaceRow::HighScore)},
     {.key = "ifaceinet", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Internet Field Screen:"), .control = "txtIInternet",
-     .rule = IfNotEmpty, .role = Row, .readRank = 1, .pageRow = 9},
+     .rule = IfNotEmpty, .role = Row, .readRank = 1, .pageRow = rowOf(InterfaceRow::Internet)},
     {.key = "ifacemenu", .section = Interface, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Menu Graphics:"), .control = "txtIMenu", .rule = IfNotEmpty,
-     .role = Row, .pageRow = 8},
+     .role = Row, .pageRow = rowOf(InterfaceRow::Menu)},
     {.key = FieldKey::menuTransparent, .section = Interface, .kind = Switch, .defaultValue = "0",
      .caption = QT_TRANSLATE_NOOP("FieldCaption", "Enable Menu Graphic Transparency"), .control = "chkIMenuTransparent", .rule = AfterPrevious},
 
@@ -268,79 +315,79 @@ inline constexpr FieldSpec rows[] = {
 
     {.key = "includecolors", .section = Colors, .kind = Switch, .defaultValue = "0",
      .caption = QT_TRANSLATE_NOOP("FieldCaption", "Include Colors in Theme"), .control = "chkColor", .role = Include},
-    {.key = "colortitle", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Title Bar Color:"), .rule = Color, .role = Row, .pageRow = 0},
+    {.key = "colortitle", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Title Bar Color:"), .rule = Color, .role = Row, .pageRow = rowOf(ColorRow::Title)},
     {.key = "colorfields", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Fields Screen Color:"), .rule = Color, .role = Row,
-     .pageRow = 1},
+     .pageRow = rowOf(ColorRow::Fields)},
     {.key = "coloroptions", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Options Screen Color:"), .rule = Color, .role = Row,
-     .pageRow = 2},
+     .pageRow = rowOf(ColorRow::Options)},
     {.key = "colortheme", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Theme Screen Color:"), .rule = Color, .role = Row,
-     .pageRow = 3},
+     .pageRow = rowOf(ColorRow::Theme)},
     {.key = "colorserver", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Server Screen Color:"), .rule = Color, .role = Row,
-     .pageRow = 4},
+     .pageRow = rowOf(ColorRow::Server)},
     {.key = "colorconnect", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Client Connect Screen Color:"), .rule = Color, .role = Row,
-     .pageRow = 5},
+     .pageRow = rowOf(ColorRow::Connect)},
     {.key = "colorinternet", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Internet Screen Color:"), .rule = Color, .role = Row,
-     .pageRow = 6},
+     .pageRow = rowOf(ColorRow::Internet)},
     {.key = "colorhighscoretitle", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "High Score Title Color:"), .rule = Color,
-     .role = Row, .readRank = 2, .pageRow = 7},
+     .role = Row, .readRank = 2, .pageRow = rowOf(ColorRow::HighScoreTitle)},
     {.key = "colorhighscorenormal", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "High Score Normal Color:"), .rule = Color,
-     .role = Row, .readRank = 1, .pageRow = 8},
+     .role = Row, .readRank = 1, .pageRow = rowOf(ColorRow::HighScoreNormal)},
     {.key = "colorhighscorefirst", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "High Score First Place Color:"), .rule = Color,
-     .role = Row, .pageRow = 9},
+     .role = Row, .pageRow = rowOf(ColorRow::HighScoreFirst)},
     {.key = "colorhighscoresecond", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "High Score Second Place Color:"), .rule = Color,
-     .role = Row, .pageRow = 10},
+     .role = Row, .pageRow = rowOf(ColorRow::HighScoreSecond)},
     {.key = "colorhighscorethird", .section = Colors, .caption = QT_TRANSLATE_NOOP("FieldCaption", "High Score Third Place Color:"), .rule = Color,
-     .role = Row, .pageRow = 11},
+     .role = Row, .pageRow = rowOf(ColorRow::HighScoreThird)},
 
     {.key = "includemiscimages", .section = MiscImages, .kind = Switch, .defaultValue = "0",
      .caption = QT_TRANSLATE_NOOP("FieldCaption", "Include Misc. Images in Theme"), .control = "chkMImg", .role = Include},
     {.key = "door1", .section = MiscImages, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Door Image Left:"), .rule = IfNotEmpty, .role = Row,
-     .readRank = 1, .pageRow = 0},
+     .readRank = 1, .pageRow = rowOf(MiscImageRow::DoorLeft)},
     {.key = "door2", .section = MiscImages, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Door Image Right:"), .rule = IfNotEmpty, .role = Row,
-     .readRank = 1, .pageRow = 1, .describe = "//Game Door: "},
+     .readRank = 1, .pageRow = rowOf(MiscImageRow::DoorRight), .describe = "//Game Door: "},
     {.key = "internetdoor", .section = MiscImages, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Internet Door Image:"), .rule = IfNotEmpty, .role = Row,
-     .readRank = 1, .pageRow = 2, .describe = "//Internet Door: "},
+     .readRank = 1, .pageRow = rowOf(MiscImageRow::InternetDoor), .describe = "//Internet Door: "},
     {.key = "winimg", .section = MiscImages, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Win Game Image:"), .rule = IfNotEmpty, .role = Row,
-     .readRank = 2, .pageRow = 3, .describe = "//Win Game Image: "},
+     .readRank = 2, .pageRow = rowOf(MiscImageRow::WinGame), .describe = "//Win Game Image: "},
     {.key = FieldKey::winTransparent, .section = MiscImages, .kind = Switch, .defaultValue = "0",
      .caption = QT_TRANSLATE_NOOP("FieldCaption", "Win Game Image Transparent"), .control = "chkWinTrans", .rule = AfterPrevious, .readRank = 2},
     {.key = "inetwinimg", .section = MiscImages, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Internet Win Game Image:"), .rule = IfNotEmpty,
-     .role = Row, .readRank = 2, .pageRow = 4, .describe = "//Internet Win Game Image: "},
+     .role = Row, .readRank = 2, .pageRow = rowOf(MiscImageRow::InternetWinGame), .describe = "//Internet Win Game Image: "},
     {.key = FieldKey::inetWinTransparent, .section = MiscImages, .kind = Switch, .defaultValue = "0",
      .caption = QT_TRANSLATE_NOOP("FieldCaption", "Internet Win Game Image Transparent"), .control = "chkWinInetTrans", .rule = AfterPrevious,
      .readRank = 2},
     {.key = "heightled", .section = MiscImages, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Height Led Image:"), .rule = IfNotEmpty, .role = Row,
-     .pageRow = 5, .describe = "//Height Led: "},
+     .pageRow = rowOf(MiscImageRow::HeightLed), .describe = "//Height Led: "},
     {.key = "warning", .section = MiscImages, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Warning Image:"), .rule = IfNotEmpty, .role = Row,
-     .readRank = 1, .pageRow = 6, .describe = "//Warning Image: "},
+     .readRank = 1, .pageRow = rowOf(MiscImageRow::Warning), .describe = "//Warning Image: "},
     {.key = "teamfont", .section = MiscImages, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Team Font Image:"), .rule = IfNotEmpty, .role = Row,
-     .readRank = 1, .pageRow = 7, .describe = "//Team Font: "},
+     .readRank = 1, .pageRow = rowOf(MiscImageRow::TeamFont), .describe = "//Team Font: "},
 
     {.key = "includesounds", .section = Sounds, .kind = Switch, .defaultValue = "0",
      .caption = QT_TRANSLATE_NOOP("FieldCaption", "Include Sounds in Theme"), .control = "chkSounds", .role = Include},
     {.key = "startgame", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Start Game:"), .control = "txtStart", .rule = IfNotEmpty,
-     .role = Row, .pageRow = 2},
+     .role = Row, .pageRow = rowOf(SoundRow::StartGame)},
     {.key = "rotate", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Rotate Block:"), .control = "txtRotate", .rule = IfNotEmpty,
-     .role = Row, .pageRow = 0},
+     .role = Row, .pageRow = rowOf(SoundRow::Rotate)},
     {.key = "drop", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Drop Block:"), .control = "txtDrop", .rule = IfNotEmpty,
-     .role = Row, .pageRow = 1},
+     .role = Row, .pageRow = rowOf(SoundRow::Drop)},
     {.key = "lineclear", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Make Line:"), .control = "txtLine", .rule = IfNotEmpty,
-     .role = Row, .pageRow = 5},
+     .role = Row, .pageRow = rowOf(SoundRow::LineClear)},
     {.key = "tetris", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Tetris:"), .control = "txtTetrisSound", .rule = IfNotEmpty,
-     .role = Row, .readRank = 1, .pageRow = 6},
+     .role = Row, .readRank = 1, .pageRow = rowOf(SoundRow::Tetris)},
     {.key = "explode", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Explosion:"), .control = "txtExplosionSound", .rule = IfNotEmpty,
-     .role = Row, .pageRow = 7},
+     .role = Row, .pageRow = rowOf(SoundRow::Explosion)},
     {.key = "win", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Win Game:"), .control = "txtWinGame", .rule = IfNotEmpty,
-     .role = Row, .readRank = 1, .pageRow = 4},
+     .role = Row, .readRank = 1, .pageRow = rowOf(SoundRow::Win)},
     {.key = "lose", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Lose Game:"), .control = "txtLose", .rule = IfNotEmpty, .role = Row,
-     .readRank = 1, .pageRow = 3},
+     .readRank = 1, .pageRow = rowOf(SoundRow::Lose)},
     {.key = "chat", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Chat Message:"), .control = "txtChatSound", .rule = IfNotEmpty,
-     .role = Row, .readRank = 1, .pageRow = 8},
+     .role = Row, .readRank = 1, .pageRow = rowOf(SoundRow::Chat)},
     {.key = "click", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Menu Click:"), .control = "txtClick", .rule = IfNotEmpty,
-     .role = Row, .readRank = 1, .pageRow = 9},
+     .role = Row, .readRank = 1, .pageRow = rowOf(SoundRow::Click)},
     // A new theme inherits no sound, so the reset clears the shield sound too.
     {.key = "holyshield", .section = Sounds, .caption = QT_TRANSLATE_NOOP("FieldCaption", "Shield:"), .control = "txtShieldSound", .rule = IfNotEmpty,
-     .role = Row, .readRank = 1, .pageRow = 10},
+     .role = Row, .readRank = 1, .pageRow = rowOf(SoundRow::Shield)},
 
     {.key = "includemusic", .section = Music, .kind = Switch, .defaultValue = "0",
      .caption = QT_TRANSLATE_NOOP("FieldCaption", "Include Music in Theme"), .control = "chkMusic", .role = Include},
@@ -381,30 +428,51 @@ constexpr const char *includeKey(Section section)
     return fieldWithRole(section, FieldRole::Include);
 }
 
-/** The row list of \a section's page: its FieldRole::Row keys by pageRow. */
-template <Section section, size_t count>
-constexpr std::array<const char *, count> pageRowKeys()
+/** The row list of \a section's page: its FieldRole::Row keys, each at the row its pageRow names. */
+template <Section section, typename Row>
+constexpr RowTable<Row, const char *> pageRowKeys()
 {
-    std::array<const char *, count> keys{};
-    size_t rows = 0;
+    RowTable<Row, const char *> keys{};
+    std::size_t rows = 0;
     for (const FieldSpec &f : fieldtable::rows) {
         if (f.section == section && f.role == FieldRole::Row) {
-            if (size_t(f.pageRow) >= count || keys[f.pageRow])
+            const std::optional<Row> row = rowFromIndex<Row>(f.pageRow);
+            if (!row || keys[*row])
                 throw "a page row is out of range or taken twice"; // stops the constant evaluation
-            keys[f.pageRow] = f.key;
+            keys[*row] = f.key;
             ++rows;
         }
     }
-    if (rows != count)
+    if (rows != keys.size())
         throw "a page row list has a gap";
     return keys;
 }
 
-/** The twelve colour keys, by swatch index. */
-inline constexpr auto colorKeys = pageRowKeys<Section::Colors, 12>();
-/** The eight miscellaneous image keys, by row index. */
-inline constexpr auto miscImageKeys = pageRowKeys<Section::MiscImages, 8>();
-/** The ten interface screen keys, by preview/browse row index (not the document order). */
-inline constexpr auto interfaceRowKeys = pageRowKeys<Section::Interface, 10>();
-/** The eleven sound keys, by play/browse row index (not the document order). */
-inline constexpr auto soundRowKeys = pageRowKeys<Section::Sounds, 11>();
+/** Whether row i of \a keys names the field of \a section whose page row is i. */
+template <Section section, typename Row>
+constexpr bool rowsNameTheirKeys(const RowTable<Row, const char *> &keys)
+{
+    for (Row row : rowValues<Row>) {
+        bool found = false;
+        for (const FieldSpec &f : fieldtable::rows) {
+            if (keys[row] && std::string_view(f.key) == keys[row])
+                found = f.section == section && f.role == FieldRole::Row && f.pageRow == rowOf(row);
+        }
+        if (!found)
+            return false;
+    }
+    return true;
+}
+
+/** The twelve colour keys, by swatch. */
+inline constexpr auto colorKeys = pageRowKeys<Section::Colors, ColorRow>();
+static_assert(rowsNameTheirKeys<Section::Colors>(colorKeys));
+/** The eight miscellaneous image keys, by row. */
+inline constexpr auto miscImageKeys = pageRowKeys<Section::MiscImages, MiscImageRow>();
+static_assert(rowsNameTheirKeys<Section::MiscImages>(miscImageKeys));
+/** The ten interface screen keys, by preview/browse row (not the document order). */
+inline constexpr auto interfaceRowKeys = pageRowKeys<Section::Interface, InterfaceRow>();
+static_assert(rowsNameTheirKeys<Section::Interface>(interfaceRowKeys));
+/** The eleven sound keys, by play/browse row (not the document order). */
+inline constexpr auto soundRowKeys = pageRowKeys<Section::Sounds, SoundRow>();
+static_assert(rowsNameTheirKeys<Section::Sounds>(soundRowKeys));

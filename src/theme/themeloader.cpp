@@ -147,8 +147,8 @@ public:
         for (Section id : bothTypesSections)
             section(id);
 
-        for (int i = 0; i < int(std::size(colorKeys)); ++i)
-            m_doc.setSwatch(i, textToColor(m_doc.value(QLatin1StringView(colorKeys[i]))));
+        for (ColorRow row : rowValues<ColorRow>)
+            m_doc.setSwatch(rowOf(row), textToColor(m_doc.value(QLatin1StringView(colorKeys[row]))));
 
         // Not a key: the lines the writer put above the section.
         QFile file(m_path);

@@ -27,6 +27,14 @@ namespace {
 using Browse = std::function<bool(ThemeDocument &, Dialogs &)>;
 using RowBrowse = bool (*)(ThemeDocument &, Dialogs &, int);
 
+// A row's Browse reached from a number, as a combo index or a restored value reaches it.
+template <typename Row, bool (*browse)(ThemeDocument &, Dialogs &, Row)>
+bool browseRowAt(ThemeDocument &doc, Dialogs &dialogs, int index)
+{
+    const std::optional<Row> row = rowFromIndex<Row>(index);
+    return row && browse(doc, dialogs, *row);
+}
+
 // One Browse button: the field it fills, what it runs, the filter its dialog shows and, for an
 // animated element, the element whose frame root and extension it fills too.
 struct BrowseButton {
@@ -49,10 +57,10 @@ QList<BrowseButton> packageBrowseButtons()
         const auto browse = [i](ThemeDocument &d, Dialogs &g) { return browseAnimatedImage(d, g, i); };
         buttons.append({QString::fromLatin1(e.imageField), browse, imageFilter, &e});
     }
-    addRows(interfaceRowKeys, browseInterfaceImage, imageFilter);
-    addRows(miscImageKeys, browseMiscImage, imageFilter);
+    addRows(interfaceRowKeys.rows, browseRowAt<InterfaceRow, browseInterfaceImage>, imageFilter);
+    addRows(miscImageKeys.rows, browseRowAt<MiscImageRow, browseMiscImage>, imageFilter);
     buttons.append({QStringLiteral("skinfile"), browseSkinFile, imageFilter});
-    addRows(soundRowKeys, browseSound, soundFilter);
+    addRows(soundRowKeys.rows, browseRowAt<SoundRow, browseSound>, soundFilter);
     buttons.append({QStringLiteral("midi"), browseMusic, musicFilter});
     return buttons;
 }
@@ -268,8 +276,8 @@ private slots:
     {
         QFETCH(int, kind);
         QFETCH(int, row);
-        using RowBrowse = bool (*)(ThemeDocument &, Dialogs &, int);
-        const RowBrowse browse[] = {browseInterfaceImage, browseMiscImage, browseSound};
+        const RowBrowse browse[] = {browseRowAt<InterfaceRow, browseInterfaceImage>, browseRowAt<MiscImageRow, browseMiscImage>,
+                                    browseRowAt<SoundRow, browseSound>};
         ThemeDocument doc;
         const QStringList before = allValues(doc);
         ScriptedDialogs dialogs;
@@ -367,13 +375,14 @@ private slots:
         doc.resetTheme();
         doc.setDirty(false);
         ScriptedDialogs dialogs;
-        const QString key = QString::fromLatin1(colorKeys[row]);
+        const ColorRow colorRow = *rowFromIndex<ColorRow>(row);
+        const QString key = QString::fromLatin1(colorKeys[colorRow]);
         const QString before = doc.value(key);
         const bool chosen = color >= 0;
         if (chosen)
             dialogs.colors.enqueue(quint32(color));
 
-        chooseThemeColor(doc, dialogs, row);
+        chooseThemeColor(doc, dialogs, colorRow);
 
         QCOMPARE(dialogs.colorRequests, 1);
         QCOMPARE(doc.swatch(row), chosen ? std::optional<quint32>(color) : std::nullopt);

@@ -606,13 +606,13 @@ private slots:
         writeFrame(path("menu.bmp"), frameColor(3), {640, 480});
         m_doc->setText(u"ifacemenu", path("menu.bmp"));
         StillPreviews stills(*m_doc, *m_loading);
-        QVERIFY(stills.showInterfaceScreenPreview(8).isEmpty());
+        QVERIFY(stills.showInterfaceScreenPreview(InterfaceRow::Menu).isEmpty());
 
         const QString folder = inPackage ? path("pack") + u'/' : QString();
         m_doc->setPackageFolder(folder, QString());
         m_doc->setText(key, inPackage || text.isEmpty() ? text : path(text));
         QSignalSpy spy(&stills, &StillPreviews::interfacePictureChanged);
-        const Report report = stills.showInterfaceScreenPreview(row);
+        const Report report = stills.showInterfaceScreenPreview(*rowFromIndex<InterfaceRow>(row));
 
         const bool failed = shown == 3;
         const QString error = "Error: Unable to load image: " + folder + m_doc->value(key);
@@ -633,7 +633,7 @@ private slots:
     {
         StillPreviews stills(*m_doc, *m_loading);
         m_doc->setText(u"door1", QString());
-        stills.showMiscImagePreview(0);
+        stills.showMiscImagePreview(MiscImageRow::DoorLeft);
         QVERIFY(stills.miscPicture().isNull());
 
         // The frame previews load through the same surface.
@@ -643,14 +643,14 @@ private slots:
         QVERIFY(m_report.isEmpty());
         m_doc->setText(u"warning", path("warning.bmp"));
         QSignalSpy spy(&stills, &StillPreviews::miscPictureChanged);
-        stills.showMiscImagePreview(6);
+        stills.showMiscImagePreview(MiscImageRow::Warning);
         QCOMPARE(spy.size(), 1);
         QCOMPARE(frameOfPixel(stills.miscPicture().pixel(0, 0)), 2);
 
         writeFrame(path("door.bmp"), frameColor(6), {8, 8});
         m_doc->setText(u"door2", path("door.bmp"));
-        stills.showMiscImagePreview(1);
-        stills.showMiscImagePreview(0);
+        stills.showMiscImagePreview(MiscImageRow::DoorRight);
+        stills.showMiscImagePreview(MiscImageRow::DoorLeft);
         QCOMPARE(frameOfPixel(stills.miscPicture().pixel(0, 0)), 6);
     }
 
