@@ -111,7 +111,7 @@ private slots:
         QTest::newRow("music") << "cmdBrowseMusic" << "/snd/m.ogg" << "midi" << "/snd/m.ogg";
         QTest::newRow("art folder, from the menu") << "mnuArtFolder" << "/art" << "resourcefile" << "art.zip";
         // The colour dialog answers 0xBBGGRR (here 0x030201); the text says red, green, blue.
-        QTest::newRow("colour row 5") << "cmdBrowseColor(5)" << "197121" << QString::fromLatin1(colorKeys[5]) << "1,2,3";
+        QTest::newRow("colour row 5") << "cmdBrowseColor(5)" << "197121" << QString::fromLatin1(colorKeys[ColorRow(5)]) << "1,2,3";
     }
 
     void browseButtonsFillTheirFields()
