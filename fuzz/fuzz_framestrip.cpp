@@ -16,6 +16,7 @@
 
 #include "theme/animatedelement.h"
 #include "theme/themedocument.h"
+#include "preview/elementpreview.h"
 #include "preview/framepreviews.h"
 #include "preview/loadingsurface.h"
 
@@ -120,11 +121,12 @@ void checkTail(const QImage &strip, const AnimatedElement &e)
 /** The surface shows \a slot's frame from the strip, black around it. */
 void checkSurface(const QImage &surface, const QImage &strip, const AnimatedElement &e, qint64 slot)
 {
-    require(surface.size() == e.surfaceSize && surface.format() == QImage::Format_RGB888,
+    const QSize area = elementPreviews[e.id].surfaceSize;
+    require(surface.size() == area && surface.format() == QImage::Format_RGB888,
             QStringLiteral("the preview surface has the wrong size or format"));
-    const int width = std::min({e.frame.width(), strip.width(), e.surfaceSize.width()});
-    const qsizetype bytes = qsizetype(e.surfaceSize.width()) * 3;
-    for (int y = 0; y < e.surfaceSize.height(); ++y) {
+    const int width = std::min({e.frame.width(), strip.width(), area.width()});
+    const qsizetype bytes = qsizetype(area.width()) * 3;
+    for (int y = 0; y < area.height(); ++y) {
         const int from = y < e.frame.height() ? int(slot) * e.frame.height() + y : -1;
         require(rowOf(surface, y, surface.width(), bytes) == rowOf(strip, from, width, bytes),
                 QStringLiteral("surface row %1 does not show slot %2").arg(y).arg(slot));
