@@ -14,7 +14,8 @@ namespace {
 
 const QString languageOption = QStringLiteral("--lang");
 
-bool holdsCatalogs(const QString &folder)
+// Unused where neither an installed nor a built folder is known (the fuzz build).
+[[maybe_unused]] bool holdsCatalogs(const QString &folder)
 {
     return !folder.isEmpty() && !QDir(folder).entryList({QStringLiteral("stakko-core_*.qm")}, QDir::Files).isEmpty();
 }
