@@ -488,26 +488,6 @@ Sie unter ihren eigenen Namen im Paket ablegen und die Felder auf diese Namen ä
         <source>Internet Background</source>
         <translation>Internet-Hintergrund</translation>
     </message>
-    <message>
-        <source>Game Blocks</source>
-        <translation>Spielblöcke</translation>
-    </message>
-    <message>
-        <source>Next Block Window</source>
-        <translation>Fenster „Nächster Block“</translation>
-    </message>
-    <message>
-        <source>Special Window</source>
-        <translation>Spezialfenster</translation>
-    </message>
-    <message>
-        <source>Explosion</source>
-        <translation>Explosion</translation>
-    </message>
-    <message>
-        <source>Block Bomb</source>
-        <translation>Blockbombe</translation>
-    </message>
 </context>
 <context>
     <name>ManualBrowser</name>

@@ -21,6 +21,7 @@
 #include "editor/pagewidgets.h"
 #include "editor/previewsurface.h"
 #include "editor/problemspanel.h"
+#include "preview/elementpreview.h"
 #include "preview/ticktimer.h"
 
 #include <QAbstractButton>
@@ -107,7 +108,8 @@ constexpr SectionFrame sectionFrames[] = {
 struct DataSet {
     std::variant<AnimatedElementId, Section> shows;
     const char *includeKey;
-    const char *caption;
+    const char *name; // in the source's words
+    QString shown;    // in the author's language
 };
 
 // A choice shows its frame and include box, hides the other sets' and stops their animations.
@@ -115,12 +117,15 @@ QList<DataSet> dataSetsOf(EditorPage page)
 {
     QList<DataSet> sets;
     for (AnimatedElementId i : animatedElementIds) {
-        if (elementPages[i].page == page)
-            sets.append({i, animatedElements[i].includeField, elementPages[i].dataSet});
+        if (elementPages[i].page != page)
+            continue;
+        const char *own = elementPages[i].dataSet;
+        sets.append({i, animatedElements[i].includeField, own ? own : elementPreviews[i].caption,
+                     own ? MainWindow::tr(own) : elementCaption(i)});
     }
     for (const SectionFrame &section : sectionFrames) {
         if (section.dataSet && section.page == page)
-            sets.append({section.section, includeKey(section.section), section.dataSet});
+            sets.append({section.section, includeKey(section.section), section.dataSet, MainWindow::tr(section.dataSet)});
     }
     return sets;
 }
@@ -652,7 +657,7 @@ void MainWindow::fillSelector(QComboBox *combo, Page page)
 {
     for (const DataSet &set : dataSetsOf(page))
         // The data: the set's name in the source's words, for file names that stay put in every language.
-        combo->addItem(tr(set.caption), QString::fromLatin1(set.caption));
+        combo->addItem(set.shown, QString::fromLatin1(set.name));
     combo->setCurrentIndex(m_dataSetChoice[page]);
 }
 

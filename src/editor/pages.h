@@ -38,7 +38,7 @@ constexpr std::optional<EditorPage> editorPageAt(int index)
 struct ElementPage {
     AnimatedElementId id;
     EditorPage page;
-    const char *dataSet;     // "Internet Background"
+    const char *dataSet;     // "Internet Background"; nullptr: the element's caption
     EditorPage alsoTicksOn;  // showing this page leaves its tick running too
 };
 
@@ -46,11 +46,11 @@ inline constexpr ElementTable<ElementPage> elementPages{{
     {AnimatedElementId::Background, EditorPage::Background, QT_TRANSLATE_NOOP("MainWindow", "Background"), EditorPage::Background},
     // The Blocks page leaves it playing.
     {AnimatedElementId::InternetBackground, EditorPage::Background, QT_TRANSLATE_NOOP("MainWindow", "Internet Background"), EditorPage::Blocks},
-    {AnimatedElementId::Blocks, EditorPage::Blocks, QT_TRANSLATE_NOOP("MainWindow", "Game Blocks"), EditorPage::Blocks},
-    {AnimatedElementId::NextBlock, EditorPage::Blocks, QT_TRANSLATE_NOOP("MainWindow", "Next Block Window"), EditorPage::Blocks},
-    {AnimatedElementId::SpecialWindow, EditorPage::Blocks, QT_TRANSLATE_NOOP("MainWindow", "Special Window"), EditorPage::Blocks},
-    {AnimatedElementId::Explosion, EditorPage::Misc, QT_TRANSLATE_NOOP("MainWindow", "Explosion"), EditorPage::Misc},
-    {AnimatedElementId::Bomb, EditorPage::Misc, QT_TRANSLATE_NOOP("MainWindow", "Block Bomb"), EditorPage::Misc},
+    {AnimatedElementId::Blocks, EditorPage::Blocks, nullptr, EditorPage::Blocks},
+    {AnimatedElementId::NextBlock, EditorPage::Blocks, nullptr, EditorPage::Blocks},
+    {AnimatedElementId::SpecialWindow, EditorPage::Blocks, nullptr, EditorPage::Blocks},
+    {AnimatedElementId::Explosion, EditorPage::Misc, nullptr, EditorPage::Misc},
+    {AnimatedElementId::Bomb, EditorPage::Misc, nullptr, EditorPage::Misc},
 }};
 static_assert(rowsMatchKeys(elementPages));
 
