@@ -9,13 +9,18 @@
 #include <QGroupBox>
 #include <QHash>
 #include <QLabel>
-#include <QRegularExpression>
 
 namespace {
 
-QString plain(QString text)
+QString plain(const QString &caption)
 {
-    text.remove(QRegularExpression(QStringLiteral("&(?!&)")));
+    // Drops each accelerator mark; "&&" stands for one ampersand.
+    QString text;
+    text.reserve(caption.size());
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] != u'&' || (i + 1 < caption.size() && caption[i + 1] == u'&'))
+            text.append(caption[i]);
+    }
     while (text.endsWith(u':') || text.endsWith(u'.') || text.endsWith(u' '))
         text.chop(1);
     return text;

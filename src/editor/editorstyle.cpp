@@ -5,11 +5,13 @@
 
 #include <QApplication>
 #include <QIconEngine>
+#include <QImageReader>
 #include <QPainter>
 #include <QPointer>
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QThreadPool>
 
 #include <optional>
 
@@ -85,6 +87,10 @@ public:
 
 void installEditorStyle()
 {
+    // Fusion draws group box frames from a PNG, and Qt asks every image plugin whether it reads
+    // PNG before using its own reader: loading the plugins on another core meanwhile takes that
+    // off the window's first paint.
+    QThreadPool::globalInstance()->start([] { QImageReader::supportedImageFormats(); });
     // A style of the same kind as the application's, for the proxy to own.
     if (QStyle *base = QStyleFactory::create(QApplication::style()->name()))
         QApplication::setStyle(new EditorStyle(base));
