@@ -3,12 +3,17 @@
 
 #include "preview/framestrip.h"
 
+#include "preview/plainbitmap.h"
+
+#include <QIODevice>
+
 #if defined(__x86_64__) || defined(__i386__)
 #include <immintrin.h>
 #endif
 
 #include <cmath>
 #include <cstring>
+#include <optional>
 
 #ifdef Q_OS_LINUX
 #include <sys/mman.h>
@@ -139,6 +144,15 @@ void placeFrame(QImage &strip, QSize frame, qint64 slot, const QImage &picture)
         }
         std::memset(to + written, 0, rowBytes - written);
     }
+}
+
+bool readFrameInPlace(QIODevice &in, QImage &strip, QSize frame, qint64 slot)
+{
+    const std::optional<PlainBitmapLayout> layout = plainBitmapLayout(in);
+    if (!layout || QSize(layout->width, layout->height) != frame || frame.width() != strip.width()
+        || layout->rowBytes != strip.bytesPerLine() || slot < 0 || (slot + 1) * frame.height() > strip.height())
+        return false;
+    return readPlainBitmapPixels(in, *layout, strip.scanLine(int(slot * frame.height())));
 }
 
 void drawSlot(const QImage &strip, QSize frame, qint64 slot, QImage &surface, bool onlyFrameArea)

@@ -7,6 +7,8 @@
 
 #include <QImage>
 
+class QIODevice;
+
 /**
  * Frame strips hold an element's frames one below the other, 24-bit and opaque. These
  * helpers never read outside an image: what lies outside a source is drawn cleared (black).
@@ -31,6 +33,14 @@ QImage allocate(const AnimatedElement &element, double frameCount);
  * null) picture leaves uncovered is cleared.
  */
 void placeFrame(QImage &strip, QSize frame, qint64 slot, const QImage &picture);
+
+/**
+ * Reads \a in straight into \a slot when it is a plain bitmap (see readPlainBitmap) of
+ * exactly the frame's size and the strip holds the whole slot: the rows placeFrame() of its
+ * picture would write, without a picture between. Returns false when \a in is anything
+ * else, the slot then untouched, or when reading failed, the slot then holding part of it.
+ */
+bool readFrameInPlace(QIODevice &in, QImage &strip, QSize frame, qint64 slot);
 
 /**
  * Fills \a slot of \a strip, as far as the strip holds it, with the slot above it: what

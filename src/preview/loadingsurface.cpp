@@ -122,6 +122,12 @@ std::optional<QSize> LoadingSurface::headerSize(const QString &path)
     return picture.size();
 }
 
+void LoadingSurface::keep(QImage picture, const QByteArray &format)
+{
+    m_scratch = std::move(picture);
+    keepScratch(format);
+}
+
 bool LoadingSurface::keepScratch(const QByteArray &format)
 {
     // Keeping both buffers lets the next decode of a same-sized frame reuse the allocation.

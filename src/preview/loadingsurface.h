@@ -29,6 +29,8 @@ public:
      */
     static std::optional<QSize> headerSize(const QString &path);
 
+    /** Holds \a picture, as loading a file of \a format that decodes to it leaves the surface. */
+    void keep(QImage picture, const QByteArray &format);
     /** Empties the picture. */
     void clear() { m_picture = QImage(); }
 

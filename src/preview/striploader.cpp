@@ -7,6 +7,8 @@
 #include "common/platform.h"
 #include "preview/framestrip.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <system_error>
 
@@ -89,10 +91,20 @@ void StripLoader::run(Worker &worker)
         const QString file = resolveThemePath(m_sequence.frameName(m_folder, n));
         m_files[size_t(n - 1)] = file;
         SlotState state = Failed;
-        if (worker.surface.load(file)) {
+        QFile in(file);
+        // A frame file that needs no decoding goes straight to its slot, without a picture.
+        if (worker.inPlace && in.open(QIODevice::ReadOnly)
+            && FrameStrip::readFrameInPlace(in, worker.strip, m_frame, n - 1)) {
+            state = Loaded;
+            worker.lastLoaded = n;
+            worker.lastInPlace = true;
+        } else if (worker.surface.load(file)) {
             FrameStrip::placeFrame(worker.strip, m_frame, n - 1, worker.surface.picture());
             state = Loaded;
             worker.lastLoaded = n;
+            worker.lastInPlace = false;
+            // A sequence's files are alike: after one that needed the reader, the rest will.
+            worker.inPlace = false;
         }
         m_state[size_t(n - 1)].store(state, std::memory_order_release);
         m_done.release();
@@ -140,7 +152,10 @@ QStringList StripLoader::finish(LoadingSurface &loading)
         if (worker.lastLoaded > (last ? last->lastLoaded : 0))
             last = &worker;
     }
-    if (last)
+    if (last && last->lastInPlace) // its picture is the slot, as the reader would have left it
+        loading.keep(m_strip.copy(0, int((last->lastLoaded - 1) * m_frame.height()), m_frame.width(), m_frame.height()),
+                     "bmp");
+    else if (last)
         loading = std::move(last->surface);
     return QStringList(m_files.begin(), m_files.end());
 }

@@ -82,6 +82,8 @@ private:
         QImage strip;            // a header of its own over the strip's pixels
         qint64 lastLoaded = 0;   // its frames rise, so its surface holds this one
         bool yielding = false;   // below the window's priority: stops once hurried
+        bool inPlace = true;     // frames tried straight into their slots
+        bool lastInPlace = false; // lastLoaded went there so, its surface left as it was
     };
     enum SlotState : char { Pending, Loaded, Failed };
 

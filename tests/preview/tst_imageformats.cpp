@@ -10,6 +10,7 @@
 
 #include "common/testfiles.h"
 
+#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -128,11 +129,14 @@ bool near(QRgb a, QRgb b)
 // Frames of the next-block window: 77 x 77 in a strip 78 pixels wide, so its rows are padded.
 const AnimatedElement &nextBlock = animatedElements[AnimatedElementId::NextBlock];
 
-/** Frame \a n's own picture: every pixel differs from its neighbours and from other frames'. */
-QImage framePicture(int n, QImage::Format format)
+/**
+ * Frame \a n's own picture for frames of \a frame's size: every pixel differs from its
+ * neighbours and from other frames'. Unless \a exact, odd frames are cut to the frame
+ * rectangle and even ones leave part of it to be cleared.
+ */
+QImage framePicture(int n, QImage::Format format, QSize frame, bool exact = false)
 {
-    // Odd frames are cut to the frame rectangle, even ones leave part of it to be cleared.
-    const QSize size = nextBlock.frame + (n % 2 ? QSize(9, 4) : QSize(-20, -9));
+    const QSize size = exact ? frame : frame + (n % 2 ? QSize(9, 4) : QSize(-20, -9));
     QImage image(size, QImage::Format_ARGB32);
     for (int y = 0; y < size.height(); ++y)
         for (int x = 0; x < size.width(); ++x)
@@ -141,16 +145,17 @@ QImage framePicture(int n, QImage::Format format)
 }
 
 /**
- * The file of frame \a n as \a kind describes it: b a bitmap, p a translucent PNG under the
- * same .bmp name, m none, g bytes of no picture, c a bitmap whose pixels end early.
+ * The file of frame \a n as \a kind describes it: b a bitmap, x one of exactly the frame's
+ * size, p a translucent PNG under the same .bmp name, m none, g bytes of no picture, c a
+ * bitmap whose pixels end early.
  */
-void writeFrameFile(const QString &path, int n, QChar kind)
+void writeFrameFile(const QString &path, int n, QChar kind, QSize frame = nextBlock.frame)
 {
-    const QByteArray bitmap = imageBytes(framePicture(n, QImage::Format_RGB32), "BMP");
-    if (kind == u'b')
+    const QByteArray bitmap = imageBytes(framePicture(n, QImage::Format_RGB32, frame, kind == u'x'), "BMP");
+    if (kind == u'b' || kind == u'x')
         QVERIFY(writeFile(path, bitmap));
     else if (kind == u'p')
-        QVERIFY(writeFile(path, imageBytes(framePicture(n, QImage::Format_ARGB32), "PNG")));
+        QVERIFY(writeFile(path, imageBytes(framePicture(n, QImage::Format_ARGB32, frame), "PNG")));
     else if (kind == u'g')
         QVERIFY(writeFile(path, "no picture at all"));
     else if (kind == u'c')
@@ -304,6 +309,23 @@ private slots:
         if (loaded && QImageReader(path).read(&byQt))
             QCOMPARE(surface.picture().convertToFormat(QImage::Format_RGB32), byQt.convertToFormat(QImage::Format_RGB32));
         QCOMPARE(LoadingSurface::headerSize(path).has_value(), loads);
+
+        // Straight into the middle of three slots of its size, a plain bitmap gives the rows
+        // placeFrame() gives its picture; anything else, or a slot of another size or one
+        // the strip cuts, is left as it was.
+        const QSize frame = loaded ? surface.picture().size() : QSize(9, 4);
+        QImage strip(frame.width(), frame.height() * 3, QImage::Format_RGB888);
+        std::memset(strip.bits(), 0x5a, size_t(strip.sizeInBytes()));
+        QImage placed = strip.copy();
+        QFile in(path);
+        QVERIFY(in.open(QIODevice::ReadOnly));
+        for (const auto &[size, slot] : {std::pair(frame + QSize(1, 0), 1), std::pair(frame - QSize(0, 1), 1),
+                                         std::pair(frame, 3)})
+            QVERIFY(!FrameStrip::readFrameInPlace(in, strip, size, slot));
+        QCOMPARE(FrameStrip::readFrameInPlace(in, strip, frame, 1), fast);
+        if (fast)
+            FrameStrip::placeFrame(placed, frame, 1, surface.picture());
+        QVERIFY(bytesOf(strip) == bytesOf(placed));
         if (loaded)
             return;
         QCOMPARE(surface.picture(), before);
@@ -363,6 +385,7 @@ private slots:
         QTest::addColumn<QString>("frames"); // one letter a frame, as writeFrameFile() reads it
         QTest::addColumn<int>("workers");
         QTest::addColumn<bool>("hurried"); // after the first frame, as once it is on screen
+        QTest::addColumn<AnimatedElementId>("element");
 
         const QList<std::pair<const char *, const char *>> cases{
             {"every frame loads", "bpbbpbbbpbbb"},
@@ -374,12 +397,20 @@ private slots:
             {"last fails", "bbbbpbbm"},
             {"all fail", "mgcmgc"},
             {"more workers than frames", "bm"},
+            // The background's rows are as wide as its strip's: its plain bitmaps of the
+            // frame's size go to their slots unread by the surface.
+            {"background, all straight to their slots", "xxxxxxx"},
+            {"background, straight beside decoded", "xbxpmxcx"},
+            {"background, last one decoded", "xxxb"},
         };
         for (const auto &[name, frames] : cases) {
+            const AnimatedElementId element = QByteArrayView(name).startsWith("background")
+                                                  ? AnimatedElementId::Background
+                                                  : AnimatedElementId::NextBlock;
             for (int workers : {1, 2, 3}) {
                 for (bool hurried : {false, true})
                     QTest::addRow("%s, %d workers%s", name, workers, hurried ? ", hurried" : "")
-                        << QString::fromLatin1(frames) << workers << hurried;
+                        << QString::fromLatin1(frames) << workers << hurried << element;
             }
         }
     }
@@ -389,33 +420,35 @@ private slots:
         QFETCH(QString, frames);
         QFETCH(int, workers);
         QFETCH(bool, hurried);
+        QFETCH(AnimatedElementId, element);
+        const AnimatedElement &e = animatedElements[element];
         QTemporaryDir dir;
         QVERIFY(dir.isValid());
         const qint64 count = frames.size();
         for (int n = 1; n <= count; ++n)
-            writeFrameFile(dir.filePath(QStringLiteral("f%1.bmp").arg(n)), n, frames.at(n - 1));
+            writeFrameFile(dir.filePath(QStringLiteral("f%1.bmp").arg(n)), n, frames.at(n - 1), e.frame);
         const QString before = dir.filePath(QStringLiteral("before.bmp"));
-        writeFrameFile(before, 40, u'b');
+        writeFrameFile(before, 40, u'b', e.frame);
         const auto sequence = FrameSequence::fromImageText(QStringLiteral("f1.bmp"));
         const QString folder = dir.path() + u'/';
 
         // The reference: every frame in turn through one surface, each placed as it comes.
         LoadingSurface inTurn;
         QVERIFY(inTurn.load(before));
-        QImage expected = FrameStrip::allocate(nextBlock, double(count));
+        QImage expected = FrameStrip::allocate(e, double(count));
         QStringList expectedFiles;
         for (qint64 n = 1; n <= count; ++n) {
             inTurn.load(sequence->frameName(folder, n));
-            FrameStrip::placeFrame(expected, nextBlock.frame, n - 1, inTurn.picture());
+            FrameStrip::placeFrame(expected, e.frame, n - 1, inTurn.picture());
             expectedFiles << resolveThemePath(sequence->frameName(folder, n));
         }
         // Slots are frame-high; the loader clears the strip's spare rows below them.
-        FrameStrip::clearFrom(expected, count * nextBlock.frame.height());
+        FrameStrip::clearFrom(expected, count * e.frame.height());
 
         LoadingSurface loading;
         QVERIFY(loading.load(before));
-        QImage strip = FrameStrip::allocate(nextBlock, double(count));
-        StripLoader loader(strip, nextBlock.frame, *sequence, folder, count, {}, workers);
+        QImage strip = FrameStrip::allocate(e, double(count));
+        StripLoader loader(strip, e.frame, *sequence, folder, count, {}, workers);
         for (qint64 n = 1; n <= count; ++n) {
             loader.waitForFrame();
             if (hurried && n == 1)
