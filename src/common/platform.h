@@ -110,6 +110,8 @@ bool armTickTimer(int timer, qint64 dueNanoseconds, int periodMs);
 void disarmTickTimer(int timer);
 /** The expiries since the last call (clearing them), or 0 when none. */
 quint64 takeTickTimerExpiries(int timer);
+/** Nanoseconds to the next expiry (0 when one is waiting to be taken), or -1 when disarmed. */
+qint64 tickTimerNanosecondsLeft(int timer);
 qint64 monotonicNanoseconds();
 
 /**

@@ -268,10 +268,13 @@ void FramePreviews::takeArrivals(bool waitForOne)
         loader.waitForFrame();
     const qint64 ready = loader.settle(m_loading.picture());
     if (ready > load.ready) {
+        const qint64 was = load.ready;
         load.ready = ready;
         for (AnimatedElementId other : animatedElementIds) {
-            // Also a timer that advanced onto a frame still loading, asleep without holding.
-            if (&stripOf(other) == &stripOf(load.element))
+            // Only a timer asleep on a frame that was loading: waking the others would cost a
+            // tick for every frame that comes.
+            const qint64 wanted = slotToDraw(other);
+            if (&stripOf(other) == &stripOf(load.element) && wanted >= was && wanted < ready)
                 wake(other);
         }
     }
@@ -465,7 +468,10 @@ void FramePreviews::sleepFor(AnimatedElementId element, qint64 ms)
 
 void FramePreviews::wake(AnimatedElementId element)
 {
-    sleepFor(element, 1);
+    // Never later than due: frames arriving faster than a millisecond apart would otherwise
+    // hold the first tick back until they stopped.
+    if (TickTimer *timer = m_timers[element]; timer && timer->isActive())
+        timer->hasten(1);
 }
 
 void FramePreviews::wakeOthersOnSurface(AnimatedElementId element)

@@ -47,6 +47,18 @@ void TickTimer::postpone(int milliseconds)
         arm(milliseconds < 0 ? -1 : qMax(1, milliseconds));
 }
 
+void TickTimer::hasten(int milliseconds)
+{
+    if (!m_active)
+        return;
+    const qint64 within = qint64(qMax(1, milliseconds)) * 1000000;
+    const qint64 left = m_fd >= 0 ? (m_due >= 0 ? Platform::tickTimerNanosecondsLeft(m_fd) : -1)
+                        : m_fallback.isActive() ? qint64(m_fallback.remainingTime()) * 1000000
+                                                : -1;
+    if (left < 0 || left > within)
+        arm(qMax(1, milliseconds));
+}
+
 void TickTimer::arm(int period)
 {
     m_period = period;

@@ -38,6 +38,11 @@ public slots:
      * holds them back until then. The timer stays active.
      */
     void postpone(int milliseconds);
+    /**
+     * For an active timer, like postpone(\a milliseconds) unless a timeout is due sooner
+     * already: then that one stays, and so does the schedule after it.
+     */
+    void hasten(int milliseconds);
 
 signals:
     void timeout();

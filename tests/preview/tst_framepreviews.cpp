@@ -770,11 +770,12 @@ private slots:
         QTRY_VERIFY(ticks.size() > stoppedAt);
     }
 
-    void postponeHoldsTicksBackWhileActive()
+    void postponeHoldsTicksBackAndHastenNeverDoes()
     {
         TickTimer timer;
         QSignalSpy ticks(&timer, &TickTimer::timeout);
         timer.postpone(1); // a stopped timer stays stopped
+        timer.hasten(1);
         runEventLoop(20);
         QCOMPARE(ticks.size(), 0);
 
@@ -790,6 +791,15 @@ private slots:
         timer.postpone(1);
         QTRY_VERIFY(ticks.size() >= 1);
         QTRY_VERIFY(ticks.size() >= 5); // every millisecond from there on
+
+        timer.postpone(-1);
+        timer.hasten(1); // held back: it comes now
+        const qsizetype held = ticks.size();
+        QTRY_VERIFY_WITH_TIMEOUT(ticks.size() > held, 500);
+        timer.postpone(30);
+        const qsizetype before = ticks.size();
+        timer.hasten(2000); // due sooner already: that one stays
+        QTRY_VERIFY_WITH_TIMEOUT(ticks.size() > before, 500);
     }
 
     void stopBeforeTheLoopRunsDropsTheExpiry()
