@@ -24,6 +24,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -157,6 +158,34 @@ private slots:
         QVERIFY(!expected.isNull());
         QCOMPARE(arrow->icon().pixmap(16).toImage(), expected);
         QApplication::setStyle(plain);
+    }
+
+    void groupBoxesLookAsTheBaseStyleDrawsThem_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<bool>("checkable");
+        QTest::newRow("titled") << QStringLiteral("Animation Configuration") << false;
+        QTest::newRow("untitled") << QString() << false;
+        QTest::newRow("checkable") << QStringLiteral("Theme Type 0") << true;
+    }
+
+    void groupBoxesLookAsTheBaseStyleDrawsThem()
+    {
+        QFETCH(QString, title);
+        QFETCH(bool, checkable);
+        const auto drawn = [&] {
+            QGroupBox box(title);
+            box.setCheckable(checkable);
+            box.resize(180, 90);
+            return box.grab().toImage();
+        };
+        const QString name = QApplication::style()->name();
+        QApplication::setStyle(QStyleFactory::create(name));
+        const QImage expected = drawn();
+        installEditorStyle();
+        const QImage actual = drawn();
+        QApplication::setStyle(QStyleFactory::create(name));
+        QCOMPARE(actual, expected);
     }
 
     void everyFieldHasItsControl()
