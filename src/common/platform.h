@@ -96,7 +96,7 @@ bool ownedByCurrentUser(const QFileInfo &info);
  */
 std::optional<QString> readHiddenLine(const QString &prompt);
 
-/** Lowers the calling thread's priority, so the window's thread goes first. */
+/** Puts the calling thread below every other (the idle class where there is one), so the window's thread goes first. */
 void yieldToOtherThreads();
 
 /**
