@@ -96,7 +96,10 @@ bool ownedByCurrentUser(const QFileInfo &info);
  */
 std::optional<QString> readHiddenLine(const QString &prompt);
 
-/** Puts the calling thread below every other (the idle class where there is one), so the window's thread goes first. */
+/**
+ * Puts the calling thread below every other (in the idle class where there is one), so the
+ * window's thread goes first.
+ */
 void yieldToOtherThreads();
 
 /**
@@ -110,7 +113,7 @@ bool armTickTimer(int timer, qint64 dueNanoseconds, int periodMs);
 void disarmTickTimer(int timer);
 /** The expiries since the last call (clearing them), or 0 when none. */
 quint64 takeTickTimerExpiries(int timer);
-/** Nanoseconds to the next expiry (0 when one is waiting to be taken), or -1 when disarmed. */
+/** Nanoseconds to the next expiry, or -1 when disarmed (a one-shot that fired included). */
 qint64 tickTimerNanosecondsLeft(int timer);
 qint64 monotonicNanoseconds();
 
