@@ -242,10 +242,7 @@ qint64 tickTimerNanosecondsLeft(int timer)
     if (timerfd_gettime(timer, &left) != 0)
         return -1;
     const qint64 ns = qint64(left.it_value.tv_sec) * 1000000000 + left.it_value.tv_nsec;
-    // A one-shot that expired reads as disarmed but still has its expiry to take.
-    if (ns == 0 && left.it_interval.tv_sec == 0 && left.it_interval.tv_nsec == 0)
-        return -1;
-    return ns;
+    return ns > 0 ? ns : -1;
 }
 
 #else

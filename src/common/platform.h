@@ -113,7 +113,7 @@ bool armTickTimer(int timer, qint64 dueNanoseconds, int periodMs);
 void disarmTickTimer(int timer);
 /** The expiries since the last call (clearing them), or 0 when none. */
 quint64 takeTickTimerExpiries(int timer);
-/** Nanoseconds to the next expiry, or -1 when disarmed (a one-shot that fired included). */
+/** Nanoseconds to the next expiry, or -1 when disarmed. */
 qint64 tickTimerNanosecondsLeft(int timer);
 qint64 monotonicNanoseconds();
 

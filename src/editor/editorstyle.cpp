@@ -72,22 +72,26 @@ private:
 class EditorStyle : public QProxyStyle
 {
 public:
-    using QProxyStyle::QProxyStyle;
+    explicit EditorStyle(QStyle *base)
+        : QProxyStyle(base)
+        , m_fusion(base->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0)
+    {
+    }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override
     {
-        if (element != PE_FrameGroupBox || baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) != 0)
+        if (element != PE_FrameGroupBox || !m_fusion)
             return QProxyStyle::drawPrimitive(element, option, painter, widget);
         // Fusion's own frame, from the same picture. Fusion loads it by file name, and Qt then
         // loads every image plugin to ask whether it reads PNG before its own reader does: on
         // the window's first paint, that was a tenth of the start-up.
-        static const QPixmap picture = [] {
+        if (m_groupBoxFrame.isNull()) {
             QImageReader reader(QStringLiteral(":/qt-project.org/styles/commonstyle/images/fusion_groupbox.png"), "png");
             reader.setAutoDetectImageFormat(false);
-            return QPixmap::fromImage(reader.read());
-        }();
-        if (picture.isNull())
+            m_groupBoxFrame = QPixmap::fromImage(reader.read());
+        }
+        if (m_groupBoxFrame.isNull())
             return QProxyStyle::drawPrimitive(element, option, painter, widget);
         constexpr int groupBoxTopMargin = 3;
         const auto *box = qobject_cast<const QGroupBox *>(widget);
@@ -95,7 +99,7 @@ public:
         const int top = groupBoxTopMargin
                         + (titleRow ? std::max(proxy()->pixelMetric(PM_ExclusiveIndicatorHeight), option->fontMetrics.height())
                                     : 0);
-        qDrawBorderPixmap(painter, option->rect.adjusted(0, top, 0, 0), QMargins(6, 6, 6, 6), picture);
+        qDrawBorderPixmap(painter, option->rect.adjusted(0, top, 0, 0), QMargins(6, 6, 6, 6), m_groupBoxFrame);
     }
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override
@@ -107,6 +111,10 @@ public:
                                                        : QApplication::layoutDirection();
         return QIcon(new DeferredIconEngine(baseStyle(), which, direction));
     }
+
+private:
+    const bool m_fusion;
+    mutable QPixmap m_groupBoxFrame; // read on the first frame drawn, with the style it belongs to
 };
 
 } // namespace
