@@ -16,6 +16,12 @@
 QImage windowPixels(const QImage &image, QImage into = {});
 
 /**
+ * The pixels \a part of \a image at a whole-number \a zoom, each a square, as a window paints
+ * them with a plain copy: 32-bit, written into \a into when that fits and is not shared.
+ */
+QImage zoomedPixels(const QImage &image, int zoom, const QRect &part, QImage into = {});
+
+/**
  * A fixed-size picture area for previews. Natural mode draws the image unscaled from the
  * top-left corner (larger images are cut off); Stretch mode fills the whole area, ignoring the
  * aspect ratio. Whatever the image leaves uncovered shows the fill colour.

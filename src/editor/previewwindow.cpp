@@ -13,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QAction>
 #include <QLabel>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
@@ -41,9 +42,11 @@ public:
 
     QSize sizeHint() const override { return m_image.size() * factor(); }
 
-    void render(QPainter &painter) const
+    /** Paints the part of the picture within \a exposed, in the canvas's pixels. */
+    void render(QPainter &painter, const QRect &exposed)
     {
-        const QSize shown = m_image.size() * factor();
+        const int zoom = factor();
+        const QSize shown = m_image.size() * zoom;
         // The checkerboard shows only through transparent pixels: under an opaque picture it
         // would cost thousands of squares a frame for nothing.
         for (int y = 0; m_image.hasAlphaChannel() && y < shown.height(); y += checkerSquare) {
@@ -52,20 +55,26 @@ public:
                 painter.fillRect(x, y, checkerSquare, checkerSquare, dark ? QColor(0x99, 0x99, 0x99) : QColor(0xcc, 0xcc, 0xcc));
             }
         }
-        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-        painter.drawImage(QRect(QPoint(0, 0), shown), m_image);
+        // Only the picture's pixels the scroll area shows: at 8x most of a frame is out of sight.
+        const QRect part = QRect(QPoint(exposed.left() / zoom, exposed.top() / zoom),
+                                 QPoint(exposed.right() / zoom, exposed.bottom() / zoom))
+                           & m_image.rect();
+        m_zoomed = zoomedPixels(m_image, zoom, part, std::move(m_zoomed));
+        if (!m_zoomed.isNull())
+            painter.drawImage(part.topLeft() * zoom, m_zoomed);
     }
 
 protected:
-    void paintEvent(QPaintEvent *) override
+    void paintEvent(QPaintEvent *event) override
     {
         QPainter painter(this);
-        render(painter);
+        render(painter, event->rect());
     }
 
 private:
     const QImage &m_image;
     const int &m_zoom;
+    QImage m_zoomed; // kept from frame to frame: the same size each time
 };
 
 } // namespace
@@ -194,7 +203,7 @@ QImage PreviewWindow::rendered() const
         return {};
     QImage out(m_canvas->sizeHint(), QImage::Format_RGB32);
     QPainter painter(&out);
-    static_cast<const Canvas *>(m_canvas)->render(painter);
+    static_cast<Canvas *>(m_canvas)->render(painter, out.rect());
     return out;
 }
 

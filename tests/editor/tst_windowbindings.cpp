@@ -311,7 +311,8 @@ private slots:
     }
 
     // Frames reach the window as 32-bit pixels equal to what Qt converts them to, whatever the
-    // width (the fast path takes four pixels at a time and finishes the row one by one).
+    // width (the fast path takes four pixels at a time and finishes the row one by one); the
+    // closer look's zoom of any part of them equals Qt's own unsmoothed scaling.
     void framesReachTheWindowAsQtConvertsThem_data()
     {
         QTest::addColumn<int>("width");
@@ -329,6 +330,21 @@ private slots:
         const QImage shown = windowPixels(frame);
         QCOMPARE(shown.format(), QImage::Format_RGB32);
         QCOMPARE(shown, frame.convertToFormat(QImage::Format_RGB32));
+
+        QImage translucent = shown.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        translucent.setPixel(0, 1, qRgba(0, 0, 0, 0));
+        const QRect beyond(width / 2, 1, width, 5); // runs past the right and the bottom
+        for (const QImage &picture : {shown, translucent, frame}) {
+            for (const int zoom : {1, 2, 3}) {
+                for (const QRect &part : {shown.rect(), beyond}) {
+                    const QRect inside = part & shown.rect();
+                    const QImage expected = picture.copy(inside).scaled(inside.size() * zoom, Qt::IgnoreAspectRatio,
+                                                                        Qt::FastTransformation);
+                    QCOMPARE(zoomedPixels(picture, zoom, part), expected.convertToFormat(picture.depth() == 32 ?
+                             picture.format() : QImage::Format_RGB32));
+                }
+            }
+        }
     }
 
     // The preview plays in the page until the page changes; the closer look is the page's own
