@@ -11,7 +11,8 @@ SAMPLE  ?= samples/StakkoSample.skt
 # of the package benchmarks and tests, and p7zip-full writes the Deflate64 packages the unpacking
 # is compared with unzip on; xvfb runs the window tests on an X server too (xdotool types into
 # the editor there before the system ends it), and libx11-dev and
-# libxtst-dev let the from-outside benchmark read the screen and click on it. The install tests
+# libxtst-dev let the from-outside benchmark read the screen and click on it, with the session
+# bus of dbus-daemon beside it as on a desktop. The install tests
 # validate with desktop-file-utils, appstream and shared-mime-info, render the manual pages with
 # groff-base and find the completion folder through bash-completion; dpkg-dev and file let CPack
 # compute the Debian package's dependencies. Sphinx builds the user manual, whose scripts the
@@ -24,7 +25,7 @@ DEBIAN_PACKAGES = cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev liba
 	desktop-file-utils appstream shared-mime-info groff-base bash-completion dpkg-dev file \
 	python3-sphinx libjs-sphinxdoc qt6-l10n-tools qt6-tools-dev qt6-translations-l10n \
 	libsndfile1-dev libsamplerate0-dev qt6-image-formats-plugins imagemagick \
-	libx11-dev libxtst-dev \
+	libx11-dev libxtst-dev dbus-daemon \
 	lintian devscripts reuse ccache git
 
 # The package: a Release build of its own, without the tests.
