@@ -36,6 +36,7 @@
 #include <cstdlib>
 #include <numeric>
 #include <optional>
+#include <vector>
 
 #include <fcntl.h>
 #include <sched.h>
@@ -61,6 +62,17 @@ void sleepMs(int ms)
     QThread::msleep(ulong(ms));
 }
 
+/** In a child just forked: becomes \a command, found on the path; ends the child if it cannot. */
+[[noreturn]] void become(QList<QByteArray> command)
+{
+    std::vector<char *> argv;
+    for (QByteArray &part : command)
+        argv.push_back(part.data());
+    argv.push_back(nullptr);
+    execvp(argv[0], argv.data());
+    _exit(127);
+}
+
 /** A child process, started with \a env added to ours in \a folder; ended with SIGTERM. */
 class Child
 {
@@ -78,15 +90,10 @@ public:
         dup2(null, 1);
         if (!qEnvironmentVariableIsSet("STAKKO_BENCH_CHILD_ERRORS"))
             dup2(null, 2);
-        std::vector<QByteArray> bytes;
+        QList<QByteArray> bytes;
         for (const QString &part : command)
-            bytes.push_back(QFile::encodeName(part));
-        std::vector<char *> argv;
-        for (QByteArray &part : bytes)
-            argv.push_back(part.data());
-        argv.push_back(nullptr);
-        execv(argv[0], argv.data());
-        _exit(127);
+            bytes.append(QFile::encodeName(part));
+        become(bytes);
     }
     ~Child()
     {
@@ -231,6 +238,34 @@ private:
 };
 
 /**
+ * Starts \a command, with nothing to read and its output thrown away, "{fd}" in its arguments
+ * standing for a pipe it writes one line to: that line goes to \a line. Returns the process,
+ * or -1 when none started.
+ */
+pid_t startTelling(QList<QByteArray> command, QByteArray *line)
+{
+    int pipeFds[2];
+    if (pipe(pipeFds) != 0)
+        return -1;
+    for (QByteArray &part : command)
+        part.replace("{fd}", QByteArray::number(pipeFds[1]));
+    const pid_t pid = fork();
+    if (pid == 0) {
+        close(pipeFds[0]);
+        const int null = open("/dev/null", O_RDWR);
+        for (int fd : {0, 1, 2})
+            dup2(null, fd);
+        become(command);
+    }
+    close(pipeFds[1]);
+    char c = 0;
+    while (pid > 0 && read(pipeFds[0], &c, 1) == 1 && c != '\n')
+        *line += c;
+    close(pipeFds[0]);
+    return pid;
+}
+
+/**
  * A private session bus, as every author's desktop has: without one, a Qt program's first look
  * for it (the editor's menu bar asks for a global menu) forks the process to launch one, which
  * no author's start-up pays.
@@ -239,26 +274,9 @@ class SessionBus
 {
 public:
     SessionBus()
+        : m_pid(startTelling({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address={fd}"},
+                             &m_address))
     {
-        int pipeFds[2];
-        if (pipe(pipeFds) != 0)
-            return;
-        m_pid = fork();
-        if (m_pid == 0) {
-            close(pipeFds[0]);
-            const int null = open("/dev/null", O_RDWR);
-            dup2(null, 0);
-            dup2(null, 2);
-            const QByteArray fd = "--print-address=" + QByteArray::number(pipeFds[1]);
-            execlp("dbus-daemon", "dbus-daemon", "--session", "--nofork", "--nopidfile", fd.constData(),
-                   static_cast<char *>(nullptr));
-            _exit(127);
-        }
-        close(pipeFds[1]);
-        char c = 0;
-        while (m_pid > 0 && read(pipeFds[0], &c, 1) == 1 && c != '\n')
-            m_address += c;
-        close(pipeFds[0]);
     }
     ~SessionBus()
     {
@@ -273,8 +291,8 @@ public:
     QByteArray address() const { return m_address; }
 
 private:
+    QByteArray m_address; // before the process: its line is read as the process starts
     pid_t m_pid = -1;
-    QByteArray m_address;
 };
 
 /** The private X server and the client connection to it. */
@@ -422,30 +440,14 @@ private:
     // Xvfb on display \a number; false when that number is taken (the server ends at once).
     bool startOn(int number)
     {
-        int pipeFds[2];
-        if (pipe(pipeFds) != 0)
-            return false;
-        m_pid = fork();
-        if (m_pid == 0) {
-            close(pipeFds[0]);
-            const int null = open("/dev/null", O_RDWR);
-            dup2(null, 1);
-            dup2(null, 2);
-            const QByteArray fd = QByteArray::number(pipeFds[1]);
-            const QByteArray name = ":" + QByteArray::number(number);
-            execlp("Xvfb", "Xvfb", name.constData(), "-displayfd", fd.constData(), "-screen", "0", "1280x1024x24",
-                   "-nolisten", "tcp", "-br", static_cast<char *>(nullptr));
-            _exit(127);
-        }
-        close(pipeFds[1]);
         // The server writes the number and a new line apart, and ends if it cannot write both.
         QByteArray written;
-        char c = 0;
-        while (read(pipeFds[0], &c, 1) == 1 && c != '\n')
-            written += c;
-        close(pipeFds[0]);
+        m_pid = startTelling({"Xvfb", ":" + QByteArray::number(number), "-displayfd", "{fd}", "-screen", "0",
+                              "1280x1024x24", "-nolisten", "tcp", "-br"},
+                             &written);
         if (written.isEmpty()) {
-            waitpid(m_pid, nullptr, 0);
+            if (m_pid > 0)
+                waitpid(m_pid, nullptr, 0);
             m_pid = -1;
             return false;
         }
