@@ -33,14 +33,19 @@ set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/CPackStrip.cmake)
 # The libraries the binaries link come from dpkg-shlibdeps; the soundfont is data MIDI playback
 # opens by name, which no link shows.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The sound mixer is loaded when sound is first wanted, so no link shows it either.
-get_filename_component(mixerFile ${STAKKO_MIXER_PATH} REALPATH)
-execute_process(COMMAND dpkg-query -S ${mixerFile} OUTPUT_VARIABLE mixerOwner ERROR_QUIET)
-if(mixerOwner MATCHES "^([^:, ]+)")
-    set(mixerPackage ${CMAKE_MATCH_1})
-    string(REGEX MATCH "^[0-9]+\\.[0-9]+" mixerVersion "${SDL2_MIXER_VERSION}")
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "${mixerPackage} (>= ${mixerVersion})")
-endif()
+# The libraries loaded when first wanted, which no link shows either.
+foreach(loaded IN LISTS STAKKO_LOADED_LIBRARIES)
+    string(REPLACE "|" ";" loaded "${loaded}")
+    list(GET loaded 1 file)
+    list(GET loaded 2 version)
+    get_filename_component(file ${file} REALPATH)
+    execute_process(COMMAND dpkg-query -S ${file} OUTPUT_VARIABLE owner ERROR_QUIET)
+    if(owner MATCHES "^([^:, ]+)")
+        set(package ${CMAKE_MATCH_1})
+        string(REGEX MATCH "^[0-9]+\\.[0-9]+" version "${version}")
+        list(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS "${package} (>= ${version})")
+    endif()
+endforeach()
 # The manual's search and navigation scripts are links into Debian's libjs-sphinxdoc.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS ${CPACK_DEBIAN_PACKAGE_DEPENDS} ${STAKKO_MANUAL_DEPENDS})
 # Qt's own catalogs translate the buttons of its dialogs.

@@ -8,9 +8,6 @@ file(GLOB STAKKO_CORE_SOURCES CONFIGURE_DEPENDS
     ${CMAKE_CURRENT_LIST_DIR}/editing/*.cpp ${CMAKE_CURRENT_LIST_DIR}/art/*.cpp
     ${CMAKE_CURRENT_LIST_DIR}/preview/*.cpp ${CMAKE_CURRENT_LIST_DIR}/sound/*.cpp
     ${CMAKE_CURRENT_LIST_DIR}/check/*.cpp)
-# Import reads and writes sounds with these; only src/art/ includes them.
-pkg_check_modules(STAKKO_ART_AUDIO REQUIRED IMPORTED_TARGET sndfile samplerate)
-set(STAKKO_CORE_PRIVATE_LIBRARIES PkgConfig::STAKKO_ART_AUDIO)
 
 # An installed copy of the programs finds its metainfo here, relative to its own folder, and
 # keeps no settings beside itself; whatever the prefix, the unpacked Debian package included.
@@ -37,12 +34,32 @@ if(STAKKO_APP_ID)
     endif()
 endif()
 
-# The mixer is loaded when sound is first wanted: the core compiles against its headers and
-# names the library by the soname it was built against.
+# The libraries loaded when first wanted (common/loadedlibrary.h), as NAME|file|version: the
+# core compiles against their headers and names each by the soname it was built against; the
+# Debian package depends on them, as no link shows them. Packages are read and written with
+# libarchive, imported sounds converted with libsndfile and libsamplerate, sound played with the
+# mixer.
+find_package(LibArchive REQUIRED)
+pkg_check_modules(STAKKO_ART_AUDIO REQUIRED sndfile samplerate)
+pkg_check_modules(SDL2_MIXER REQUIRED SDL2_mixer)
+find_library(STAKKO_SNDFILE_PATH NAMES sndfile HINTS ${STAKKO_ART_AUDIO_LIBRARY_DIRS} REQUIRED)
+find_library(STAKKO_SAMPLERATE_PATH NAMES samplerate HINTS ${STAKKO_ART_AUDIO_LIBRARY_DIRS} REQUIRED)
 find_library(STAKKO_MIXER_PATH NAMES SDL2_mixer HINTS ${SDL2_MIXER_LIBRARY_DIRS} REQUIRED)
-execute_process(COMMAND ${CMAKE_OBJDUMP} -p ${STAKKO_MIXER_PATH} OUTPUT_VARIABLE mixerHeaders ERROR_QUIET)
-if(NOT mixerHeaders MATCHES "SONAME +([^\n]+)")
-    message(FATAL_ERROR "No soname found in ${STAKKO_MIXER_PATH}")
-endif()
-string(STRIP "${CMAKE_MATCH_1}" STAKKO_MIXER_SONAME)
-list(APPEND STAKKO_CORE_DEFINITIONS STAKKO_MIXER_LIBRARY="${STAKKO_MIXER_SONAME}")
+set(STAKKO_LOADED_LIBRARIES
+    "ARCHIVE|${LibArchive_LIBRARIES}|${LibArchive_VERSION}"
+    "SNDFILE|${STAKKO_SNDFILE_PATH}|${STAKKO_ART_AUDIO_sndfile_VERSION}"
+    "SAMPLERATE|${STAKKO_SAMPLERATE_PATH}|${STAKKO_ART_AUDIO_samplerate_VERSION}"
+    "MIXER|${STAKKO_MIXER_PATH}|${SDL2_MIXER_VERSION}"
+    CACHE INTERNAL "")
+set(STAKKO_CORE_INCLUDE_DIRS ${LibArchive_INCLUDE_DIRS} ${STAKKO_ART_AUDIO_INCLUDE_DIRS} ${SDL2_MIXER_INCLUDE_DIRS})
+foreach(loaded IN LISTS STAKKO_LOADED_LIBRARIES)
+    string(REPLACE "|" ";" loaded "${loaded}")
+    list(GET loaded 0 name)
+    list(GET loaded 1 file)
+    execute_process(COMMAND ${CMAKE_OBJDUMP} -p ${file} OUTPUT_VARIABLE headers ERROR_QUIET)
+    if(NOT headers MATCHES "SONAME +([^\n]+)")
+        message(FATAL_ERROR "No soname found in ${file}")
+    endif()
+    string(STRIP "${CMAKE_MATCH_1}" soname)
+    list(APPEND STAKKO_CORE_DEFINITIONS STAKKO_${name}_LIBRARY="${soname}")
+endforeach()

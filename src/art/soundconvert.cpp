@@ -3,6 +3,7 @@
 
 #include "art/soundconvert.h"
 
+#include "art/soundlibraries.h"
 #include "editing/fieldbrowsing.h"
 #include "sound/musicformat.h"
 
@@ -11,13 +12,13 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <samplerate.h>
-#include <sndfile.h>
-
 #include <cstring>
 #include <vector>
 
 namespace {
+
+const SndfileLibrary &sndfile() { return sndfileLibrary().value(); }
+const SamplerateLibrary &samplerate() { return samplerateLibrary().value(); }
 
 // libsndfile writes into memory through these, so the file itself goes through one safe write.
 struct MemoryFile {
@@ -68,11 +69,19 @@ QString shown(const QString &path) { return QDir::toNativeSeparators(path); }
 
 bool readSamples(const QString &source, Samples &out, ConvertedSound &report)
 {
+    // Both before any work: reading a sound it could not resample would help nobody.
+    for (const QString &problem : {sndfileLibrary().errorText(), samplerateLibrary().errorText()}) {
+        if (!problem.isEmpty()) {
+            report.error(QCoreApplication::translate("SoundConvert", "%1 could not be converted: %2.").arg(shown(source), problem),
+                         {}, source);
+            return false;
+        }
+    }
     SF_INFO info{};
-    SNDFILE *file = sf_open(QFile::encodeName(source).constData(), SFM_READ, &info);
+    SNDFILE *file = sndfile().sf_open(QFile::encodeName(source).constData(), SFM_READ, &info);
     if (!file) {
         report.error(QCoreApplication::translate("SoundConvert", "%1 could not be read as a sound: %2.")
-                         .arg(shown(source), QString::fromLocal8Bit(sf_strerror(nullptr))),
+                         .arg(shown(source), QString::fromLocal8Bit(sndfile().sf_strerror(nullptr))),
                      {}, source);
         return false;
     }
@@ -81,14 +90,14 @@ bool readSamples(const QString &source, Samples &out, ConvertedSound &report)
     // Some decoders know their length only roughly: read until they stop.
     std::vector<float> chunk(size_t(4096 * info.channels));
     for (;;) {
-        const sf_count_t got = sf_readf_float(file, chunk.data(), 4096);
+        const sf_count_t got = sndfile().sf_readf_float(file, chunk.data(), 4096);
         if (got <= 0)
             break;
         out.data.insert(out.data.end(), chunk.begin(), chunk.begin() + got * info.channels);
     }
-    const int error = sf_error(file);
-    const QString reason = QString::fromLocal8Bit(sf_strerror(file));
-    sf_close(file);
+    const int error = sndfile().sf_error(file);
+    const QString reason = QString::fromLocal8Bit(sndfile().sf_strerror(file));
+    sndfile().sf_close(file);
     if (error != SF_ERR_NO_ERROR || out.data.empty()) {
         report.error(QCoreApplication::translate("SoundConvert", "%1 could not be read as a sound: %2.")
                          .arg(shown(source), out.data.empty() ? QCoreApplication::translate("SoundConvert", "it holds no samples") : reason),
@@ -110,9 +119,9 @@ bool resample(Samples &samples, int rate, ConvertedSound &report, const QString 
     data.output_frames = long(out.size() / size_t(samples.channels));
     data.src_ratio = ratio;
     data.end_of_input = 1;
-    const int error = src_simple(&data, SRC_SINC_MEDIUM_QUALITY, samples.channels);
+    const int error = samplerate().src_simple(&data, SRC_SINC_MEDIUM_QUALITY, samples.channels);
     if (error != 0) {
-        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be resampled: %2.").arg(shown(source), QString::fromLatin1(src_strerror(error))),
+        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be resampled: %2.").arg(shown(source), QString::fromLatin1(samplerate().src_strerror(error))),
                      {}, source);
         return false;
     }
@@ -130,17 +139,17 @@ bool encode(const Samples &samples, int format, ConvertedSound &report, const QS
     info.samplerate = samples.rate;
     info.channels = samples.channels;
     info.format = format;
-    SNDFILE *file = sf_open_virtual(&io, SFM_WRITE, &info, &memory);
+    SNDFILE *file = sndfile().sf_open_virtual(&io, SFM_WRITE, &info, &memory);
     if (!file) {
-        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be converted: %2.").arg(shown(source), QString::fromLocal8Bit(sf_strerror(nullptr))),
+        report.error(QCoreApplication::translate("SoundConvert", "%1 could not be converted: %2.").arg(shown(source), QString::fromLocal8Bit(sndfile().sf_strerror(nullptr))),
                      {}, source);
         return false;
     }
-    sf_command(file, SFC_SET_CLIPPING, nullptr, SF_TRUE);
+    sndfile().sf_command(file, SFC_SET_CLIPPING, nullptr, SF_TRUE);
     const sf_count_t frames = sf_count_t(samples.data.size() / size_t(samples.channels));
-    const bool whole = sf_writef_float(file, samples.data.data(), frames) == frames;
-    const QString reason = QString::fromLocal8Bit(sf_strerror(file));
-    if (sf_close(file) != 0 || !whole) {
+    const bool whole = sndfile().sf_writef_float(file, samples.data.data(), frames) == frames;
+    const QString reason = QString::fromLocal8Bit(sndfile().sf_strerror(file));
+    if (sndfile().sf_close(file) != 0 || !whole) {
         report.error(QCoreApplication::translate("SoundConvert", "%1 could not be converted: %2.").arg(shown(source), reason), {}, source);
         return false;
     }

@@ -6,6 +6,7 @@
 #include "common/ansitext.h"
 #include "common/pathlookup.h"
 #include "common/safefile.h"
+#include "package/archivelibrary.h"
 #include "package/zipdirectory.h"
 
 #include <QCoreApplication>
@@ -14,18 +15,15 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <archive.h>
-#include <archive_entry.h>
-
 #include <memory>
 
 namespace {
 
 struct ArchiveWriteDeleter {
-    void operator()(archive *a) const { archive_write_free(a); }
+    void operator()(archive *a) const { libarchive().archive_write_free(a); }
 };
 struct EntryDeleter {
-    void operator()(archive_entry *e) const { archive_entry_free(e); }
+    void operator()(archive_entry *e) const { libarchive().archive_entry_free(e); }
 };
 
 la_ssize_t writeToSafeFile(archive *, void *client, const void *buffer, size_t length)
@@ -78,10 +76,10 @@ Result<void> setEncryption(archive *a, const PackageWriteOptions &options)
         return failure(QCoreApplication::translate("PackageWriter", "The password may only use Windows-1252 letters."));
     const char *setting = options.encryption == PackageEncryption::Aes256 ? "zip:encryption=aes256"
                                                                           : "zip:encryption=zipcrypt";
-    if (archive_write_set_options(a, setting) != ARCHIVE_OK
-        || archive_write_set_passphrase(a, password.constData()) != ARCHIVE_OK)
+    if (libarchive().archive_write_set_options(a, setting) != ARCHIVE_OK
+        || libarchive().archive_write_set_passphrase(a, password.constData()) != ARCHIVE_OK)
         return failure(QCoreApplication::translate("PackageWriter", "This system cannot encrypt packages: %1")
-                           .arg(QString::fromLocal8Bit(archive_error_string(a))));
+                           .arg(QString::fromLocal8Bit(libarchive().archive_error_string(a))));
     return {};
 }
 
@@ -91,15 +89,15 @@ Result<void> addFile(archive *a, const PackageEntry &file, time_t mtime, QByteAr
     if (!in.open(QIODevice::ReadOnly))
         return failure(QCoreApplication::translate("PackageWriter", "Could not read %1: %2").arg(file.source, in.errorString()));
 
-    std::unique_ptr<archive_entry, EntryDeleter> entry(archive_entry_new());
-    archive_entry_set_pathname_utf8(entry.get(), file.name.toUtf8().constData());
-    archive_entry_set_filetype(entry.get(), AE_IFREG);
-    archive_entry_set_perm(entry.get(), 0644);
-    archive_entry_set_size(entry.get(), in.size());
-    archive_entry_set_mtime(entry.get(), mtime, 0);
-    if (archive_write_header(a, entry.get()) < ARCHIVE_WARN)
+    std::unique_ptr<archive_entry, EntryDeleter> entry(libarchive().archive_entry_new());
+    libarchive().archive_entry_set_pathname_utf8(entry.get(), file.name.toUtf8().constData());
+    libarchive().archive_entry_set_filetype(entry.get(), AE_IFREG);
+    libarchive().archive_entry_set_perm(entry.get(), 0644);
+    libarchive().archive_entry_set_size(entry.get(), in.size());
+    libarchive().archive_entry_set_mtime(entry.get(), mtime, 0);
+    if (libarchive().archive_write_header(a, entry.get()) < ARCHIVE_WARN)
         return failure(QCoreApplication::translate("PackageWriter", "Could not add %1: %2")
-                           .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
+                           .arg(file.name, QString::fromLocal8Bit(libarchive().archive_error_string(a))));
 
     qint64 total = 0;
     for (;;) {
@@ -108,12 +106,12 @@ Result<void> addFile(archive *a, const PackageEntry &file, time_t mtime, QByteAr
             return failure(QCoreApplication::translate("PackageWriter", "Could not read %1: %2").arg(file.source, in.errorString()));
         if (got == 0)
             break;
-        if (archive_write_data(a, buffer.constData(), size_t(got)) != got)
+        if (libarchive().archive_write_data(a, buffer.constData(), size_t(got)) != got)
             return failure(QCoreApplication::translate("PackageWriter", "Could not add %1: %2")
-                               .arg(file.name, QString::fromLocal8Bit(archive_error_string(a))));
+                               .arg(file.name, QString::fromLocal8Bit(libarchive().archive_error_string(a))));
         total += got;
     }
-    if (total != archive_entry_size(entry.get()))
+    if (total != libarchive().archive_entry_size(entry.get()))
         return failure(QCoreApplication::translate("PackageWriter", "%1 changed while it was packed.").arg(file.source));
     return {};
 }
@@ -140,27 +138,29 @@ Result<void> writePackageEntries(const QString &zipPath, const QList<PackageEntr
                                                                         "folder it unpacks into.")
                                .arg(entry.name));
     }
+    if (const Result<ArchiveLibrary> &loaded = archiveLibrary(); !loaded)
+        return failure(QCoreApplication::translate("PackageWriter", "Could not write %1: %2").arg(zipPath, loaded.errorText()));
     SafeFile out(zipPath);
     if (!out.open())
         return failure(QCoreApplication::translate("PackageWriter", "Could not write %1: %2").arg(zipPath, out.errorString()));
     // The system's reason for a failed write beats libarchive's generic one.
     const auto writeFailure = [&](archive *a) {
         const QString reason = out.errorString().isEmpty()
-                                   ? QString::fromLocal8Bit(archive_error_string(a))
+                                   ? QString::fromLocal8Bit(libarchive().archive_error_string(a))
                                    : out.errorString();
         return failure(QCoreApplication::translate("PackageWriter", "Could not write %1: %2").arg(zipPath, reason));
     };
 
-    std::unique_ptr<archive, ArchiveWriteDeleter> zip(archive_write_new());
+    std::unique_ptr<archive, ArchiveWriteDeleter> zip(libarchive().archive_write_new());
     archive *a = zip.get();
-    if (archive_write_set_format_zip(a) != ARCHIVE_OK
-        || archive_write_set_options(a, "zip:compression=deflate,zip:hdrcharset=UTF-8") != ARCHIVE_OK
-        || archive_write_set_bytes_in_last_block(a, 1) != ARCHIVE_OK)
+    if (libarchive().archive_write_set_format_zip(a) != ARCHIVE_OK
+        || libarchive().archive_write_set_options(a, "zip:compression=deflate,zip:hdrcharset=UTF-8") != ARCHIVE_OK
+        || libarchive().archive_write_set_bytes_in_last_block(a, 1) != ARCHIVE_OK)
         return failure(QCoreApplication::translate("PackageWriter", "Could not set up the zip writer: %1")
-                           .arg(QString::fromLocal8Bit(archive_error_string(a))));
+                           .arg(QString::fromLocal8Bit(libarchive().archive_error_string(a))));
     if (Result<void> encrypting = setEncryption(a, options); !encrypting)
         return encrypting;
-    if (archive_write_open(a, &out, nullptr, writeToSafeFile, nullptr) != ARCHIVE_OK)
+    if (libarchive().archive_write_open(a, &out, nullptr, writeToSafeFile, nullptr) != ARCHIVE_OK)
         return writeFailure(a);
 
     const time_t mtime = fixedEntryTime();
@@ -172,7 +172,7 @@ Result<void> writePackageEntries(const QString &zipPath, const QList<PackageEntr
         if (progress && !progress(i + 1, packed.size()))
             return failure(QCoreApplication::translate("PackageWriter", "Writing %1 was cancelled.").arg(zipPath));
     }
-    if (archive_write_close(a) != ARCHIVE_OK)
+    if (libarchive().archive_write_close(a) != ARCHIVE_OK)
         return writeFailure(a);
     if (!out.commit())
         return failure(QCoreApplication::translate("PackageWriter", "Could not write %1: %2").arg(zipPath, out.errorString()));

@@ -8,6 +8,7 @@
 #include "common/pathlookup.h"
 #include "common/platform.h"
 #include "common/safefile.h"
+#include "package/archivelibrary.h"
 #include "package/deflate64.h"
 #include "package/zipdirectory.h"
 
@@ -16,9 +17,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-
-#include <archive.h>
-#include <archive_entry.h>
 
 #include <algorithm>
 #include <array>
@@ -30,11 +28,10 @@
 #include <utility>
 #include <vector>
 
-
 namespace {
 
 struct ArchiveReadDeleter {
-    void operator()(archive *a) const { archive_read_free(a); }
+    void operator()(archive *a) const { libarchive().archive_read_free(a); }
 };
 
 QString sizeText(qint64 bytes)
@@ -54,10 +51,10 @@ QString sizeText(qint64 bytes)
 /** The name of an entry the archive's directory does not list, as libarchive read it. */
 QString entryName(archive_entry *entry)
 {
-    if (const char *utf8 = archive_entry_pathname_utf8(entry))
+    if (const char *utf8 = libarchive().archive_entry_pathname_utf8(entry))
         return QString::fromUtf8(utf8);
     // Names without the UTF-8 mark come from Windows tools; take them as the theme's code page.
-    if (const char *raw = archive_entry_pathname(entry))
+    if (const char *raw = libarchive().archive_entry_pathname(entry))
         return AnsiText::decode(QByteArray(raw));
     return {};
 }
@@ -319,6 +316,8 @@ QString Extraction::run(const QString &archivePath, int folder)
 {
     if (!QFileInfo(archivePath).isFile())
         return QCoreApplication::translate("ResourcePackage", "The file does not exist.");
+    if (const Result<ArchiveLibrary> &loaded = archiveLibrary(); !loaded)
+        return loaded.errorText();
     m_root = folder;
     m_file.setFileName(archivePath);
     if (m_file.open(QIODevice::ReadOnly)) {
@@ -326,17 +325,17 @@ QString Extraction::run(const QString &archivePath, int folder)
             m_records.emplace(record.localHeaderOffset, record);
     }
 
-    m_in.reset(archive_read_new());
-    archive_read_support_format_zip(m_in.get());
-    archive_read_set_passphrase_callback(m_in.get(), this, askPassword);
-    if (archive_read_open_filename(m_in.get(), QFile::encodeName(archivePath).constData(), 256 * 1024)
+    m_in.reset(libarchive().archive_read_new());
+    libarchive().archive_read_support_format_zip(m_in.get());
+    libarchive().archive_read_set_passphrase_callback(m_in.get(), this, askPassword);
+    if (libarchive().archive_read_open_filename(m_in.get(), QFile::encodeName(archivePath).constData(), 256 * 1024)
         != ARCHIVE_OK)
         return QCoreApplication::translate("ResourcePackage", "It is not a zip archive or it is damaged.");
 
     Step step = Step::Next;
     while (step == Step::Next) {
         archive_entry *entry = nullptr;
-        const int status = archive_read_next_header(m_in.get(), &entry);
+        const int status = libarchive().archive_read_next_header(m_in.get(), &entry);
         if (status == ARCHIVE_EOF)
             break;
         if (status == ARCHIVE_FATAL) {
@@ -396,7 +395,7 @@ int Extraction::folderFor(const QStringList &parts, const QString &shownName)
 const ZipRecord *Extraction::currentRecord()
 {
     // libarchive reads the first local header at or after this position.
-    const la_int64_t position = archive_read_header_position(m_in.get());
+    const la_int64_t position = libarchive().archive_read_header_position(m_in.get());
     const auto found = m_records.lower_bound(quint64(std::max<la_int64_t>(position, 0)));
     if (found == m_records.end())
         return nullptr;
@@ -422,8 +421,8 @@ Extraction::Step Extraction::extractEntry(archive_entry *entry)
     if (parts->isEmpty())
         return Step::Next;
 
-    const mode_t type = archive_entry_filetype(entry);
-    if (archive_entry_hardlink(entry) || (type != AE_IFREG && type != AE_IFDIR)) {
+    const mode_t type = libarchive().archive_entry_filetype(entry);
+    if (libarchive().archive_entry_hardlink(entry) || (type != AE_IFREG && type != AE_IFDIR)) {
         note(QCoreApplication::translate("ResourcePackage", "The entry %1 is a link or a special file and was skipped.")
                  .arg(parts->join(u'/')));
         return Step::Next;
@@ -443,11 +442,11 @@ Extraction::Step Extraction::extractFile(archive_entry *entry, const QStringList
     // A name met twice is written each time, so the last entry wins.
     EntryOutput out(folder, QFile::encodeName(parts.last()), !m_pendingNames.contains(shownName));
     // libarchive 3.6 calls an empty LZMA entry damaged; an entry of no bytes has nothing to read.
-    const bool empty = archive_entry_size_is_set(entry) && archive_entry_size(entry) == 0;
+    const bool empty = libarchive().archive_entry_size_is_set(entry) && libarchive().archive_entry_size(entry) == 0;
     const bool deflate64 = record && record->method == deflate64Method;
     const Outcome outcome = empty       ? Outcome::Done
                             : deflate64 ? copyDeflate64(out, shownName, *record)
-                                        : copyData(out, shownName, archive_entry_is_encrypted(entry));
+                                        : copyData(out, shownName, libarchive().archive_entry_is_encrypted(entry));
     if (outcome == Outcome::Stopped)
         return Step::Stop;
     if (outcome == Outcome::Failed)
@@ -470,7 +469,7 @@ Extraction::Outcome Extraction::copyData(EntryOutput &out, const QString &name, 
         const void *block = nullptr;
         size_t size = 0;
         la_int64_t offset = 0;
-        const int status = archive_read_data_block(m_in.get(), &block, &size, &offset);
+        const int status = libarchive().archive_read_data_block(m_in.get(), &block, &size, &offset);
         if (status == ARCHIVE_EOF)
             return Outcome::Done;
         // A checksum mismatch is only a warning to libarchive; for a theme it is a broken file.

@@ -3,9 +3,7 @@
 
 #pragma once
 
-#include "common/result.h"
-
-#include <QString>
+#include "common/loadedlibrary.h"
 
 #include <SDL.h>
 #include <SDL_mixer.h>
@@ -25,9 +23,7 @@
  * not wait for.
  */
 struct MixerLibrary {
-#define STAKKO_MIXER_POINTER(name) decltype(&::name) name = nullptr;
-    STAKKO_MIXER_FUNCTIONS(STAKKO_MIXER_POINTER)
-#undef STAKKO_MIXER_POINTER
+    STAKKO_MIXER_FUNCTIONS(STAKKO_LIBRARY_POINTER)
 };
 
 /** The loaded library, or why it cannot be loaded; loaded (or tried) once per run. */
