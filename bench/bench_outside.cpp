@@ -116,21 +116,28 @@ private:
     pid_t m_pid = -1;
 };
 
-/** Processor time in nanoseconds and context switches of each thread of \a pid, by thread id. */
-QHash<int, std::pair<qint64, qint64>> threadCounts(pid_t pid)
+/** What a thread has taken so far: processor time, and context switches (how often it woke). */
+struct Taken {
+    qint64 cpuNs = 0;
+    qint64 wakes = 0;
+};
+using ThreadCounts = QHash<int, Taken>;
+
+/** What each thread of \a pid has taken so far, by thread id. */
+ThreadCounts threadCounts(pid_t pid)
 {
-    QHash<int, std::pair<qint64, qint64>> counts;
+    ThreadCounts counts;
     const QDir tasks(QStringLiteral("/proc/%1/task").arg(pid));
     for (const QString &task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         QFile stat(tasks.filePath(task) + QStringLiteral("/schedstat"));
         QFile status(tasks.filePath(task) + QStringLiteral("/status"));
         if (!stat.open(QIODevice::ReadOnly) || !status.open(QIODevice::ReadOnly))
             continue;
-        std::pair<qint64, qint64> &count = counts[task.toInt()];
-        count.first = stat.readAll().split(' ').value(0).toLongLong();
+        Taken &count = counts[task.toInt()];
+        count.cpuNs = stat.readAll().split(' ').value(0).toLongLong();
         for (const QByteArray &line : status.readAll().split('\n')) {
             if (line.startsWith("voluntary_ctxt_switches:") || line.startsWith("nonvoluntary_ctxt_switches:"))
-                count.second += line.split('\t').last().trimmed().toLongLong();
+                count.wakes += line.split('\t').last().trimmed().toLongLong();
         }
     }
     return counts;
@@ -140,8 +147,8 @@ QHash<int, std::pair<qint64, qint64>> threadCounts(pid_t pid)
 qint64 cpuNs(pid_t pid)
 {
     qint64 total = 0;
-    for (const std::pair<qint64, qint64> &count : threadCounts(pid))
-        total += count.first;
+    for (const Taken &count : threadCounts(pid))
+        total += count.cpuNs;
     return total;
 }
 
@@ -631,22 +638,25 @@ struct Seconds
     double meanShare() const { return std::accumulate(share.begin(), share.end(), 0.0) / double(share.size()); }
     double medianShare() const { return median(share); }
     double meanWakes() const { return std::accumulate(wakes.begin(), wakes.end(), 0.0) / double(wakes.size()); }
+    /** One more second: \a taken over \a wallNs nanoseconds. */
+    void append(const Taken &taken, double wallNs)
+    {
+        share.append(double(taken.cpuNs) / wallNs);
+        wakes.append(double(taken.wakes) / (wallNs / 1e9));
+    }
 };
 
-using ThreadCounts = QHash<int, std::pair<qint64, qint64>>;
-
 /**
- * Processor time and wake-ups the threads in \a now gained since \a before, thread by thread:
+ * \a sum and what the threads in \a now took since \a before, thread by thread:
  * a thread that ended takes only its last part of a second with it, instead of making the
  * difference of two sums negative.
  */
-std::pair<qint64, qint64> gained(const ThreadCounts &before, const ThreadCounts &now)
+Taken gained(const ThreadCounts &before, const ThreadCounts &now, Taken sum = {})
 {
-    std::pair<qint64, qint64> sum;
     for (auto it = now.begin(); it != now.end(); ++it) {
-        const std::pair<qint64, qint64> then = before.value(it.key());
-        sum.first += it->first - then.first;
-        sum.second += it->second - then.second;
+        const Taken then = before.value(it.key());
+        sum.cpuNs += it->cpuNs - then.cpuNs;
+        sum.wakes += it->wakes - then.wakes;
     }
     return sum;
 }
@@ -665,9 +675,7 @@ QList<Seconds> measureTogether(const QList<pid_t> &pids, int seconds)
         const double wall = double(now - then);
         for (qsizetype i = 0; i < pids.size(); ++i) {
             const ThreadCounts counts = threadCounts(pids.at(i));
-            const std::pair<qint64, qint64> taken = gained(last.at(i), counts);
-            measured[i].share.append(double(taken.first) / wall);
-            measured[i].wakes.append(double(taken.second) / (wall / 1e9));
+            measured[i].append(gained(last.at(i), counts), wall);
             last[i] = counts;
         }
         then = now;
@@ -700,14 +708,10 @@ QList<Seconds> measureInTurns(const QList<QList<pid_t>> &sides, int turns)
             const qint64 then = nowNs();
             sleepMs(1000);
             const double wall = double(nowNs() - then);
-            std::pair<qint64, qint64> taken;
-            for (qsizetype i = 0; i < before.size(); ++i) {
-                const std::pair<qint64, qint64> one = gained(before.at(i), threadCounts(sides.at(side).at(i)));
-                taken.first += one.first;
-                taken.second += one.second;
-            }
-            measured[side].share.append(double(taken.first) / wall);
-            measured[side].wakes.append(double(taken.second) / (wall / 1e9));
+            Taken taken;
+            for (qsizetype i = 0; i < before.size(); ++i)
+                taken = gained(before.at(i), threadCounts(sides.at(side).at(i)), taken);
+            measured[side].append(taken, wall);
         }
     }
     run(-1);

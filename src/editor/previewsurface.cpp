@@ -130,10 +130,12 @@ QImage zoomedPixels(const QImage &image, int zoom, const QRect &part, QImage int
     if (source.isEmpty() || zoom < 1)
         return {};
     QImage pixels = image;
-    if (image.depth() != 32) // stills only: frames reach here as 32-bit pixels
+    QPoint from = source.topLeft();
+    if (image.depth() != 32) { // stills only: frames reach here as 32-bit pixels
         pixels = image.copy(source).convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                                              : QImage::Format_RGB32);
-    const QPoint from = image.depth() != 32 ? QPoint(0, 0) : source.topLeft();
+        from = QPoint(0, 0);
+    }
     // Qt's own scaling costs six times this for the closer look's doubled frames.
     const QSize size = source.size() * zoom;
     if (into.size() != size || into.format() != pixels.format() || !into.isDetached())
