@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <vector>
 
 #if defined(__x86_64__) || defined(__i386__)
 #include <immintrin.h>
@@ -131,21 +132,31 @@ QImage zoomedPixels(const QImage &image, int zoom, const QRect &part, QImage int
         return {};
     QImage pixels = image;
     QPoint from = source.topLeft();
-    if (image.depth() != 32) { // stills only: frames reach here as 32-bit pixels
+    // Frames are converted row by row on the way, only the part in sight; stills in other
+    // depths are converted whole first.
+    const bool packed = image.format() == QImage::Format_RGB888;
+    if (image.depth() != 32 && !packed) {
         pixels = image.copy(source).convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                                              : QImage::Format_RGB32);
         from = QPoint(0, 0);
     }
     // Qt's own scaling costs six times this for the closer look's doubled frames.
     const QSize size = source.size() * zoom;
-    if (into.size() != size || into.format() != pixels.format() || !into.isDetached())
-        into = QImage(size, pixels.format());
+    const QImage::Format format = packed ? QImage::Format_RGB32 : pixels.format();
+    if (into.size() != size || into.format() != format || !into.isDetached())
+        into = QImage(size, format);
     const qsizetype rowBytes = qsizetype(size.width()) * 4;
+    std::vector<QRgb> converted(packed ? size_t(source.width()) : 0);
     uchar *out = into.bits();
     for (int y = 0; y < source.height(); ++y) {
+        const uchar *in = pixels.constScanLine(from.y() + y);
+        const QRgb *row = reinterpret_cast<const QRgb *>(in) + from.x();
+        if (packed) {
+            rgb888ToRgb32(in + 3 * from.x(), converted.data(), source.width());
+            row = converted.data();
+        }
         uchar *first = out + qsizetype(y) * zoom * into.bytesPerLine();
-        widenRow(reinterpret_cast<const QRgb *>(pixels.constScanLine(from.y() + y)) + from.x(),
-                 reinterpret_cast<QRgb *>(first), source.width(), zoom);
+        widenRow(row, reinterpret_cast<QRgb *>(first), source.width(), zoom);
         for (int copy = 1; copy < zoom; ++copy)
             std::memcpy(first + copy * into.bytesPerLine(), first, size_t(rowBytes));
     }

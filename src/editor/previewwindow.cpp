@@ -80,7 +80,7 @@ private:
 } // namespace
 
 PreviewWindow::PreviewWindow(FramePreviews &frames, AnimatedElementId element, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(windowPixels(frames.surfaceImage(element)))
+    : QWidget(parent, Qt::Window), m_frames(&frames), m_element(element), m_image(frames.surfaceImage(element))
 {
     // The picture comes first: the canvas takes its size from it when it is built.
     build(elementCaption(element));
@@ -95,7 +95,7 @@ PreviewWindow::PreviewWindow(FramePreviews &frames, AnimatedElementId element, Q
 }
 
 PreviewWindow::PreviewWindow(const QString &caption, const QImage &image, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_image(windowPixels(image))
+    : QWidget(parent, Qt::Window), m_image(image)
 {
     build(caption);
     for (QWidget *frameControl : {static_cast<QWidget *>(m_state), static_cast<QWidget *>(m_pause),
@@ -179,7 +179,7 @@ void PreviewWindow::fitToPicture()
 void PreviewWindow::setImage(const QImage &image)
 {
     const bool resized = image.size() != m_image.size();
-    m_image = windowPixels(image, std::move(m_image));
+    m_image = image; // converted as it is zoomed, only the part in sight
     if (resized)
         m_canvas->resize(m_canvas->sizeHint());
     m_canvas->update();
