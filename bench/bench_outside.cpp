@@ -341,27 +341,33 @@ public:
     QByteArray name() const { return m_name; }
     Display *display() const { return m_display; }
 
+    /** The process that put \a window up, as it says; 0 when it does not say. */
+    pid_t pidOf(Window window) const
+    {
+        const Atom pidAtom = XInternAtom(m_display, "_NET_WM_PID", True);
+        Atom type = 0;
+        int format = 0;
+        unsigned long items = 0, after = 0;
+        unsigned char *data = nullptr;
+        if (!pidAtom || XGetWindowProperty(m_display, window, pidAtom, 0, 1, False, XA_CARDINAL, &type, &format, &items,
+                                           &after, &data) != Success || !data)
+            return 0;
+        const pid_t pid = items == 1 ? pid_t(*reinterpret_cast<unsigned long *>(data)) : 0;
+        XFree(data);
+        return pid;
+    }
+
     /** Calls \a found with each viewable top-level window of process \a pid. */
     template<typename Found>
     void forEachWindow(pid_t pid, Found found) const
     {
         Window root = 0, parent = 0, *children = nullptr;
         unsigned count = 0;
-        const Atom pidAtom = XInternAtom(m_display, "_NET_WM_PID", True);
-        if (!pidAtom || !XQueryTree(m_display, DefaultRootWindow(m_display), &root, &parent, &children, &count))
+        if (!XQueryTree(m_display, DefaultRootWindow(m_display), &root, &parent, &children, &count))
             return;
         for (unsigned i = 0; i < count; ++i) {
-            Atom type = 0;
-            int format = 0;
-            unsigned long items = 0, after = 0;
-            unsigned char *data = nullptr;
-            if (XGetWindowProperty(m_display, children[i], pidAtom, 0, 1, False, XA_CARDINAL, &type, &format, &items,
-                                   &after, &data) != Success || !data)
-                continue;
-            const bool ours = items == 1 && pid_t(*reinterpret_cast<unsigned long *>(data)) == pid;
-            XFree(data);
             XWindowAttributes attributes;
-            if (ours && XGetWindowAttributes(m_display, children[i], &attributes)
+            if (pidOf(children[i]) == pid && XGetWindowAttributes(m_display, children[i], &attributes)
                 && attributes.map_state == IsViewable)
                 found(children[i], attributes);
         }
@@ -433,15 +439,25 @@ public:
 
     /**
      * Waits up to \a timeoutMs for a viewable window of \a pid whose middle is painted (the
-     * root is black); returns the moment it was seen, or -1.
+     * root is black); returns the moment it was seen, or -1. The window is learnt from the
+     * server's notices of windows mapped: asking for every window's owner every half
+     * millisecond kept the server answering while the program starting waited on it.
      */
     qint64 waitVisible(pid_t pid, int timeoutMs, Window *found = nullptr) const
     {
         const qint64 end = nowNs() + qint64(timeoutMs) * 1000000;
+        Window window = windowOf(pid); // one already up
         while (nowNs() < end) {
-            if (const Window window = windowOf(pid)) {
-                XWindowAttributes attributes;
-                XGetWindowAttributes(m_display, window, &attributes);
+            bool mapped = false;
+            while (XPending(m_display)) {
+                XEvent event;
+                XNextEvent(m_display, &event);
+                mapped = mapped || (event.type == MapNotify && pidOf(event.xmap.window) == pid);
+            }
+            if (mapped)
+                window = windowOf(pid);
+            XWindowAttributes attributes;
+            if (window && XGetWindowAttributes(m_display, window, &attributes)) {
                 const QPoint at = origin(window) + QPoint(attributes.width / 2, attributes.height / 2);
                 if (pixels(QRect(at, QSize(1, 1))).value(0) != 0) {
                     if (found)
@@ -473,7 +489,10 @@ private:
         // The number comes a moment before the server takes connections.
         for (int tries = 0; tries < 500 && !m_display; ++tries, usleep(10000))
             m_display = XOpenDisplay(m_name.constData());
-        return m_display && XTestQueryExtension(m_display, &m_unused, &m_unused, &m_unused, &m_unused);
+        if (!m_display || !XTestQueryExtension(m_display, &m_unused, &m_unused, &m_unused, &m_unused))
+            return false;
+        XSelectInput(m_display, DefaultRootWindow(m_display), SubstructureNotifyMask); // for waitVisible()
+        return true;
     }
 
     pid_t m_pid = -1;
@@ -551,6 +570,7 @@ struct Bench {
     // Milliseconds from starting \a command to its window on screen; -1 when it never showed.
     double startUpMs(const QStringList &command) const
     {
+        sleepMs(300); // the program before has gone, and the server has cleaned up after it
         const qint64 started = nowNs();
         Child child(command, env(), folder);
         const qint64 seen = server.waitVisible(child.pid(), 20000);
