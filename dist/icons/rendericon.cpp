@@ -4,13 +4,17 @@
 // render-icon SOURCE.svg SIZE OUTPUT: draws the icon SIZE pixels square, as PNG, or as the raw
 // RGBA rows the editor's window icon reads (OUTPUT ending in .rgba). Build-time only: the
 // programs themselves never read SVG.
+// render-icon --qt-picture RESOURCE OUTPUT: writes a picture of Qt's own resources as
+// rawPicture() reads it, so the editor draws Qt's picture without an image reader.
 
 #include "common/safefile.h"
+#include "editor/rawpicture.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QWidget>
 
 #include <cstdio>
 
@@ -24,8 +28,22 @@ int fail(const QString &why)
 
 } // namespace
 
+int writeQtPicture(const QString &resource, const QString &output)
+{
+    // The picture lies among Qt Widgets' resources, there once the library is loaded.
+    static_cast<void>(QWidget::staticMetaObject.className());
+    const QImage picture(resource);
+    if (picture.isNull())
+        return fail(resource + QStringLiteral(" is no picture"));
+    if (const Result<void> written = writeWholeFile(output, rawPictureBytes(picture)); !written)
+        return fail(QStringLiteral("could not write %1: %2").arg(output, written.errorText()));
+    return 0;
+}
+
 int main(int argc, char *argv[])
 {
+    if (argc == 4 && QByteArrayView(argv[1]) == "--qt-picture")
+        return writeQtPicture(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
     if (argc != 4)
         return fail(QStringLiteral("usage: render-icon SOURCE.svg SIZE OUTPUT.png|OUTPUT.rgba"));
     const QString source = QString::fromLocal8Bit(argv[1]);

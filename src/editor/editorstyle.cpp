@@ -3,14 +3,16 @@
 
 #include "editor/editorstyle.h"
 
+#include "editor/rawpicture.h"
+
 #include <QApplication>
 #include <QGroupBox>
 #include <qdrawutil.h>
 #include <QIconEngine>
-#include <QImageReader>
 #include <QPainter>
 #include <QPointer>
 #include <QProxyStyle>
+#include <QResource>
 #include <QStyleFactory>
 #include <QStyleOption>
 
@@ -83,13 +85,13 @@ public:
     {
         if (element != PE_FrameGroupBox || !m_fusion)
             return QProxyStyle::drawPrimitive(element, option, painter, widget);
-        // Fusion's own frame, from the same picture. Fusion loads it by file name, and Qt then
-        // loads every image plugin to ask whether it reads PNG before its own reader does: on
-        // the window's first paint, that was a tenth of the start-up.
+        // Fusion's own frame, from the same picture, taken from Qt when the editor was built.
+        // Fusion loads it by file name, and Qt then loads every image plugin to ask whether it
+        // reads PNG before its own reader does: on the window's first paint, that was a tenth
+        // of the start-up; reading it as PNG at all still had Qt look through the plugins.
         if (m_groupBoxFrame.isNull()) {
-            QImageReader reader(QStringLiteral(":/qt-project.org/styles/commonstyle/images/fusion_groupbox.png"), "png");
-            reader.setAutoDetectImageFormat(false);
-            m_groupBoxFrame = QPixmap::fromImage(reader.read());
+            const QResource stored(QStringLiteral(":/icons/fusion-groupbox.raw"));
+            m_groupBoxFrame = QPixmap::fromImage(rawPicture(stored.uncompressedData()));
         }
         if (m_groupBoxFrame.isNull())
             return QProxyStyle::drawPrimitive(element, option, painter, widget);

@@ -11,6 +11,7 @@
 #include "editor/aboutwindow.h"
 #include "editor/controlnames.h"
 #include "editor/editorstyle.h"
+#include "editor/rawpicture.h"
 #include "editor/mainwindow.h"
 #include "editor/mnemonics.h"
 #include "editor/previewsurface.h"
@@ -186,6 +187,41 @@ private slots:
         const QImage actual = drawn();
         QApplication::setStyle(QStyleFactory::create(name));
         QCOMPARE(actual, expected);
+    }
+
+    static QImage translucentPicture()
+    {
+        QImage picture(5, 3, QImage::Format_ARGB32);
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                picture.setPixel(x, y, qRgba(x * 50, y * 80, 200, x * 60));
+        }
+        return picture;
+    }
+
+    // What the build writes, the editor reads back as it was; anything else is no picture.
+    void rawPicturesReadBackOnlyWhole_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("whole");
+        const QByteArray written = rawPictureBytes(translucentPicture());
+        QByteArray huge = written;
+        huge[2] = 1; // a width beyond what the bytes hold
+        QTest::newRow("as written") << written << true;
+        QTest::newRow("one byte short") << written.chopped(1) << false;
+        QTest::newRow("one byte over") << written + '\0' << false;
+        QTest::newRow("header claims more") << huge << false;
+        QTest::newRow("header only") << written.left(8) << false;
+        QTest::newRow("empty") << QByteArray() << false;
+    }
+    void rawPicturesReadBackOnlyWhole()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, whole);
+        const QImage read = rawPicture(bytes);
+        QCOMPARE(read.isNull(), !whole);
+        if (whole)
+            QCOMPARE(read, translucentPicture().convertToFormat(QImage::Format_ARGB32_Premultiplied));
     }
 
     void everyFieldHasItsControl()
