@@ -9,6 +9,7 @@
 
 #include "benchstats.h"
 #include "previewframes.h"
+#include "preview/framestrip.h"
 #include "theme/themefilewriter.h"
 #include "editing/filecommands.h"
 #include "editor/artimportdialog.h"
@@ -41,7 +42,6 @@
 
 #include <fcntl.h>
 #include <sched.h>
-#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -644,8 +644,8 @@ struct Bench {
 
     /**
      * The serial decode's wall time in milliseconds; \a cpuMs gets its processor time. Into a
-     * strip: each frame's rows placed in a strip-sized picture given large pages, as the editor
-     * holds the frames; otherwise into one reused picture, the decoding alone.
+     * strip: each frame's rows placed in a strip allocated as the editor allocates its own;
+     * otherwise into one reused picture, the decoding alone.
      */
     double serialDecodeMs(bool intoStrip, double *cpuMs = nullptr) const
     {
@@ -662,14 +662,8 @@ struct Bench {
             QImageReader(QStringLiteral("%1/bg%2.bmp").arg(folder).arg(n)).read(&image);
             if (!intoStrip)
                 continue;
-            if (strip.isNull()) {
-                strip = QImage(image.width(), image.height() * stripFrames, QImage::Format_RGB888);
-                constexpr quintptr hugePage = 2 * 1024 * 1024;
-                const quintptr begin = (quintptr(strip.bits()) + hugePage - 1) & ~(hugePage - 1);
-                const quintptr end = (quintptr(strip.bits()) + quintptr(strip.sizeInBytes())) & ~(hugePage - 1);
-                if (end > begin)
-                    madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE);
-            }
+            if (strip.isNull())
+                strip = FrameStrip::allocate(animatedElements[AnimatedElementId::Background], stripFrames);
             QImage slot(strip.scanLine((n - 1) * image.height()), image.width(), image.height(),
                         strip.bytesPerLine(), strip.format());
             QPainter(&slot).drawImage(0, 0, image);
