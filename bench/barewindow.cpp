@@ -3,7 +3,7 @@
 
 // The bare Qt programs the from-outside benchmark sets beside the editor, linked to Qt Widgets
 // alone and doing the editor's job the plainest way:
-//   bare-window label                        a window with one label, then waits
+//   bare-window label [WIDTH HEIGHT]         a window with one label, then waits
 //   bare-window play FOLDER COUNT PERIOD     decodes FOLDER/bg1.bmp ... bgCOUNT.bmp, then paints
 //                                            them one after the other from a QTimer of PERIOD ms
 
@@ -63,7 +63,7 @@ int main(int argc, char *argv[])
         return app.exec();
     }
     QWidget window;
-    window.resize(500, 430);
+    window.resize(args.size() == 3 ? QSize(args[1].toInt(), args[2].toInt()) : QSize(500, 430));
     window.move(800, 0);
     new QLabel(QStringLiteral("Stakko Theme Maker"), &window);
     window.show();
