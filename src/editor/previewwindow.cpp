@@ -29,7 +29,12 @@ constexpr int checkerSquare = 8;
 class Canvas : public QWidget
 {
 public:
-    Canvas(const QImage &image, const int &zoom, QWidget *parent) : QWidget(parent), m_image(image), m_zoom(zoom) {}
+    Canvas(const QImage &image, const int &zoom, QWidget *parent) : QWidget(parent), m_image(image), m_zoom(zoom)
+    {
+        // render() covers every pixel of the canvas; the scroll area's background under it
+        // would be filled again on every frame for nothing.
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
 
     int factor() const
     {
