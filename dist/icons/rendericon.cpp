@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // render-icon SOURCE.svg SIZE OUTPUT: draws the icon SIZE pixels square, as PNG, or as the raw
-// RGBA rows the editor's window icon reads (OUTPUT ending in .rgba). Build-time only: the
+// picture the editor's window icon reads (OUTPUT ending in .raw). Build-time only: the
 // programs themselves never read SVG.
 // render-icon --qt-picture RESOURCE OUTPUT: writes a picture of Qt's own resources as
 // rawPicture() reads it, so the editor draws Qt's picture without an image reader.
@@ -45,7 +45,7 @@ int main(int argc, char *argv[])
     if (argc == 4 && QByteArrayView(argv[1]) == "--qt-picture")
         return writeQtPicture(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
     if (argc != 4)
-        return fail(QStringLiteral("usage: render-icon SOURCE.svg SIZE OUTPUT.png|OUTPUT.rgba"));
+        return fail(QStringLiteral("usage: render-icon SOURCE.svg SIZE OUTPUT.png|OUTPUT.raw"));
     const QString source = QString::fromLocal8Bit(argv[1]);
     const int size = QByteArray(argv[2]).toInt();
     const QString output = QString::fromLocal8Bit(argv[3]);
@@ -64,11 +64,8 @@ int main(int argc, char *argv[])
     painter.end();
 
     QByteArray bytes;
-    if (output.endsWith(QLatin1String(".rgba"))) {
-        // Rows of straight RGBA, no padding: a side of any size is a multiple of 4 bytes.
-        const QImage rows = image.convertToFormat(QImage::Format_RGBA8888);
-        for (int y = 0; y < size; ++y)
-            bytes.append(reinterpret_cast<const char *>(rows.constScanLine(y)), qsizetype(size) * 4);
+    if (output.endsWith(QLatin1String(".raw"))) {
+        bytes = rawPictureBytes(image);
     } else {
         QBuffer buffer(&bytes);
         if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG"))

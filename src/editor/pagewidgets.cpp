@@ -7,6 +7,7 @@
 #include "editor/controlnames.h"
 #include "preview/elementpreview.h"
 #include "editor/previewsurface.h"
+#include "editor/rawpicture.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -26,7 +27,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <cmath>
 #include <utility>
 
 namespace PageWidgets {
@@ -48,16 +48,10 @@ QIcon editorIcon(const char *name)
     QIcon &icon = made[QByteArray(name)];
     if (!icon.isNull())
         return icon;
-    for (const char *suffix : {".rgba", "@2x.rgba"}) {
-        const QResource resource(QStringLiteral(":/icons/") + QLatin1StringView(name) + QLatin1StringView(suffix));
-        const QByteArray pixels = resource.uncompressedData();
-        const int side = int(std::sqrt(double(pixels.size() / 4)));
-        if (side == 0 || qsizetype(side) * side * 4 != pixels.size())
-            continue;
-        const QImage stored(reinterpret_cast<const uchar *>(pixels.constData()), side, side, side * 4,
-                            QImage::Format_RGBA8888);
-        // The conversion copies, so the pixmap does not point into the buffer that goes away here.
-        icon.addPixmap(QPixmap::fromImage(stored.convertToFormat(QImage::Format_ARGB32_Premultiplied)));
+    for (const char *suffix : {".raw", "@2x.raw"}) {
+        const QImage stored = rawPicture(QResource(QStringLiteral(":/icons/") + QLatin1StringView(name) + QLatin1StringView(suffix)).uncompressedData());
+        if (!stored.isNull())
+            icon.addPixmap(QPixmap::fromImage(stored));
     }
     Q_ASSERT_X(!icon.isNull(), "editorIcon", name);
     return icon;

@@ -841,6 +841,8 @@ private slots:
         for (int i = 0; i < tabs->count(); ++i) {
             tabCaptions << tabs->tabText(i);
             QVERIFY(!barLetters.contains(Mnemonics::letterOf(tabs->tabText(i))));
+            // Both of the tab's pictures were read from the stored pixels.
+            QCOMPARE(tabs->tabIcon(i).availableSizes(), QList<QSize>({QSize(16, 16), QSize(32, 32)}));
         }
         unique(QStringLiteral("tabs"), tabCaptions);
 

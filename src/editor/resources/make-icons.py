@@ -4,13 +4,15 @@
 """Draws the editor's small icons (16 px plus an @2x variant). The application icon is drawn
 once in dist/icons/app.svg and rendered at build time.
 
-They are stored as raw RGBA pixels, row by row, square: the editor wraps them in images without
-decoding anything, which keeps image readers (and their plugin scan) out of start-up.
+They are stored as the editor's raw pictures (rawpicture.h: width and height, then rows of
+premultiplied RGBA): the editor wraps them in images without decoding anything, which keeps
+image readers (and their plugin scan) out of start-up.
 
 Standard library only, so anyone can regenerate them: python3 make-icons.py
 Shapes are given on a 16 x 16 grid and rendered with 4 x 4 supersampling.
 """
 import os
+import struct
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 OUT = os.path.join(HERE, "icons")
@@ -80,8 +82,8 @@ class Canvas:
         self.rect(x, y, x + s - e, y + s - e, light)
         self.rect(x + e, y + e, x + s - e, y + s - e, color)
 
-    def rgba(self):
-        out = bytearray()
+    def raw(self):
+        out = bytearray(struct.pack("<II", self.size, self.size))
         for y in range(self.size):
             for x in range(self.size):
                 acc = [0, 0, 0, 0]
@@ -95,7 +97,9 @@ class Canvas:
                         acc[3] += a
                 alpha = acc[3]
                 if alpha:
-                    out += bytes((acc[0] // alpha, acc[1] // alpha, acc[2] // alpha, alpha // (SS * SS)))
+                    a = alpha // (SS * SS)
+                    # Straight first, then premultiplied with rounding as Qt does.
+                    out += bytes([(c // alpha * a + 127) // 255 for c in acc[:3]] + [a])
                 else:
                     out += b"\0\0\0\0"
         return bytes(out)
@@ -198,8 +202,8 @@ def main():
             canvas = Canvas(size)
             draw(canvas)
             suffix = "" if n == 0 else "@2x"
-            with open(os.path.join(OUT, name + suffix + ".rgba"), "wb") as f:
-                f.write(canvas.rgba())
+            with open(os.path.join(OUT, name + suffix + ".raw"), "wb") as f:
+                f.write(canvas.raw())
 
 
 if __name__ == "__main__":
