@@ -840,7 +840,7 @@ int main(int argc, char **argv)
 
     // Start-up, round by round so that a busy moment falls on both. The label window takes the
     // editor's size, learnt in the first round: the server's pixels are the same job for both.
-    constexpr int startRounds = 7;
+    constexpr int startRounds = 15;
     QList<double> editorStart, bareStart;
     for (int round = 0; wanted("start") && round <= startRounds; ++round) {
         QSize editorSize;
