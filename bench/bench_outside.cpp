@@ -396,13 +396,14 @@ public:
         return count;
     }
 
-    /** Where (0, 0) of \a window lies on the screen. */
+    /** The size of \a window; invalid when the server does not know it. */
     QSize size(Window window) const
     {
         XWindowAttributes attributes;
         return XGetWindowAttributes(m_display, window, &attributes) ? QSize(attributes.width, attributes.height) : QSize();
     }
 
+    /** Where (0, 0) of \a window lies on the screen. */
     QPoint origin(Window window) const
     {
         int x = 0, y = 0;

@@ -49,7 +49,8 @@ QIcon editorIcon(const char *name)
     if (!icon.isNull())
         return icon;
     for (const char *suffix : {".raw", "@2x.raw"}) {
-        const QImage stored = rawPicture(QResource(QStringLiteral(":/icons/") + QLatin1StringView(name) + QLatin1StringView(suffix)).uncompressedData());
+        const QResource resource(QStringLiteral(":/icons/") + QLatin1StringView(name) + QLatin1StringView(suffix));
+        const QImage stored = rawPicture(resource.uncompressedData());
         if (!stored.isNull())
             icon.addPixmap(QPixmap::fromImage(stored));
     }
